@@ -1,0 +1,15 @@
+# Warnings, sanitizers and the compiler cache, the same for every target of the house.
+
+find_program(SEIKAHYOU_CCACHE ccache)
+if(SEIKAHYOU_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${SEIKAHYOU_CCACHE})
+endif()
+
+add_library(house_compiler INTERFACE)
+target_compile_options(house_compiler INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(SEIKAHYOU_SANITIZE)
+  target_compile_options(house_compiler INTERFACE
+    -fsanitize=${SEIKAHYOU_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(house_compiler INTERFACE -fsanitize=${SEIKAHYOU_SANITIZE})
+endif()

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace db {
+
+/// One field of a record as the database holds it: Null, a number or a text (UTF-8).
+///
+/// Columns may be declared as numbers or as texts in a job database; whoever reads a value asks for its text and
+/// need not know which of the two it was.
+class Value {
+ public:
+  /// Null.
+  Value() = default;
+  Value(double number) : content_(number) {}
+  Value(std::string text) : content_(std::move(text)) {}
+  Value(std::string_view text) : content_(std::string(text)) {}
+  Value(const char* text) : content_(std::string(text)) {}
+
+  bool isNull() const { return content_.index() == 0; }
+  bool isNumber() const { return content_.index() == 1; }
+  bool isText() const { return content_.index() == 2; }
+
+  /// The number, or the number that the text begins with (0 where there is none); Null is 0.
+  double number() const;
+
+  /// The text as stored, untrimmed; a number in its shortest form of at most 15 digits; Null is "".
+  std::string text() const;
+
+  bool operator==(const Value& other) const = default;
+
+ private:
+  std::variant<std::monostate, double, std::string> content_;
+};
+
+/// "" for Null and for a value that is blank after trimming, else the trimmed text.
+std::string FcNullToBlank(const Value& value);
+
+/// "0" for Null and for a value that is blank after trimming, else the trimmed text.
+std::string FcNullToZeroText(const Value& value);
+
+/// Null for Null and for a value that is blank after trimming, else the value unchanged.
+Value FcBlankToNull(const Value& value);
+
+}  // namespace db

@@ -1,0 +1,50 @@
+#include "ui/screen.h"
+
+#include <utility>
+
+#include "ui/error_trap.h"
+
+namespace ui {
+
+Screen::Screen(std::string name, std::string caption, Desktop& desktop, float width, float height)
+    : name_(std::move(name)),
+      caption_(std::move(caption)),
+      desktop_(desktop),
+      width_(width),
+      height_(height) {}
+
+Control* Screen::find(std::string_view name) const {
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? nullptr : found->second;
+}
+
+void Screen::resize(float width, float height) {
+  width_ = width;
+  height_ = height;
+  Form_Resize();
+}
+
+void Screen::load() {
+  loaded_ = true;
+  Form_Load();
+  Form_Resize();
+}
+
+void Screen::unload() {
+  if (!std::exchange(loaded_, false)) return;
+  Form_Unload();
+  if (unloaded_) unloaded_(*this);
+}
+
+void Screen::on(Event& event, std::string procedure, Event::Handler handler) {
+  event.handle([this, procedure = std::move(procedure), handler = std::move(handler)] {
+    trapped(&desktop_, procedure, handler);
+  });
+}
+
+void Screen::add(Control& control) {
+  controls_.push_back(&control);
+  byName_.emplace(control.name(), &control);
+}
+
+}  // namespace ui

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/control.h"
+#include "ui/desktop.h"
+
+namespace ui {
+
+/// A screen: its caption, its controls by name, and its life from load to unload.
+///
+/// A screen derives from it with its controls as members (each registers itself) and its event handlers as
+/// member functions of a few lines. Sizes are in twips.
+class Screen {
+ public:
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+  virtual ~Screen() = default;
+
+  /// The screen's own name, such as "fSHsei".
+  const std::string& name() const { return name_; }
+  const std::string& caption() const { return caption_; }
+  Desktop& desktop() const { return desktop_; }
+
+  /// The controls in the order in which they were declared.
+  const std::vector<Control*>& controls() const { return controls_; }
+  /// The control of that name, or null.
+  Control* find(std::string_view name) const;
+
+  /// The client size.
+  float width() const { return width_; }
+  float height() const { return height_; }
+  /// The operator gives the window another client size.
+  void resize(float width, float height);
+
+  /// Makes the screen ready to be seen: Form_Load, then the layout.
+  void load();
+  /// Ends the screen, from its own menu or the close box: Form_Unload, then whoever opened it is told. Once
+  /// only.
+  void unload();
+  bool loaded() const { return loaded_; }
+
+  /// Told when the screen has been unloaded.
+  void whenUnloaded(std::function<void(Screen&)> notice) { unloaded_ = std::move(notice); }
+
+ protected:
+  /// `width` × `height`: the client size the screen was designed for, which it also opens with.
+  Screen(std::string name, std::string caption, Desktop& desktop, float width, float height);
+
+  virtual void Form_Load() {}
+  virtual void Form_Resize() {}
+  virtual void Form_Unload() {}
+
+  /// Ties a handler to an event under the error trap: an error is reported under `procedure`, the control and
+  /// the event
+  /// ("CmdDataOpen_Click").
+  void on(Event& event, std::string procedure, Event::Handler handler);
+
+ private:
+  friend class Control;
+  void add(Control& control);
+
+  std::string name_;
+  std::string caption_;
+  Desktop& desktop_;
+  float width_;
+  float height_;
+  bool loaded_ = false;
+  std::vector<Control*> controls_;
+  std::map<std::string, Control*, std::less<>> byName_;
+  std::function<void(Screen&)> unloaded_;
+};
+
+}  // namespace ui
