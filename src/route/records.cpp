@@ -1,0 +1,49 @@
+#include "route/records.h"
+
+#include "route/selection.h"
+#include "text/number.h"
+#include "text/padding.h"
+
+namespace route {
+
+void replaceRecords(std::string_view dbPath, std::string_view sql,
+                    const std::function<void(db::Recordset&)>& write) {
+  const auto database = db::openDatabase(dbPath);
+  const auto records = database->openRecordset(sql, db::Access::Edit);
+  for (; !records->eof(); records->moveNext()) records->remove();
+  write(*records);
+  records->close();
+  database->close();
+}
+
+db::Value cellValue(const ui::Grid& grid, int row, int col) {
+  const std::string& text = grid.text(row, col);
+  return text::trimmed(text).empty() ? db::Value() : db::Value(text);
+}
+
+void reportSaved(ui::Desktop& desktop) { desktop.message({{}, "保存しました", ui::Icon::None}); }
+
+void forEachBenchMark(const ui::Grid& grid, int flagCol, const std::function<void(int, int)>& visit) {
+  int row = 1;
+  while (row < grid.rows()) {
+    const bool ends = grid.text(row, flagCol) == routeEnd;
+    const bool hasSection = !ends && row + 1 < grid.rows();
+    if (!text::trimmed(grid.text(row, 0)).empty()) visit(row, hasSection ? row + 1 : 0);
+    row += ends ? 1 : 2;
+  }
+}
+
+bool PairMean::add(double height) {
+  sum_ += height;
+  if (++count_ < 2) return false;
+  mean_ = text::Int(sum_ / 2 * units_ + 0.5) / units_;
+  restart();
+  return true;
+}
+
+void PairMean::restart() {
+  sum_ = 0;
+  count_ = 0;
+}
+
+}  // namespace route

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "db/database.h"
+#include "ui/desktop.h"
+#include "ui/grid.h"
+
+namespace route {
+
+/// Replaces the records that `sql` ("SELECT * FROM table WHERE …") selects: deletes them one after another,
+/// then lets `write` add the new ones, and returns when they are safe on disk. Raises db::Error; what was
+/// deleted and written before an error stays so.
+void replaceRecords(std::string_view dbPath, std::string_view sql,
+                    const std::function<void(db::Recordset&)>& write);
+
+/// A cell as it goes into a record: Null where it is blank.
+db::Value cellValue(const ui::Grid& grid, int row, int col);
+
+/// Tells the operator that a save is safe on disk.
+void reportSaved(ui::Desktop& desktop);
+
+/// Walks the bench marks of a grid that has one row for each, with the row of the section to the next one
+/// below it. The bench mark at a route end (column `flagCol` reads "-1") has no section row. `visit` gets the
+/// bench-mark row and the section row, 0 where there is none. Bench marks without a number in column 0 are
+/// passed over.
+void forEachBenchMark(const ui::Grid& grid, int flagCol,
+                      const std::function<void(int row, int sectionRow)>& visit);
+
+/// Means of bench marks that are observed twice: the heights come in pairs, and the second of each pair gives
+/// the mean.
+class PairMean {
+ public:
+  /// `unitsPerMetre`: the mean is rounded to this many units in a metre, halves upwards: 10000 for 0.1 mm.
+  explicit PairMean(double unitsPerMetre) : units_(unitsPerMetre) {}
+
+  /// Takes a height (m). Returns true where it was the second of a pair; then mean() is that pair's.
+  bool add(double height);
+  /// The mean of the last pair, rounded (m).
+  double mean() const { return mean_; }
+  /// Forgets a pair half taken; a pair never reaches over a route end.
+  void restart();
+
+ private:
+  double units_;
+  double sum_ = 0;
+  int count_ = 0;
+  double mean_ = 0;
+};
+
+}  // namespace route

@@ -1,0 +1,22 @@
+#include "shell/calculations.h"
+
+#include "seihyou/screen.h"
+
+namespace shell {
+namespace {
+
+template <class Screen>
+ScreenMaker maker() {
+  return [](const job::JobContext& context, ui::Desktop& desktop) -> std::unique_ptr<ui::Screen> {
+    return std::make_unique<Screen>(context, desktop);
+  };
+}
+
+}  // namespace
+
+const std::array<ScreenMaker, 5>& calculations() {
+  static const std::array<ScreenMaker, 5> makers = {maker<seihyou::fSHsei>(), {}, {}, {}, {}};
+  return makers;
+}
+
+}  // namespace shell
