@@ -1,0 +1,17 @@
+# The Debian 12 packages that the house needs, by what they are needed for. Read by packaging/debian/setup.sh.
+# shellcheck shell=bash disable=SC2034
+
+# Compiling everything but the windows.
+packages_build=(cmake ninja-build g++ libsqlite3-dev)
+
+# Compiling and showing the windows, with Japanese letters in them.
+packages_window=(qt6-base-dev libgl-dev libopengl-dev libegl1 fontconfig fonts-ipafont-gothic)
+
+# Showing the windows on a Wayland desktop that offers no X.
+packages_wayland=(qt6-wayland)
+
+# Building and running the tests.
+packages_test=(libgtest-dev)
+
+# The sanitizer, fuzz and format runs.
+packages_ci=(clang libclang-rt-14-dev clang-format)
