@@ -21,6 +21,10 @@ db::Value cellValue(const ui::Grid& grid, int row, int col) {
   return text::trimmed(text).empty() ? db::Value() : db::Value(text);
 }
 
+std::string formatted(const db::Value& value, const text::Pattern& pattern) {
+  return value.isNumber() ? pattern.format(value.number()) : pattern.formatText(value.text());
+}
+
 void reportSaved(ui::Desktop& desktop) { desktop.message({{}, "保存しました", ui::Icon::None}); }
 
 void forEachBenchMark(const ui::Grid& grid, int flagCol, const std::function<void(int, int)>& visit) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "db/database.h"
+#include "text/pattern.h"
 #include "ui/desktop.h"
 #include "ui/grid.h"
 
@@ -18,6 +19,9 @@ void replaceRecords(std::string_view dbPath, std::string_view sql,
 
 /// A cell as it goes into a record: Null where it is blank.
 db::Value cellValue(const ui::Grid& grid, int row, int col);
+
+/// A field as a cell shows it in a number pattern; a blank field stays blank.
+std::string formatted(const db::Value& value, const text::Pattern& pattern);
 
 /// Tells the operator that a save is safe on disk.
 void reportSaved(ui::Desktop& desktop);

@@ -1,0 +1,277 @@
+#include "seihyou/data.h"
+
+#include <optional>
+#include <string>
+
+#include "db/database.h"
+#include "route/records.h"
+#include "seihyou/columns.h"
+#include "text/number.h"
+#include "ui/error_trap.h"
+#include "ui/grid_helpers.h"
+
+namespace seihyou {
+namespace {
+
+constexpr double tenthsOfMillimetre = 10000;  // means are rounded to 0.1 mm in every grade
+
+/// " WHERE JobId ='…' AND 事業番号 ='…'" and the route, for a table whose columns carry `prefix`.
+std::string routeKeys(const job::JobContext& context, const route::Selection& selection,
+                      const std::string& prefix) {
+  return " WHERE " + prefix + "JobId ='" + context.gJobId + "'" + " AND " + prefix + "事業番号 ='" +
+         selection.jigyoBango + "'" + route::routeCondition(selection, prefix);
+}
+
+std::string observationsSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + routeKeys(context, selection, {}) +
+         route::loadCategoryCondition(selection.dataKubun) + " ORDER BY SaveOrder";
+}
+
+/// The saved end of the route listed before, where it is this bench mark.
+std::string savedEndSql(const job::JobContext& context, const route::Selection& selection,
+                        const std::string& benchMark) {
+  return "SELECT 標高 FROM " + context.tables.gTblKansokuSeikaDataSeihyou + " WHERE 水準点番号 = '" +
+         benchMark + "'" + " AND RosenEndDataFlg = '-1'" + " AND 事業番号 = '" + selection.jigyoBango + "'" +
+         " AND 路線番号 = '" + selection.previousRosen + "'" + " AND DataKubun ='" + selection.dataKubun +
+         "'" + " AND JobId = '" + context.gJobId + "'";
+}
+
+/// Saved results beside the observed heights of today.
+std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
+  const std::string& saved = context.tables.gTblKansokuSeikaDataSeihyou;
+  const std::string& observed = context.tables.gTblKansokuSeikaData;
+  const auto same = [&](const std::string& ours, const std::string& theirs) {
+    return " (" + observed + "." + ours + " = " + saved + "." + theirs + ")";
+  };
+  return " SELECT " + saved + ".*," + observed + ".標高 AS 観測標高" + " FROM " + saved + " LEFT JOIN " +
+         observed + " ON" + same("JobId", "JobId") + " AND " + same("DataKubun", "DataKubun") + " AND " +
+         same("SaveOrder", "SaveOrder") + " AND " + same("事業番号", "事業番号") + " AND" +
+         same("路線番号", "路線番号") + " AND" + same("標石番号", "水準点番号") +
+         routeKeys(context, selection, saved + ".") +
+         route::loadCategoryCondition(selection.dataKubun, saved + ".") + " ORDER BY " + saved + ".SaveOrder";
+}
+
+/// Lays observation records into the grid, one after another.
+class ObservedRoute {
+ public:
+  ObservedRoute(const route::Selection& selection, const job::JobContext& context, db::Database& database,
+                db::Recordset& records, ui::Grid& grid)
+      : selection_(selection),
+        context_(context),
+        database_(database),
+        records_(records),
+        grid_(grid),
+        pattern_(context.grade().heights()) {}
+
+  /// Adds the present record. Returns false where the grid could not take it (already reported).
+  bool add() {
+    const std::string flag = text(flag_);
+    if (atStart_) startRoute();
+    if (!benchMarkRow(flag)) return false;
+    const db::Value meanDifference = records_.value(meanDifference_);
+    if (flag != route::routeEnd && !sectionRow(flag, meanDifference)) return false;
+    running_ += meanDifference.number();
+    atStart_ = flag == route::routeEnd;
+    return true;
+  }
+
+ private:
+  std::string text(db::Column column) const { return db::FcNullToBlank(records_.value(column)); }
+
+  void startRoute() {
+    start_ = records_.value(height_);
+    if (!selection_.previousRosen.empty()) {
+      const auto ends = database_.openRecordset(savedEndSql(context_, selection_, text(benchMark_)));
+      if (!ends->eof() && !ends->field("標高").isNull()) start_ = ends->field("標高");
+      ends->close();
+    }
+    running_ = start_.number();
+    repeated_.restart();
+    pendingMean_.reset();
+  }
+
+  bool benchMarkRow(const std::string& flag) {
+    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
+    grid_.setText(row_, colBenchMark, text(benchMark_));
+    grid_.setText(row_, colHeight, route::formatted(records_.value(height_), pattern_));
+    grid_.setText(row_, colResult, shownHeight());
+    grid_.setText(row_, colFlag, flag);
+    grid_.setText(row_, colRoute, records_.value(route_).text());
+    if (flag == route::repeatedPoint && repeated_.add(running_)) pendingMean_ = repeated_.mean();
+    return true;
+  }
+
+  /// The running height; at a route's start the start height, blank where there is none; behind a pair their
+  /// mean.
+  std::string shownHeight() {
+    if (atStart_) return route::formatted(start_, pattern_);
+    const double shown = pendingMean_.value_or(running_);
+    pendingMean_.reset();
+    return pattern_.format(shown);
+  }
+
+  bool sectionRow(const std::string& flag, const db::Value& meanDifference) {
+    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
+    if (flag != route::repeatedPoint)
+      grid_.setText(row_, colHeight, route::formatted(meanDifference, pattern_));
+    return true;
+  }
+
+  const route::Selection& selection_;
+  const job::JobContext& context_;
+  db::Database& database_;
+  db::Recordset& records_;
+  ui::Grid& grid_;
+  const text::Pattern& pattern_;
+  const db::Column benchMark_ = records_.column("標石番号");
+  const db::Column height_ = records_.column("標高");
+  const db::Column meanDifference_ = records_.column("中数");
+  const db::Column flag_ = records_.column("RosenEndDataFlg");
+  const db::Column route_ = records_.column("路線番号");
+  int row_ = 0;
+  bool atStart_ = true;
+  db::Value start_;
+  double running_ = 0;  // m
+  route::PairMean repeated_{tenthsOfMillimetre};
+  std::optional<double> pendingMean_;  // of a pair just completed, m
+};
+
+/// Lays saved records into the grid, one after another.
+class SavedRoute {
+ public:
+  SavedRoute(const job::JobContext& context, db::Recordset& records, ui::Grid& grid)
+      : records_(records), grid_(grid), grade_(context.grade()), pattern_(grade_.heights()) {}
+
+  /// Adds the present record. Returns false where the grid could not take it (already reported).
+  bool add() {
+    const std::string flag = text(flag_);
+    if (!benchMarkRow(flag)) return false;
+    if (flag == route::routeEnd) {
+      difference_ = 0;
+      return true;
+    }
+    return sectionRow();
+  }
+
+ private:
+  std::string text(db::Column column) const { return db::FcNullToBlank(records_.value(column)); }
+
+  bool benchMarkRow(const std::string& flag) {
+    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
+    const db::Value observed = records_.value(observedHeight_);
+    grid_.setText(row_, colBenchMark, text(benchMark_));
+    grid_.setText(row_, colHeight,
+                  route::formatted(observed.isNull() ? records_.value(savedHeight_) : observed, pattern_));
+    grid_.setText(row_, colResult, resultText(flag));
+    grid_.setText(row_, colRemark, text(remark1_));
+    grid_.setText(row_, colFlag, flag);
+    grid_.setText(row_, colRoute, records_.value(route_).text());
+    height_ = text::readNumber(grid_.text(row_, colResult));
+    return true;
+  }
+
+  /// A route end has no saved result: its height follows from the bench mark before it.
+  std::string resultText(const std::string& flag) const {
+    if (flag != route::routeEnd) return route::formatted(records_.value(result_), pattern_);
+    return row_ == 1 ? std::string() : pattern_.format(height_ + difference_);
+  }
+
+  bool sectionRow() {
+    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
+    const db::Value meanDifference = records_.value(meanDifference_);
+    const std::string correction = text(correction_);
+    grid_.setText(row_, colHeight, route::formatted(meanDifference, pattern_));
+    grid_.setText(row_, colCorrection, correction);
+    grid_.setText(row_, colRemark, text(remark2_));
+    const std::string shown = grid_.text(row_, colHeight);
+    if (shown.empty() && correction.empty()) return true;
+    difference_ = text::readNumber(shown) + text::readNumber(correction) / grade_.factor();
+    grid_.setText(row_, colResult, pattern_.format(difference_));
+    return true;
+  }
+
+  db::Recordset& records_;
+  ui::Grid& grid_;
+  const job::Grade grade_;
+  const text::Pattern& pattern_;
+  const db::Column benchMark_ = records_.column("水準点番号");
+  const db::Column observedHeight_ = records_.column("観測標高");
+  const db::Column savedHeight_ = records_.column("標高");
+  const db::Column meanDifference_ = records_.column("中数");
+  const db::Column correction_ = records_.column("正標高補正数");
+  const db::Column result_ = records_.column("正標高結果");
+  const db::Column remark1_ = records_.column("備考1");
+  const db::Column remark2_ = records_.column("備考2");
+  const db::Column flag_ = records_.column("RosenEndDataFlg");
+  const db::Column route_ = records_.column("路線番号");
+  int row_ = 0;
+  double height_ = 0;      // shown at the last bench mark, m
+  double difference_ = 0;  // last corrected difference, m
+};
+
+/// Adds one bench mark to the saved results.
+void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
+               const ui::Grid& grid, int row, int sectionRow, int order) {
+  const std::string& flag = grid.text(row, colFlag);
+  const std::string& ownRoute = grid.text(row, colRoute);
+  records.addNew();
+  records.set("JobId", context.gJobId);
+  records.set("事業番号", selection.jigyoBango);
+  records.set("路線番号", route::paddedKey(ownRoute.empty() ? selection.rosenBango : ownRoute));
+  records.set("DataKubun", selection.dataKubun);
+  records.set("SaveOrder", order);
+  records.set("水準点番号", grid.text(row, colBenchMark));
+  records.set("標高", route::cellValue(grid, row, colHeight));
+  records.set("備考1", route::cellValue(grid, row, colRemark));
+  records.set("備考2", sectionRow == 0 ? db::Value() : route::cellValue(grid, sectionRow, colRemark));
+  records.set("RosenEndDataFlg", route::cellValue(grid, row, colFlag));
+  if (flag != route::routeEnd) {
+    const auto ofSection = [&](int col) {
+      return sectionRow == 0 ? db::Value() : route::cellValue(grid, sectionRow, col);
+    };
+    records.set("中数", ofSection(colHeight));
+    records.set("正標高補正数", ofSection(colCorrection));
+    records.set("正標高結果", route::cellValue(grid, row, colResult));
+  }
+  records.update();
+}
+
+}  // namespace
+
+bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
+  return ui::trapped(grid.desktop(), "FcDBOpen", [&] {
+    const auto database = db::openDatabase(context.gDbPath);
+    const auto records = database->openRecordset(observationsSql(context, selection));
+    ObservedRoute observed(selection, context, *database, *records, grid);
+    while (!records->eof() && observed.add()) records->moveNext();
+    records->close();
+    database->close();
+  });
+}
+
+bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
+  return ui::trapped(grid.desktop(), "FcDBReOpen", [&] {
+    const auto database = db::openDatabase(context.gDbPath);
+    const auto records = database->openRecordset(savedSql(context, selection));
+    SavedRoute saved(context, *records, grid);
+    while (!records->eof() && saved.add()) records->moveNext();
+    records->close();
+    database->close();
+  });
+}
+
+bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {
+  return ui::trapped(grid.desktop(), "FcDbSave", [&] {
+    const std::string sql = "SELECT * FROM " + context.tables.gTblKansokuSeikaDataSeihyou +
+                            routeKeys(context, selection, {}) +
+                            route::plainCategoryCondition(selection.dataKubun);
+    route::replaceRecords(context.gDbPath, sql, [&](db::Recordset& records) {
+      int order = 0;
+      route::forEachBenchMark(grid, colFlag, [&](int row, int sectionRow) {
+        addRecord(records, selection, context, grid, row, sectionRow, ++order);
+      });
+    });
+  });
+}
+
+}  // namespace seihyou

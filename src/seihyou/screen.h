@@ -1,0 +1,26 @@
+#pragma once
+
+#include "route/route_screen.h"
+
+namespace seihyou {
+
+/// The screen of the orthometric correction (正標高補正): the operator opens a route, types the correction of
+/// each section, sees the corrected heights follow, and saves.
+class fSHsei : public route::RouteScreen {
+ public:
+  fSHsei(const job::JobContext& context, ui::Desktop& desktop);
+
+ private:
+  void Form_Load() override;
+  void Form_Resize() override;
+  void setUpGrids() override;
+  void openData(const route::Selection& selection) override;
+  void reopenData(const route::Selection& selection) override;
+  void saveData(const route::Selection& selection) override;
+
+  void Grid1_KeyPress(char32_t code);
+  void correctionKey(int row, char32_t code);
+  ui::CellUse cellUse(int row, int col) const;
+};
+
+}  // namespace seihyou
