@@ -35,11 +35,12 @@ struct Size {
   int height = 0;
 };
 
-/// The hands and eyes with which a script works the open screen. One kind works the controls themselves, without any
-/// toolkit; another presses the keys and buttons of real windows and reads from them.
+/// The hands and eyes with which a script works the open screen. One kind works the controls themselves,
+/// without any toolkit; another presses the keys and buttons of real windows and reads from them.
 ///
-/// Acts let the errors pass that no procedure of the program trapped. Whoever calls an act has made sure that it can be
-/// done: the control belongs to the open screen, is enabled and on the page in front, the item or cell is there.
+/// Acts let the errors pass that no procedure of the program trapped. Whoever calls an act has made sure that
+/// it can be done: the control belongs to the open screen, is enabled and on the page in front, the item or
+/// cell is there.
 class Hands {
  public:
   virtual ~Hands() = default;
@@ -67,7 +68,8 @@ class Hands {
   virtual Reading read(const ui::Control& control) = 0;
   virtual Size size(const ui::Control& control) = 0;
   virtual std::string caption(const ui::Screen& screen) = 0;
-  /// Writes a picture of the screen where there is one to be had. Returns false where the file could not be written.
+  /// Writes a picture of the screen where there is one to be had. Returns false where the file could not be
+  /// written.
   virtual bool shot(ui::Screen& screen, std::string_view path) = 0;
   /// The message boxes shown since the last call, oldest first.
   virtual std::vector<ui::Message> takeMessages() = 0;

@@ -1,0 +1,116 @@
+#include "script/command.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "script/keys.h"
+#include "script/line_error.h"
+#include "script/whole.h"
+#include "script/words.h"
+#include "text/padding.h"
+
+namespace script {
+namespace {
+
+/// The words behind the command's own.
+using Arguments = std::vector<Word>;
+
+/// The most twips that a window may be asked to measure: 16,000 points of a screen with 96 to the inch.
+constexpr int mostTwips = 240000;
+
+int number(const Word& word) {
+  const auto value = wholeNumber(word.text);
+  if (!value) throw LineError("「" + word.text + "」は 0 以上の整数ではありません。");
+  return *value;
+}
+
+int twips(const Word& word) {
+  const int value = number(word);
+  if (value < 1 || value > mostTwips) throw LineError("画面の大きさは 1 から 240000 までの twip です。");
+  return value;
+}
+
+/// `#N` names a position unless it stands in quotes.
+Command select(const Arguments& words) {
+  const Word& item = words[1];
+  const bool position = !item.quoted && item.text.size() > 1 && item.text.front() == '#' &&
+                        item.text.find_first_not_of("0123456789", 1) == std::string::npos;
+  if (!position) return SelectText{words[0].text, item.text};
+  return SelectAt{words[0].text, number({item.text.substr(1), false})};
+}
+
+Command shot(const Arguments& words) {
+  const std::string& path = words[0].text;
+  if (path.size() < 5 || !text::equalIgnoringCase(path.substr(path.size() - 4), ".png"))
+    throw LineError("画面の写しのファイル名は「.png」で終わります。");
+  return Shot{path};
+}
+
+/// How a command is written and understood.
+struct Form {
+  std::string_view word;
+  std::string_view arguments;
+  std::size_t count;
+  Command (*understand)(const Arguments&);
+};
+
+using Given = const Arguments&;
+
+constexpr std::array<Form, 14> forms = {{
+    {"click", " NAME", 1, [](Given w) -> Command { return Click{w[0].text}; }},
+    {"select", " NAME TEXT", 2, select},
+    {"enter", " NAME TEXT", 2,
+     [](Given w) -> Command {
+       return Enter{w[0].text, w[1].text};
+     }},
+    {"type", " NAME TEXT", 2,
+     [](Given w) -> Command {
+       return Type{w[0].text, typedCharacters(w[1].text)};
+     }},
+    {"cell", " GRID ROW COL", 3,
+     [](Given w) -> Command {
+       return Cell{w[0].text, number(w[1]), number(w[2])};
+     }},
+    {"key", " GRID TEXT", 2,
+     [](Given w) -> Command {
+       return Keys{w[0].text, keysOf(w[1].text)};
+     }},
+    {"tab", " NAME N", 2,
+     [](Given w) -> Command {
+       return Page{w[0].text, number(w[1])};
+     }},
+    {"resize", " WIDTH HEIGHT", 2,
+     [](Given w) -> Command {
+       return Resize{twips(w[0]), twips(w[1])};
+     }},
+    {"close", "", 0, [](Given) -> Command { return Close{}; }},
+    {"show", " NAME", 1, [](Given w) -> Command { return Show{w[0].text}; }},
+    {"size", " NAME", 1, [](Given w) -> Command { return SizeOf{w[0].text}; }},
+    {"screen", "", 0, [](Given) -> Command { return WhichScreen{}; }},
+    {"messages", "", 0, [](Given) -> Command { return Messages{}; }},
+    {"shot", " FILE.png", 1, shot},
+}};
+
+const Form& formOf(const Word& word) {
+  const auto form = std::find_if(forms.begin(), forms.end(),
+                                 [&word](const Form& candidate) { return candidate.word == word.text; });
+  if (form == forms.end()) throw LineError("「" + word.text + "」という操作はありません。");
+  return *form;
+}
+
+}  // namespace
+
+std::optional<Command> parseLine(std::string_view line) {
+  if (line.starts_with('#')) return std::nullopt;
+  Arguments words = splitWords(line);
+  if (words.empty()) return std::nullopt;
+  const Form& form = formOf(words.front());
+  words.erase(words.begin());
+  if (words.size() != form.count)
+    throw LineError("「" + std::string(form.word) + std::string(form.arguments) +
+                    "」と書きます（空白を含む語は引用符で囲みます）。");
+  return form.understand(words);
+}
+
+}  // namespace script

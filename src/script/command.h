@@ -1,0 +1,83 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace script {
+
+// What a line of a script asks for. Rows, columns, items and pages count from 0.
+
+/// Press a button, option button or menu item.
+struct Click {
+  std::string name;
+};
+/// Choose the first item with this text, trailing blanks aside.
+struct SelectText {
+  std::string name;
+  std::string item;
+};
+/// Choose the item at this position.
+struct SelectAt {
+  std::string name;
+  int index = 0;
+};
+/// Replace the whole text of a text box at once.
+struct Enter {
+  std::string name;
+  std::string text;
+};
+/// Type at the end of a text box, a key for each character.
+struct Type {
+  std::string name;
+  std::u32string characters;
+};
+/// Click a cell.
+struct Cell {
+  std::string grid;
+  int row = 0;
+  int col = 0;
+};
+/// Press keys in a grid.
+struct Keys {
+  std::string grid;
+  std::u32string codes;
+};
+/// Bring a page of a tab control to the front.
+struct Page {
+  std::string tab;
+  int page = 0;
+};
+/// Give the open screen this client size, in twips.
+struct Resize {
+  int width = 0;
+  int height = 0;
+};
+/// Use the close box of the open screen.
+struct Close {};
+/// Print a control.
+struct Show {
+  std::string name;
+};
+/// Print the size of a control.
+struct SizeOf {
+  std::string name;
+};
+/// Print which screen is open.
+struct WhichScreen {};
+/// Print the message boxes shown since they were last printed.
+struct Messages {};
+/// Write a picture of the open screen.
+struct Shot {
+  std::string path;
+};
+
+using Command = std::variant<Click, SelectText, SelectAt, Enter, Type, Cell, Keys, Page, Resize, Close, Show,
+                             SizeOf, WhichScreen, Messages, Shot>;
+
+/// The command of a script line (without its line end); nothing for a blank line and for one whose first
+/// character is "#". Raises LineError for a line that cannot be understood.
+std::optional<Command> parseLine(std::string_view line);
+
+}  // namespace script

@@ -1,0 +1,94 @@
+#include "script/headless.h"
+
+#include <cmath>
+#include <utility>
+
+#include "text/padding.h"
+
+namespace script {
+namespace {
+
+/// A desk that nobody looks at.
+class HeadlessDesktop : public ui::Desktop {
+ public:
+  void message(const ui::Message& message) override { messages_.push_back(message); }
+  void setMousePointer(ui::Pointer) override {}
+  void breathe() override {}
+  void show(ui::Screen&) override {}
+  void hide(ui::Screen&) override {}
+
+  std::vector<ui::Message> take() { return std::exchange(messages_, {}); }
+
+ private:
+  std::vector<ui::Message> messages_;
+};
+
+void readItems(const ui::ItemControl& control, Reading& reading) {
+  reading.items = control.items();
+  reading.current = control.listIndex();
+}
+
+void readTab(const ui::TabControl& control, Reading& reading) {
+  reading.current = control.current();
+  reading.pages = control.pages();
+}
+
+void readGrid(const ui::Grid& grid, Reading& reading) {
+  reading.rows = grid.rows();
+  reading.cols = grid.cols();
+  reading.row = grid.row();
+  reading.col = grid.col();
+  reading.rowSel = grid.rowSel();
+  reading.colSel = grid.colSel();
+  reading.cell = [&grid](int row, int col) { return grid.text(row, col); };
+}
+
+class HeadlessHands : public Hands {
+ public:
+  ui::Desktop& desktop() override { return desktop_; }
+
+  void press(ui::Pressable& control) override { control.press(); }
+  void choose(ui::ItemControl& control, int index) override { control.choose(index); }
+  void enter(ui::TextBox& control, std::string_view text) override { control.edit(text); }
+  void type(ui::TextBox& control, char32_t character) override {
+    std::string text = control.text();
+    text::appendCharacter(text, character);
+    control.edit(text);
+  }
+  void click(ui::Grid& grid, int row, int col) override { grid.click(row, col); }
+  void pressKey(ui::Grid& grid, char32_t code) override { grid.pressKey(code); }
+  void bringToFront(ui::TabControl& tab, int page) override { tab.setCurrent(page); }
+  void resize(ui::Screen& screen, int width, int height) override {
+    screen.resize(static_cast<float>(width), static_cast<float>(height));
+  }
+  void close(ui::Screen& screen) override { screen.unload(); }
+
+  Reading read(const ui::Control& control) override;
+  Size size(const ui::Control& control) override {
+    const ui::Box& box = control.box();
+    return {static_cast<int>(std::lround(box.width)), static_cast<int>(std::lround(box.height))};
+  }
+  std::string caption(const ui::Screen& screen) override { return screen.caption(); }
+  bool shot(ui::Screen&, std::string_view) override { return true; }
+  std::vector<ui::Message> takeMessages() override { return desktop_.take(); }
+
+ private:
+  HeadlessDesktop desktop_;
+};
+
+Reading HeadlessHands::read(const ui::Control& control) {
+  Reading reading;
+  reading.kind = control.kind();
+  if (const auto* words = dynamic_cast<const ui::TextControl*>(&control)) reading.text = words->text();
+  if (const auto* option = dynamic_cast<const ui::OptionButton*>(&control)) reading.on = option->on();
+  if (const auto* items = dynamic_cast<const ui::ItemControl*>(&control)) readItems(*items, reading);
+  if (const auto* tab = dynamic_cast<const ui::TabControl*>(&control)) readTab(*tab, reading);
+  if (const auto* grid = dynamic_cast<const ui::Grid*>(&control)) readGrid(*grid, reading);
+  return reading;
+}
+
+}  // namespace
+
+std::unique_ptr<Hands> headlessHands() { return std::make_unique<HeadlessHands>(); }
+
+}  // namespace script

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "script/hands.h"
+
+namespace script {
+
+// What the transcript of a script is made of. Every function prints whole lines.
+
+/// A text in double quotes, with `\"`, `\\`, `\t` and `\n` for the characters that would break the line.
+std::string quoted(std::string_view text);
+
+/// What the operator sees of a control: its text, its state or, line by line, its items or rows.
+void printReading(std::ostream& out, std::string_view name, const Reading& reading);
+
+/// `NAME: WIDTH x HEIGHT`, in whole twips.
+void printSize(std::ostream& out, std::string_view name, const Size& size);
+
+/// `screen: fSHsei "正標高補正"`.
+void printScreen(std::ostream& out, std::string_view name, std::string_view caption);
+/// `screen: none`: the program has ended.
+void printNoScreen(std::ostream& out);
+
+/// The message boxes, one a line, or `messages: none`.
+void printMessages(std::ostream& out, const std::vector<ui::Message>& messages);
+
+/// `unhandled error: DESCRIPTION`, in one line.
+void printUnhandled(std::ostream& out, std::string_view description);
+
+}  // namespace script

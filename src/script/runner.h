@@ -1,0 +1,67 @@
+#pragma once
+
+#include <istream>
+#include <ostream>
+#include <string_view>
+
+#include "script/command.h"
+#include "script/hands.h"
+#include "script/subject.h"
+
+namespace script {
+
+/// How a run ended: the exit status of the process.
+enum class Ending : int {
+  Done = 0,         ///< the script came to its end
+  Unhandled = 1,    ///< the program stopped on an error that nothing in it trapped
+  Line = 2,         ///< a line could not be understood or done
+  CommandLine = 64  ///< the run did not begin: the command line is wrong
+};
+
+/// Works a program through a script, line by line, and writes down what the operator would see.
+class Runner {
+ public:
+  /// The transcript goes to `transcript`, the reason of an early end to `errors`, as `LINE: why`.
+  Runner(Subject& subject, Hands& hands, std::ostream& transcript, std::ostream& errors)
+      : subject_(subject), hands_(hands), transcript_(transcript), errors_(errors) {}
+
+  /// Starts the program and does the script's lines until the first that fails. The transcript is flushed
+  /// after every line.
+  Ending run(std::istream& script);
+
+ private:
+  void runLines(std::istream& script);
+  void runLine(std::string_view line);
+
+  void perform(const Click& click);
+  void perform(const SelectText& select);
+  void perform(const SelectAt& select);
+  void perform(const Enter& enter);
+  void perform(const Type& type);
+  void perform(const Cell& cell);
+  void perform(const Keys& keys);
+  void perform(const Page& page);
+  void perform(const Resize& resize);
+  void perform(const Close& close);
+  void perform(const Show& show);
+  void perform(const SizeOf& size);
+  void perform(const WhichScreen& screen);
+  void perform(const Messages& messages);
+  void perform(const Shot& shot);
+
+  ui::Screen& openScreen();
+  ui::Control& control(std::string_view name);
+  template <class Kind>
+  Kind& ofKind(std::string_view name);
+  template <class Kind>
+  Kind& ready(std::string_view name);
+  void bringForward(const ui::Control& control);
+
+  Subject& subject_;
+  Hands& hands_;
+  std::ostream& transcript_;
+  std::ostream& errors_;
+  int line_ = 0;
+};
+
+}  // namespace script

@@ -1,0 +1,125 @@
+#include "script/session.h"
+
+#include <exception>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/system.h"
+#include "script/headless.h"
+#include "shell/program.h"
+
+namespace script {
+namespace {
+
+/// What keeps a run from beginning; what() is for the operator.
+class NotBegun : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The program itself, on the desk of the hands that work it.
+class ProgramSubject : public Subject {
+ public:
+  ProgramSubject(shell::CommandLine commandLine, ui::Desktop& desktop)
+      : desktop_(desktop), program_(std::move(commandLine), desktop) {}
+  /// A script may end with a screen open; the desk lets go of it before it is freed.
+  ~ProgramSubject() override {
+    if (program_.screen() != nullptr) desktop_.hide(*program_.screen());
+  }
+
+  void start() override { program_.start(); }
+  ui::Screen* screen() override { return program_.screen(); }
+  void sweep() override { program_.sweep(); }
+
+ private:
+  ui::Desktop& desktop_;
+  shell::Program program_;
+};
+
+std::string folderWithoutSeparator(std::string folder) {
+  while (folder.ends_with('/') || folder.ends_with('\\')) folder.pop_back();
+  return folder;
+}
+
+shell::CommandLine commandLineOf(const Options& options) {
+  const std::string folder = options.programFolder ? *options.programFolder : platform::programFolder();
+  return {options.database, folderWithoutSeparator(folder)};
+}
+
+std::unique_ptr<Hands> handsFor(const Options& options, const WindowHandsMaker& windowHands) {
+  if (!options.window) return headlessHands();
+  if (!windowHands)
+    throw NotBegun("この seikahyou-script はウィンドウなしで作られています（--window は使えません）。");
+  try {
+    return windowHands();
+  } catch (const std::exception& error) {
+    throw NotBegun(std::string("ウィンドウを開けません: ") + error.what());
+  }
+}
+
+std::string scriptText(const std::string& path) {
+  const auto text = platform::isFolder(path) ? std::nullopt : platform::readFile(path);
+  if (!text) throw NotBegun("操作手順のファイル「" + path + "」を読めません。");
+  return *text;
+}
+
+Ending work(const Options& options, std::istream& script, const WindowHandsMaker& windowHands,
+            const Streams& streams) {
+  const auto hands = handsFor(options, windowHands);
+  ProgramSubject program(commandLineOf(options), hands->desktop());
+  return Runner(program, *hands, streams.out, streams.errors).run(script);
+}
+
+Ending session(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
+               const Streams& streams) {
+  const auto options = parseOptions(words);
+  if (!options) throw NotBegun("コマンドの書き方が違います。");
+  if (options->script == "-") return work(*options, streams.in, windowHands, streams);
+  std::istringstream script(scriptText(options->script));
+  return work(*options, script, windowHands, streams);
+}
+
+}  // namespace
+
+std::optional<Options> parseOptions(const std::vector<std::string>& words) {
+  Options options;
+  auto word = words.begin();
+  for (; word != words.end() && word->starts_with("--"); ++word) {
+    if (*word == "--window") {
+      options.window = true;
+    } else if (*word == "--program-folder" && word + 1 != words.end() && !(word + 1)->empty()) {
+      options.programFolder = *++word;
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (words.end() - word != 2 || word->empty()) return std::nullopt;
+  options.script = *word;
+  options.database = *(word + 1);
+  return options;
+}
+
+std::string usage() {
+  return "使い方: seikahyou-script [--window] [--program-folder DIR] SCRIPT DATABASE\n"
+         "  --window              実際のウィンドウを操作します（なければ画面なしで動きます）\n"
+         "  --program-folder DIR  プログラムのフォルダとみなすフォルダ（JobSel.txt を探すところ）\n"
+         "  SCRIPT                操作手順のファイル（UTF-8）、- は標準入力\n"
+         "  DATABASE              ジョブのデータベース\n"
+         "終了コード: 0 手順の終わりまで実行、1 プログラムが処理されないエラーで停止、\n"
+         "  2 手順の行が解釈または実行できない、64 コマンドの書き方が違う、SCRIPT "
+         "が読めない、ウィンドウが使えない\n";
+}
+
+int runSession(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
+               const Streams& streams) {
+  try {
+    return static_cast<int>(session(words, windowHands, streams));
+  } catch (const NotBegun& reason) {
+    streams.errors << reason.what() << '\n' << usage() << std::flush;
+    return static_cast<int>(Ending::CommandLine);
+  }
+}
+
+}  // namespace script
