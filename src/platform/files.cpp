@@ -1,8 +1,9 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <fstream>
-#include <iterator>
 
 #include "text/error.h"
 
@@ -43,6 +44,7 @@ std::optional<std::string> firstLine(std::string_view path) {
   if (!file) return std::nullopt;
   std::string line;
   std::getline(file, line);
+  if (file.bad()) return std::nullopt;
   if (line.starts_with(utf8Mark)) line.erase(0, utf8Mark.size());
   line.erase(std::min(line.find('\r'), line.size()));
   return line;
@@ -51,7 +53,14 @@ std::optional<std::string> firstLine(std::string_view path) {
 std::optional<std::string> readFile(std::string_view path) {
   std::ifstream file(nativePath(path), std::ios::binary);
   if (!file) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+  std::string content;
+  std::array<char, 65536> block;
+  do {
+    file.read(block.data(), block.size());
+    content.append(block.data(), static_cast<std::size_t>(file.gcount()));
+  } while (file);
+  if (file.bad()) return std::nullopt;
+  return content;
 }
 
 void makeFolder(std::string_view path) {
@@ -70,7 +79,7 @@ void copyFile(std::string_view from, std::string_view to) {
 
 void removeFile(std::string_view path) {
   std::error_code error;
-  if (!std::filesystem::remove(nativePath(path), error))
+  if (isFolder(path) || !std::filesystem::remove(nativePath(path), error))
     throw text::RuntimeError(text::ErrorCode::FileNotFound);
 }
 

@@ -6,8 +6,8 @@
 #include <string_view>
 
 // The file system as the rest of the house sees it. Path texts keep the form in which operators and databases
-// write them
-// ("\" or "/" between folders, UTF-8); they are turned into the platform's form here and nowhere else.
+// write them ("\" or "/" between folders, UTF-8); they are turned into the platform's form here and nowhere
+// else.
 
 namespace platform {
 
@@ -37,7 +37,7 @@ void makeFolder(std::string_view path);
 /// where `to` cannot be written.
 void copyFile(std::string_view from, std::string_view to);
 
-/// Deletes a file. Raises FileNotFound where there is none.
+/// Deletes a file. Raises FileNotFound where there is none, or none that can be deleted; a folder is no file.
 void removeFile(std::string_view path);
 
 }  // namespace platform
