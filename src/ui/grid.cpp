@@ -90,10 +90,11 @@ void Grid::addItem(std::string_view text) { addItem(text, rows_); }
 void Grid::addItem(std::string_view text, int at) {
   if (at < 0 || at > rows_) raiseSubscript();
   text::toInt16(rows_ + 1LL);
+  std::string first(text);  // it may be the text of a cell that moves
   const auto place = cells_.begin() + static_cast<std::ptrdiff_t>(at) * cols_;
   cells_.insert(place, static_cast<std::size_t>(cols_), std::string());
   ++rows_;
-  cells_[index(at, 0)] = text;
+  cells_[index(at, 0)] = std::move(first);
   notify();
 }
 
