@@ -28,12 +28,10 @@ std::string formatted(const db::Value& value, const text::Pattern& pattern) {
 void reportSaved(ui::Desktop& desktop) { desktop.message({{}, "保存しました", ui::Icon::None}); }
 
 void forEachBenchMark(const ui::Grid& grid, int flagCol, const std::function<void(int, int)>& visit) {
-  int row = 1;
-  while (row < grid.rows()) {
-    const bool ends = grid.text(row, flagCol) == routeEnd;
-    const bool hasSection = !ends && row + 1 < grid.rows();
-    if (!text::trimmed(grid.text(row, 0)).empty()) visit(row, hasSection ? row + 1 : 0);
-    row += ends ? 1 : 2;
+  for (int row = 1; row < grid.rows(); ++row) {
+    if (text::trimmed(grid.text(row, 0)).empty()) continue;
+    const bool hasSection = row + 1 < grid.rows() && grid.text(row, flagCol) != routeEnd;
+    visit(row, hasSection ? row + 1 : 0);
   }
 }
 

@@ -27,9 +27,9 @@ std::string formatted(const db::Value& value, const text::Pattern& pattern);
 void reportSaved(ui::Desktop& desktop);
 
 /// Walks the bench marks of a grid that has one row for each, with the row of the section to the next one
-/// below it. The bench mark at a route end (column `flagCol` reads "-1") has no section row. `visit` gets the
-/// bench-mark row and the section row, 0 where there is none. Bench marks without a number in column 0 are
-/// passed over.
+/// below it; column 0 is empty on section rows. `visit` gets the bench-mark row and the section row. A bench
+/// mark at a route end (column `flagCol` reads "-1") has no section: it gets 0, whether an empty row stands
+/// below it or not. Bench marks without a number in column 0 are passed over.
 void forEachBenchMark(const ui::Grid& grid, int flagCol,
                       const std::function<void(int row, int sectionRow)>& visit);
 

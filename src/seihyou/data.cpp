@@ -1,9 +1,9 @@
 #include "seihyou/data.h"
 
-#include <optional>
 #include <string>
 
 #include "db/database.h"
+#include "route/observations.h"
 #include "route/records.h"
 #include "seihyou/columns.h"
 #include "text/number.h"
@@ -14,18 +14,6 @@ namespace seihyou {
 namespace {
 
 constexpr double tenthsOfMillimetre = 10000;  // means are rounded to 0.1 mm in every grade
-
-/// " WHERE JobId ='…' AND 事業番号 ='…'" and the route, for a table whose columns carry `prefix`.
-std::string routeKeys(const job::JobContext& context, const route::Selection& selection,
-                      const std::string& prefix) {
-  return " WHERE " + prefix + "JobId ='" + context.gJobId + "'" + " AND " + prefix + "事業番号 ='" +
-         selection.jigyoBango + "'" + route::routeCondition(selection, prefix);
-}
-
-std::string observationsSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + routeKeys(context, selection, {}) +
-         route::loadCategoryCondition(selection.dataKubun) + " ORDER BY SaveOrder";
-}
 
 /// The saved end of the route listed before, where it is this bench mark.
 std::string savedEndSql(const job::JobContext& context, const route::Selection& selection,
@@ -47,7 +35,7 @@ std::string savedSql(const job::JobContext& context, const route::Selection& sel
          observed + " ON" + same("JobId", "JobId") + " AND " + same("DataKubun", "DataKubun") + " AND " +
          same("SaveOrder", "SaveOrder") + " AND " + same("事業番号", "事業番号") + " AND" +
          same("路線番号", "路線番号") + " AND" + same("標石番号", "水準点番号") +
-         routeKeys(context, selection, saved + ".") +
+         route::routeKeys(context, selection, saved + ".") +
          route::loadCategoryCondition(selection.dataKubun, saved + ".") + " ORDER BY " + saved + ".SaveOrder";
 }
 
@@ -66,48 +54,34 @@ class ObservedRoute {
   /// Adds the present record. Returns false where the grid could not take it (already reported).
   bool add() {
     const std::string flag = text(flag_);
-    if (atStart_) startRoute();
+    if (heights_.atStart()) heights_.begin(startHeight());
     if (!benchMarkRow(flag)) return false;
     const db::Value meanDifference = records_.value(meanDifference_);
     if (flag != route::routeEnd && !sectionRow(flag, meanDifference)) return false;
-    running_ += meanDifference.number();
-    atStart_ = flag == route::routeEnd;
+    heights_.leave(flag, meanDifference);
     return true;
   }
 
  private:
-  std::string text(db::Column column) const { return db::FcNullToBlank(records_.value(column)); }
+  std::string text(db::Column column) const { return route::fieldText(records_, column); }
 
-  void startRoute() {
-    start_ = records_.value(height_);
-    if (!selection_.previousRosen.empty()) {
-      const auto ends = database_.openRecordset(savedEndSql(context_, selection_, text(benchMark_)));
-      if (!ends->eof() && !ends->field("標高").isNull()) start_ = ends->field("標高");
-      ends->close();
-    }
-    running_ = start_.number();
-    repeated_.restart();
-    pendingMean_.reset();
+  db::Value startHeight() const {
+    db::Value start = records_.value(height_);
+    if (selection_.previousRosen.empty()) return start;
+    const auto ends = database_.openRecordset(savedEndSql(context_, selection_, text(benchMark_)));
+    if (!ends->eof() && !ends->field("標高").isNull()) start = ends->field("標高");
+    ends->close();
+    return start;
   }
 
   bool benchMarkRow(const std::string& flag) {
     if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
     grid_.setText(row_, colBenchMark, text(benchMark_));
     grid_.setText(row_, colHeight, route::formatted(records_.value(height_), pattern_));
-    grid_.setText(row_, colResult, shownHeight());
+    grid_.setText(row_, colResult, heights_.reach(flag));
     grid_.setText(row_, colFlag, flag);
     grid_.setText(row_, colRoute, records_.value(route_).text());
-    if (flag == route::repeatedPoint && repeated_.add(running_)) pendingMean_ = repeated_.mean();
     return true;
-  }
-
-  /// The running height; at a route's start the start height, blank where there is none; behind a pair their
-  /// mean.
-  std::string shownHeight() {
-    if (atStart_) return route::formatted(start_, pattern_);
-    const double shown = pendingMean_.value_or(running_);
-    pendingMean_.reset();
-    return pattern_.format(shown);
   }
 
   bool sectionRow(const std::string& flag, const db::Value& meanDifference) {
@@ -128,12 +102,8 @@ class ObservedRoute {
   const db::Column meanDifference_ = records_.column("中数");
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column route_ = records_.column("路線番号");
+  route::RunningHeights heights_{pattern_, tenthsOfMillimetre};
   int row_ = 0;
-  bool atStart_ = true;
-  db::Value start_;
-  double running_ = 0;  // m
-  route::PairMean repeated_{tenthsOfMillimetre};
-  std::optional<double> pendingMean_;  // of a pair just completed, m
 };
 
 /// Lays saved records into the grid, one after another.
@@ -154,7 +124,7 @@ class SavedRoute {
   }
 
  private:
-  std::string text(db::Column column) const { return db::FcNullToBlank(records_.value(column)); }
+  std::string text(db::Column column) const { return route::fieldText(records_, column); }
 
   bool benchMarkRow(const std::string& flag) {
     if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
@@ -212,25 +182,15 @@ class SavedRoute {
 /// Adds one bench mark to the saved results.
 void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
                const ui::Grid& grid, int row, int sectionRow, int order) {
-  const std::string& flag = grid.text(row, colFlag);
-  const std::string& ownRoute = grid.text(row, colRoute);
-  records.addNew();
-  records.set("JobId", context.gJobId);
-  records.set("事業番号", selection.jigyoBango);
-  records.set("路線番号", route::paddedKey(ownRoute.empty() ? selection.rosenBango : ownRoute));
-  records.set("DataKubun", selection.dataKubun);
-  records.set("SaveOrder", order);
+  route::beginRecord(records, context, selection, grid.text(row, colRoute), order);
   records.set("水準点番号", grid.text(row, colBenchMark));
   records.set("標高", route::cellValue(grid, row, colHeight));
   records.set("備考1", route::cellValue(grid, row, colRemark));
-  records.set("備考2", sectionRow == 0 ? db::Value() : route::cellValue(grid, sectionRow, colRemark));
+  records.set("備考2", route::sectionValue(grid, sectionRow, colRemark));
   records.set("RosenEndDataFlg", route::cellValue(grid, row, colFlag));
-  if (flag != route::routeEnd) {
-    const auto ofSection = [&](int col) {
-      return sectionRow == 0 ? db::Value() : route::cellValue(grid, sectionRow, col);
-    };
-    records.set("中数", ofSection(colHeight));
-    records.set("正標高補正数", ofSection(colCorrection));
+  if (grid.text(row, colFlag) != route::routeEnd) {
+    records.set("中数", route::sectionValue(grid, sectionRow, colHeight));
+    records.set("正標高補正数", route::sectionValue(grid, sectionRow, colCorrection));
     records.set("正標高結果", route::cellValue(grid, row, colResult));
   }
   records.update();
@@ -240,31 +200,28 @@ void addRecord(db::Recordset& records, const route::Selection& selection, const 
 
 bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
   return ui::trapped(grid.desktop(), "FcDBOpen", [&] {
-    const auto database = db::openDatabase(context.gDbPath);
-    const auto records = database->openRecordset(observationsSql(context, selection));
-    ObservedRoute observed(selection, context, *database, *records, grid);
-    while (!records->eof() && observed.add()) records->moveNext();
-    records->close();
-    database->close();
+    route::readRecords(context.gDbPath, route::observationsSql(context, selection),
+                       [&](db::Database& database, db::Recordset& records) {
+                         ObservedRoute observed(selection, context, database, records, grid);
+                         route::layRecords(records, observed);
+                       });
   });
 }
 
 bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
   return ui::trapped(grid.desktop(), "FcDBReOpen", [&] {
-    const auto database = db::openDatabase(context.gDbPath);
-    const auto records = database->openRecordset(savedSql(context, selection));
-    SavedRoute saved(context, *records, grid);
-    while (!records->eof() && saved.add()) records->moveNext();
-    records->close();
-    database->close();
+    route::readRecords(context.gDbPath, savedSql(context, selection),
+                       [&](db::Database&, db::Recordset& records) {
+                         SavedRoute saved(context, records, grid);
+                         route::layRecords(records, saved);
+                       });
   });
 }
 
 bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {
   return ui::trapped(grid.desktop(), "FcDbSave", [&] {
-    const std::string sql = "SELECT * FROM " + context.tables.gTblKansokuSeikaDataSeihyou +
-                            routeKeys(context, selection, {}) +
-                            route::plainCategoryCondition(selection.dataKubun);
+    const std::string sql =
+        route::savedRecordsSql(context, selection, context.tables.gTblKansokuSeikaDataSeihyou);
     route::replaceRecords(context.gDbPath, sql, [&](db::Recordset& records) {
       int order = 0;
       route::forEachBenchMark(grid, colFlag, [&](int row, int sectionRow) {

@@ -1,0 +1,76 @@
+#include "route/observations.h"
+
+#include "text/padding.h"
+
+namespace route {
+
+std::string routeKeys(const job::JobContext& context, const Selection& selection, std::string_view prefix) {
+  const std::string before(prefix);
+  return " WHERE " + before + "JobId ='" + context.gJobId + "'" + " AND " + before + "事業番号 ='" +
+         selection.jigyoBango + "'" + routeCondition(selection, prefix);
+}
+
+std::string observationsSql(const job::JobContext& context, const Selection& selection) {
+  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + routeKeys(context, selection) +
+         loadCategoryCondition(selection.dataKubun) + " ORDER BY SaveOrder";
+}
+
+std::string savedRecordsSql(const job::JobContext& context, const Selection& selection,
+                            std::string_view table) {
+  return "SELECT * FROM " + std::string(table) + routeKeys(context, selection) +
+         plainCategoryCondition(selection.dataKubun);
+}
+
+void readRecords(std::string_view dbPath, std::string_view sql,
+                 const std::function<void(db::Database&, db::Recordset&)>& read) {
+  const auto database = db::openDatabase(dbPath);
+  const auto records = database->openRecordset(sql);
+  read(*database, *records);
+  records->close();
+  database->close();
+}
+
+std::string fieldText(const db::Recordset& records, db::Column column) {
+  return db::FcNullToBlank(records.value(column));
+}
+
+void beginRecord(db::Recordset& records, const job::JobContext& context, const Selection& selection,
+                 std::string_view ownRoute, int order) {
+  records.addNew();
+  records.set("JobId", context.gJobId);
+  records.set("事業番号", selection.jigyoBango);
+  records.set("路線番号", paddedKey(text::trimmed(ownRoute).empty() ? selection.rosenBango : ownRoute));
+  records.set("DataKubun", selection.dataKubun);
+  records.set("SaveOrder", order);
+}
+
+db::Value sectionValue(const ui::Grid& grid, int sectionRow, int col) {
+  return sectionRow == 0 ? db::Value() : cellValue(grid, sectionRow, col);
+}
+
+void RunningHeights::begin(const db::Value& height) {
+  start_ = height;
+  height_ = height.number();
+  repeated_.restart();
+  mean_.reset();
+}
+
+std::string RunningHeights::reach(std::string_view flag) {
+  std::string height = shown();
+  if (flag == repeatedPoint && repeated_.add(height_)) mean_ = repeated_.mean();
+  return height;
+}
+
+std::string RunningHeights::shown() {
+  if (atStart_) return formatted(start_, pattern_);
+  const double height = mean_.value_or(height_);
+  mean_.reset();
+  return pattern_.format(height);
+}
+
+void RunningHeights::leave(std::string_view flag, const db::Value& meanDifference) {
+  height_ += meanDifference.number();
+  atStart_ = flag == routeEnd;
+}
+
+}  // namespace route
