@@ -15,6 +15,10 @@ SelectionSet::SelectionSet(const job::JobContext& context, std::string table, ui
       routes_(routes),
       rule_(rule) {}
 
+std::string SelectionSet::categoryText() const {
+  return categories_ == nullptr ? std::string() : categories_->text();
+}
+
 std::string SelectionSet::category() const {
   return categories_ == nullptr ? "0" : categoryCode(categories_->text());
 }

@@ -33,6 +33,9 @@ class SelectionSet {
   /// What is chosen now; empty texts where nothing is.
   Selection selection() const;
 
+  /// The whole text of the chosen category; "" where none is chosen or there is no list to choose from.
+  std::string categoryText() const;
+
  private:
   std::string category() const;
   void fill(ui::ComboBox& combo, const std::string& column, const std::string& conditions);

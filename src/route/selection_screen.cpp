@@ -1,0 +1,47 @@
+#include "route/selection_screen.h"
+
+namespace route {
+
+SelectionScreen::SelectionScreen(const Names& names, const Categories& categories,
+                                 const job::JobContext& context, ui::Desktop& desktop, float width,
+                                 float height)
+    : Screen(names.screen, names.caption, desktop, width, height),
+      openButton(names.openButton, this, names.openCaption),
+      reopenButton(names.reopenButton, this, names.reopenCaption),
+      clearItem(names.menuItem + "(0)", this, "クリア(&C)"),
+      saveItem(names.menuItem + "(1)", this, "保存(&S)"),
+      exitItem(names.menuItem + "(2)", this, "終了(&X)"),
+      context_(context),
+      opened_(lblJigyobango, lblRosenbango, categories.opened),
+      observed_(context_, context_.tables.gTblKansokuSeikaData, categories.observed, cmbJIgyoBango1,
+                cmbRosenBango1, names.openRule),
+      saved_(context_, names.resultTable, categories.saved, cmbJIgyoBango2, cmbRosenBango2) {
+  on(cmbJIgyoBango1.onClick, "cmbJIgyoBango1_Click", [this] { observed_.fillRoutes(); });
+  on(cmbJIgyoBango2.onClick, "cmbJIgyoBango2_Click", [this] { saved_.fillRoutes(); });
+  on(clearItem.onClick, names.menuItem + "_Click", [this] { clear(); });
+  on(saveItem.onClick, names.menuItem + "_Click", [this] { save(); });
+  exitItem.onClick.handle([this] { unload(); });
+}
+
+void SelectionScreen::open(const SelectionSet& set, Reader read) {
+  const ui::Hourglass wait(desktop());
+  const Selection selection = set.selection();
+  opened_.show(selection, set.categoryText());
+  setUpGrids();
+  (this->*read)(selection);
+  SSTab1.setCurrent(dataPage());
+}
+
+void SelectionScreen::clear() {
+  setUpGrids();
+  Form_Resize();
+  opened_.clear();
+}
+
+void SelectionScreen::save() {
+  if (!opened_.isOpen()) return;
+  const ui::Hourglass wait(desktop());
+  saveData(opened_.selection());
+}
+
+}  // namespace route

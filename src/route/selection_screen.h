@@ -1,0 +1,87 @@
+#pragma once
+
+#include <string>
+
+#include "job/context.h"
+#include "route/selection_set.h"
+#include "ui/controls.h"
+#include "ui/grid.h"
+#include "ui/screen.h"
+
+namespace route {
+
+/// What every screen has that works on one route at a time: two ways to choose it, from observation results
+/// and from saved results, the labels of the opened route, a route grid, and the menu with clear, save and
+/// exit. A screen derives from it, says how its grids are set up, filled and saved, and ties its two opening
+/// buttons to openObserved and openSaved, with an error trap or without.
+class SelectionScreen : public ui::Screen {
+ public:
+  ui::TabControl SSTab1{"SSTab1", this, 2};
+  ui::ComboBox cmbJIgyoBango1{"cmbJIgyoBango1", this};
+  ui::ComboBox cmbRosenBango1{"cmbRosenBango1", this};
+  ui::Button openButton;
+  ui::ComboBox cmbJIgyoBango2{"cmbJIgyoBango2", this};
+  ui::ComboBox cmbRosenBango2{"cmbRosenBango2", this};
+  ui::Button reopenButton;
+  ui::Label lblJigyobango{"lblJigyobango", this};
+  ui::Label lblRosenbango{"lblRosenbango", this};
+  ui::Grid Grid1{"Grid1", this};
+  ui::MenuItem clearItem;
+  ui::MenuItem saveItem;
+  ui::MenuItem exitItem;
+
+ protected:
+  /// The names in which the screens differ.
+  struct Names {
+    std::string screen;                           ///< such as "fSHsei"
+    std::string caption;                          ///< title of the window
+    std::string openButton;                       ///< button that opens observation results
+    std::string openCaption;                      ///< its caption
+    std::string reopenButton;                     ///< button that opens saved results
+    std::string reopenCaption;                    ///< its caption
+    std::string menuItem;                         ///< name of the menu items, without index
+    std::string resultTable;                      ///< table of the saved results
+    CategoryRule openRule = CategoryRule::Plain;  ///< category rule of the first selection set
+  };
+
+  /// The controls of the data category, none of them on a screen that works in category "0" alone.
+  struct Categories {
+    ui::ListBox* observed = nullptr;  ///< chooses the category of observation results
+    ui::ListBox* saved = nullptr;     ///< chooses the category of saved results
+    ui::Label* opened = nullptr;      ///< shows the category of the opened route
+  };
+
+  /// `width` × `height`: design size in twips.
+  SelectionScreen(const Names& names, const Categories& categories, const job::JobContext& context,
+                  ui::Desktop& desktop, float width, float height);
+
+  /// Empties the grids and heads them again.
+  virtual void setUpGrids() = 0;
+  /// Fills the grids from observation results.
+  virtual void openData(const Selection& selection) = 0;
+  /// Fills the grids from saved results.
+  virtual void reopenData(const Selection& selection) = 0;
+  /// Saves the grids under the keys of the labels and tells the operator where all went well.
+  virtual void saveData(const Selection& selection) = 0;
+  /// The page of SSTab1 to which opening data leads.
+  virtual int dataPage() const { return 0; }
+  /// Empties the grids and the labels of the opened route.
+  virtual void clear();
+
+  /// Opens the route chosen from the observation results, or from the saved results: labels, empty grids,
+  /// data, and the data page to the front.
+  void openObserved() { open(observed_, &SelectionScreen::openData); }
+  void openSaved() { open(saved_, &SelectionScreen::reopenData); }
+
+  const job::JobContext context_;
+  OpenedRoute opened_;
+  SelectionSet observed_;
+  SelectionSet saved_;
+
+ private:
+  using Reader = void (SelectionScreen::*)(const Selection&);
+  void open(const SelectionSet& set, Reader read);
+  void save();
+};
+
+}  // namespace route
