@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// One comparison: the program's own work against the same work done bare, in the same run.
+struct Measure {
+  std::string name;
+  double aim = 0;                 ///< the ratio (program / bare) not to exceed
+  std::function<void()> prepare;  ///< before each turn of the program's work, not timed; may be empty
+  std::function<void()> program;
+  std::function<void()> bare;
+};
+
+/// What a measure came to: the best of several turns each, in seconds.
+struct Result {
+  std::string name;
+  double aim = 0;
+  double program = 0;
+  double bare = 0;
+  double ratio() const { return program / bare; }
+};
+
+/// Takes turns at the program's work and the bare work and keeps the best time of each.
+Result run(const Measure& measure, int turns);
+
+/// The measuring job: one route, made by the sample generator.
+struct Job {
+  std::string path;    ///< database file
+  int benchMarks = 0;  ///< of its only route
+};
+
+// One family of measures for each floor of the house.
+std::vector<Measure> startUpMeasures(const Job& job);
+std::vector<Measure> seihyouMeasures(const Job& job);
+
+/// Bytes of memory that a loaded route takes for each bench mark, at its peak.
+double memoryPerBenchMark(const Job& job);
+
+}  // namespace bench
