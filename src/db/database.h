@@ -11,8 +11,8 @@
 
 namespace db {
 
-/// An error of the job database. Its description is Japanese, names the table, column or file, and ends with the
-/// engine's own words.
+/// An error of the job database. Its description is Japanese, names the table, column or file, and ends with
+/// the engine's own words.
 class Error : public text::RuntimeError {
  public:
   explicit Error(const std::string& description)
@@ -25,12 +25,14 @@ enum class Access {
   Edit   ///< deleting, adding and changing records of one table as well
 };
 
-/// A column of a result: its position, counted from 0. Obtained once from Recordset::column, used for every record.
+/// A column of a result: its position, counted from 0. Obtained once from Recordset::column, used for every
+/// record.
 enum class Column : std::size_t {};
 
 /// The records that an SQL text selects, walked once from the first to the last.
 ///
-/// A new record set stands on its first record, or at the end when there is none. Every member may raise Error.
+/// A new record set stands on its first record, or at the end when there is none. Every member may raise
+/// Error.
 class Recordset {
  public:
   virtual ~Recordset() = default;
@@ -40,22 +42,24 @@ class Recordset {
   /// Goes on to the next record. At the end it is an Error.
   virtual void moveNext() = 0;
 
-  /// The column of that name, whatever its letter case. Where a result holds two columns of one name, the plain name
-  /// is the first of them and "A.標高", with the table's name or alias before the point, tells them apart.
-  /// Raises Error, naming the column, where the result has no such column.
+  /// The column of that name, whatever its letter case. Where a result holds two columns of one name, the
+  /// plain name is the first of them and "A.標高", with the table's name or alias before the point, tells
+  /// them apart. Raises Error, naming the column, where the result has no such column.
   virtual Column column(std::string_view name) const = 0;
   /// The value of a column in the present record. At the end it is an Error.
   virtual Value value(Column column) const = 0;
   /// The value of the column of that name in the present record.
   Value field(std::string_view name) const { return value(column(name)); }
 
-  /// Begins a new record, all fields Null. Only on a record set opened with Access::Edit, like all that follow.
+  /// Begins a new record; a field that is not set takes the table's default, which is Null where it names
+  /// none. Only on a record set opened with Access::Edit, like all that follow.
   virtual void addNew() = 0;
   /// Begins a change of the present record.
   virtual void edit() = 0;
   /// Sets a field of the record that addNew or edit began; the column must be one of the table.
   virtual void set(std::string_view name, const Value& value) = 0;
-  /// Writes the record that addNew or edit began. After a new record the present record is what it was before.
+  /// Writes the record that addNew or edit began. After a new record the present record is what it was
+  /// before.
   virtual void update() = 0;
   /// Deletes the present record; moveNext goes on to the one after it.
   virtual void remove() = 0;
@@ -72,19 +76,23 @@ struct ColumnDefinition {
 
 /// An open job database.
 ///
-/// The SQL texts are those of the survey suite: MID(text, start, length) counting characters from 1, DISTINCTROW,
-/// "= Null" (never true), TEXT(n), unquoted Japanese names, and texts compared without their trailing blanks. Each
-/// engine makes them its own.
+/// The SQL texts are those of the survey suite: MID(text, start, length) counting characters from 1,
+/// DISTINCTROW, "= Null" (never true), TEXT(n), unquoted Japanese names, and texts compared without their
+/// trailing blanks. Each engine makes them its own. One statement at a time; a second one behind a semicolon
+/// is an Error.
 ///
-/// Writing takes effect record by record, as far as it came when something failed; yet it is gathered, so that all of
-/// it reaches the disk in one piece when the database is closed. A process that dies before leaves the old records.
-/// Where the medium itself refuses (disk full, read error), nothing of what was gathered is kept.
+/// Writing through an edit record set takes effect record by record, as far as it came when something failed;
+/// yet it is gathered, so that all of it reaches the disk in one piece when the database is closed. What is
+/// executed after such a record set was opened is gathered with it; what is executed before is on disk at
+/// once. A process that dies before the close leaves the old records. Where the medium itself refuses (disk
+/// full, read error), nothing of what was gathered is kept, nothing more can be written, and close raises
+/// Error.
 class Database {
  public:
   virtual ~Database() = default;
 
-  /// The records that `sql` (one SELECT) yields. With Access::Edit it must be "SELECT * FROM one table [WHERE …]";
-  /// other writers are kept out from here until close.
+  /// The records that `sql` (one SELECT) yields. With Access::Edit it must be "SELECT * FROM one table [WHERE
+  /// …]"; other writers are kept out from here until close.
   virtual std::unique_ptr<Recordset> openRecordset(std::string_view sql, Access access = Access::Read) = 0;
 
   /// Carries out one statement that yields no records (INSERT, DELETE, ALTER TABLE …).
@@ -93,20 +101,22 @@ class Database {
   /// The columns of a table in their order. Raises Error, naming the table, where there is none of that name.
   virtual std::vector<ColumnDefinition> tableDefinition(std::string_view table) = 0;
 
-  /// Brings what was written safely to disk and ends the connection. Raises Error where that fails; a second call does
-  /// nothing. The destructor does the same but cannot report: call close before you tell an operator "saved".
+  /// Brings what was written safely to disk and ends the connection. Raises Error where that fails; a second
+  /// call does nothing. The destructor does the same but cannot report: call close before you tell an
+  /// operator "saved".
   virtual void close() = 0;
 };
 
-/// Opens the job database at `path` (text as in the job context, "\" or "/" between folders) for reading and writing.
-/// Never creates one. Raises Error, naming the file, where it is missing, a folder, or no database.
+/// Opens the job database at `path` (text as in the job context, "\" or "/" between folders) for reading and
+/// writing. Never creates one. Raises Error, naming the file, where it is missing, a folder, or no database.
 std::unique_ptr<Database> openDatabase(std::string_view path);
 
-/// Makes a new, empty database file at `path` and opens it. Raises Error where a file is there already or cannot be made.
+/// Makes a new, empty database file at `path` and opens it. Raises Error where a file is there already or
+/// cannot be made.
 std::unique_ptr<Database> createDatabase(std::string_view path);
 
-/// Cuts a text of several SQL statements at its semicolons (those in quotes, names and comments apart). Comments and
-/// empty statements are left out.
+/// Cuts a text of several SQL statements at its semicolons (those in quotes, names and comments apart).
+/// Comments and empty statements are left out.
 std::vector<std::string> splitStatements(std::string_view script);
 
 }  // namespace db

@@ -9,8 +9,8 @@ namespace db {
 
 /// One field of a record as the database holds it: Null, a number or a text (UTF-8).
 ///
-/// Columns may be declared as numbers or as texts in a job database; whoever reads a value asks for its text and
-/// need not know which of the two it was.
+/// Columns may be declared as numbers or as texts in a job database; whoever reads a value asks for its text
+/// and need not know which of the two it was.
 class Value {
  public:
   /// Null.
