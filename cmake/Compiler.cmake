@@ -21,3 +21,7 @@ if(SEIKAHYOU_SANITIZE)
     target_compile_options(house_compiler INTERFACE -Wno-maybe-uninitialized)
   endif()
 endif()
+if(SEIKAHYOU_FUZZ)
+  # Every library tells the fuzzer which roads an input has taken.
+  target_compile_options(house_compiler INTERFACE -fsanitize=fuzzer-no-link)
+endif()
