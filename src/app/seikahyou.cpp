@@ -1,4 +1,4 @@
-#include "qt/run_program.h"
+#include "qt/program.h"
 
 /// seikahyou: the program in its windows. The whole command-line text is the path of the job database.
 int main(int argc, char** argv) { return qt::runProgram(argc, argv); }

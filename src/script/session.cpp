@@ -103,7 +103,7 @@ std::optional<Options> parseOptions(const std::vector<std::string>& words) {
 
 std::string usage() {
   return "使い方: seikahyou-script [--window] [--program-folder DIR] SCRIPT DATABASE\n"
-         "  --window              実際のウィンドウを操作します（なければ画面なしで動きます）\n"
+         "  --window              実際のウィンドウを操作します（指定しなければウィンドウなしで動きます）\n"
          "  --program-folder DIR  プログラムのフォルダとみなすフォルダ（JobSel.txt を探すところ）\n"
          "  SCRIPT                操作手順のファイル（UTF-8）、- は標準入力\n"
          "  DATABASE              ジョブのデータベース\n"
