@@ -1,5 +1,7 @@
 #include "ui/controls.h"
 
+#include <utility>
+
 #include "text/error.h"
 
 namespace ui {
@@ -43,6 +45,16 @@ void TextBox::setText(std::string_view text) {
 void TextBox::edit(std::string_view text) {
   if (enabled()) setText(text);
 }
+
+void TextBox::setValid(std::function<bool(std::string_view)> valid, std::string complaint) {
+  valid_ = std::move(valid);
+  complaint_ = std::move(complaint);
+  notify();
+}
+
+bool TextBox::looksValid() const { return !valid_ || valid_(text()); }
+
+std::string TextBox::complaint() const { return looksValid() ? std::string() : complaint_; }
 
 void ItemControl::addItem(std::string_view item) {
   items_.emplace_back(item);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -101,6 +102,17 @@ class TextBox : public TextControl {
   void setText(std::string_view text) override;
   /// The operator has changed the text to this one: one change.
   void edit(std::string_view text);
+
+  /// Says which texts the box is meant for, and what is wrong with any other ("日付ではありません"). Nothing
+  /// is refused: a window shows such a text as wrong while it is typed, and that is all.
+  void setValid(std::function<bool(std::string_view text)> valid, std::string complaint);
+  bool looksValid() const;
+  /// What is wrong with the text; "" where it looks valid.
+  std::string complaint() const;
+
+ private:
+  std::function<bool(std::string_view)> valid_;
+  std::string complaint_;
 };
 
 /// A control with items of which one may be chosen.
