@@ -97,6 +97,7 @@ Route Party::route(const std::string& number, const char* category, int count, b
 
 void Party::addSecondEnd(Route& route, int count) {
   const Observation how = observation();
+  walk_.follow(walk_.section(0));  // it begins elsewhere
   const std::vector<Mark> second = survey(walk_, how, numbers(count, false), precision_);
   route.marks.insert(route.marks.end(), second.begin(), second.end());
 }
