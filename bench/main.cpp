@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
   sample::Options options;
   options.folder = folder.string();
   options.benchMarks = benchMarks;
-  sample::make(options);
+  sample::makeSampleJob(options, folder.string());
   const bench::Job job{(folder / "job.sqlite").string(), benchMarks};
 
   const double memory = bench::memoryPerBenchMark(job);
