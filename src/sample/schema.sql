@@ -6,6 +6,8 @@
 --
 -- The index over a route has SaveOrder before DataKubun: a route is read in the order of SaveOrder, with its category
 -- or without one, and results are joined to observations by SaveOrder alone as well as together with the category.
+-- SaveOrder is a number, yet declared with the collation of the texts: only so can a join that compares every key
+-- without trailing blanks walk the index.
 
 -- ---------------------------------------------------------------------------------------------- jobs and folders
 
@@ -28,7 +30,7 @@ CREATE TABLE KansokuSeikaData (
   事業番号         TEXT COLLATE RTRIM,     -- project number
   路線番号         TEXT COLLATE RTRIM,     -- route number, 8 characters; 3 to 6 name its family
   DataKubun        TEXT(1) COLLATE RTRIM,  -- data category, "0" to "4"
-  SaveOrder        INTEGER,                -- order along the route
+  SaveOrder        INTEGER COLLATE RTRIM,  -- order along the route
   標石番号         TEXT COLLATE RTRIM,     -- bench-mark number
   都道府県         TEXT,
   郡市             TEXT,
@@ -50,7 +52,7 @@ CREATE TABLE KansokuData (
   事業番号     TEXT COLLATE RTRIM,
   路線番号     TEXT COLLATE RTRIM,
   DataKubun    TEXT(1) COLLATE RTRIM,
-  SaveOrder    INTEGER,
+  SaveOrder    INTEGER COLLATE RTRIM,
   自標石番号   TEXT COLLATE RTRIM,         -- start of the section
   至標石番号   TEXT COLLATE RTRIM,         -- its end
   観測年月日   TEXT(10),
@@ -99,7 +101,7 @@ CREATE TABLE KansokuSeikaDataSeihyou (
   事業番号         TEXT COLLATE RTRIM,
   路線番号         TEXT COLLATE RTRIM,
   DataKubun        TEXT(1) COLLATE RTRIM,
-  SaveOrder        INTEGER,
+  SaveOrder        INTEGER COLLATE RTRIM,
   水準点番号       TEXT COLLATE RTRIM,
   標高             REAL,
   備考1            TEXT,
@@ -116,7 +118,7 @@ CREATE INDEX KansokuSeikaDataSeihyouRoute
 
 CREATE TABLE KansokuSeikaDataDaen (
   JobId            TEXT COLLATE RTRIM NOT NULL,
-  SaveOrder        INTEGER,
+  SaveOrder        INTEGER COLLATE RTRIM,
   事業番号         TEXT COLLATE RTRIM,
   路線番号         TEXT COLLATE RTRIM,
   標石番号         TEXT COLLATE RTRIM,
@@ -134,7 +136,7 @@ CREATE INDEX KansokuSeikaDataDaenRoute ON KansokuSeikaDataDaen (JobId, 事業番
 -- One record per computed section; latitudes in minutes.
 CREATE TABLE DaenHoseiChiHyouData (
   JobId         TEXT COLLATE RTRIM NOT NULL,
-  SaveOrder     INTEGER,
+  SaveOrder     INTEGER COLLATE RTRIM,
   事業番号      TEXT COLLATE RTRIM,
   路線番号      TEXT COLLATE RTRIM,
   自首末地      TEXT,                      -- latitude of the start, degrees and minutes
@@ -156,7 +158,7 @@ CREATE INDEX DaenHoseiChiHyouDataRoute ON DaenHoseiChiHyouData (JobId, 事業番
 
 CREATE TABLE KansokuSeikaDataHend (
   JobId                       TEXT COLLATE RTRIM NOT NULL,
-  SaveOrder                   INTEGER,
+  SaveOrder                   INTEGER COLLATE RTRIM,
   事業番号                    TEXT COLLATE RTRIM,
   路線番号                    TEXT COLLATE RTRIM,
   標石番号                    TEXT COLLATE RTRIM,
@@ -192,7 +194,7 @@ CREATE INDEX KansokuSeikaDataHendRoute ON KansokuSeikaDataHend (JobId, 事業番
 
 CREATE TABLE HendHoseiChiHyouData (
   JobId         TEXT COLLATE RTRIM NOT NULL,
-  SaveOrder     INTEGER,
+  SaveOrder     INTEGER COLLATE RTRIM,
   事業番号      TEXT COLLATE RTRIM,
   路線番号      TEXT COLLATE RTRIM,
   DataKubun     TEXT(1) COLLATE RTRIM,
@@ -209,7 +211,7 @@ CREATE TABLE KansokuSeikaDataTanrosen (
   事業番号         TEXT COLLATE RTRIM,
   路線番号         TEXT COLLATE RTRIM,
   DataKubun        TEXT(1) COLLATE RTRIM,
-  SaveOrder        INTEGER,
+  SaveOrder        INTEGER COLLATE RTRIM,
   水準点番号       TEXT COLLATE RTRIM,
   距離             REAL,
   標高             REAL,
@@ -229,7 +231,7 @@ CREATE INDEX KansokuSeikaDataTanrosenRoute
 -- program adds RosenEndFlg when it first opens them.
 CREATE TABLE KansokuSeikaDataHKSNB (
   JobId           TEXT COLLATE RTRIM NOT NULL,
-  SaveOrder       INTEGER,
+  SaveOrder       INTEGER COLLATE RTRIM,
   事業番号        TEXT COLLATE RTRIM,
   路線番号        TEXT COLLATE RTRIM,
   変動観測簿No    TEXT COLLATE RTRIM,      -- book number
