@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace qt {
+
+class GridView;
+
+/// Paints the cells of a grid: those that can be typed into white, the others slightly grey, the selection
+/// tinted with the text still readable, and a strong frame around the cell that keys go to.
+class GridPainter : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  /// `view` owns the painter.
+  explicit GridPainter(GridView& view);
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ private:
+  void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+  void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+  void paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const;
+
+  GridView& view_;
+};
+
+}  // namespace qt

@@ -1,0 +1,135 @@
+#include "qt/grid_view.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QInputMethod>
+#include <algorithm>
+#include <utility>
+
+#include "qt/convert.h"
+#include "qt/grid_painter.h"
+
+namespace qt {
+namespace {
+
+constexpr int rowMargin = 6;     // pixels above and below the text of a row, together
+constexpr int headerMargin = 8;  // the same in the header
+
+}  // namespace
+
+GridView::GridView(QWidget* parent) : QTableView(parent) {
+  setModel(&model_);
+  setItemDelegate(new GridPainter(*this));
+  setUpLook();
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fitLastColumn(); });
+}
+
+void GridView::setUpLook() {
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setAutoScroll(false);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setMinimumSectionSize(1);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(false);
+}
+
+void GridView::setGrid(ui::Grid* grid, Act act) {
+  grid_ = grid;
+  act_ = std::move(act);
+  model_.setGrid(grid);
+}
+
+void GridView::act(const std::function<void()>& what) {
+  if (grid_ != nullptr) act_(what);
+}
+
+void GridView::showGrid() {
+  const bool filledAnew = model_.flush();
+  const int height = grid_->rowHeight() > 0 ? toPixels(static_cast<float>(grid_->rowHeight()))
+                                            : fontMetrics().height() + rowMargin;
+  if (verticalHeader()->defaultSectionSize() != height) verticalHeader()->setDefaultSectionSize(height);
+  showColumns();
+  showSelection();
+  showInputMethod();
+  if (filledAnew)
+    scrollToTop();
+  else if (follow_)
+    scrollTo(indexOf(grid_->keyRow(), grid_->keyCol()));
+  follow_ = false;
+}
+
+/// Widths that the operator has drawn stay until the program sets others.
+void GridView::showColumns() {
+  std::vector<int> widths;
+  for (int col = 0; col < grid_->cols(); ++col) widths.push_back(grid_->colWidth(col));
+  horizontalHeader()->setFixedHeight(fontMetrics().height() * std::max(grid_->fixedRows(), 1) + headerMargin);
+  horizontalHeader()->setVisible(grid_->fixedRows() > 0);
+  if (widths == widths_) return;
+  widths_ = std::move(widths);
+  fitting_ = true;
+  for (int col = 0; col < grid_->cols(); ++col) {
+    const int twips = widths_[static_cast<std::size_t>(col)];
+    setColumnHidden(col, twips <= 0);
+    if (twips > 0) setColumnWidth(col, toPixels(static_cast<float>(twips)));
+  }
+  fitting_ = false;
+  fitLastColumn();
+}
+
+/// The last visible column takes what the others leave, but never less than its own width.
+void GridView::fitLastColumn() {
+  if (fitting_ || grid_ == nullptr || static_cast<int>(widths_.size()) != grid_->cols()) return;
+  const int last = edgeColumn(-1);
+  if (last < 0) return;
+  int others = 0;
+  for (int col = 0; col < grid_->cols(); ++col)
+    if (col != last && !isColumnHidden(col)) others += columnWidth(col);
+  const int own = toPixels(static_cast<float>(widths_[static_cast<std::size_t>(last)]));
+  fitting_ = true;
+  setColumnWidth(last, std::max(own, viewport()->width() - others));
+  fitting_ = false;
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  fitLastColumn();
+}
+
+void GridView::showSelection() {
+  const QModelIndex current = indexOf(grid_->row(), grid_->col());
+  const QModelIndex end = indexOf(grid_->rowSel(), grid_->colSel());
+  if (!current.isValid() || !end.isValid()) return selectionModel()->clear();
+  const QModelIndex topLeft =
+      model_.index(std::min(current.row(), end.row()), std::min(current.column(), end.column()));
+  const QModelIndex bottomRight =
+      model_.index(std::max(current.row(), end.row()), std::max(current.column(), end.column()));
+  selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+  selectionModel()->select(QItemSelection(topLeft, bottomRight), QItemSelectionModel::ClearAndSelect);
+  viewport()->update();
+}
+
+/// Input methods are let in where text may be typed, and only there.
+void GridView::showInputMethod() {
+  const bool text = grid_ != nullptr && grid_->cellUse(grid_->keyRow(), grid_->keyCol()) == ui::CellUse::Text;
+  if (testAttribute(Qt::WA_InputMethodEnabled) != text) setAttribute(Qt::WA_InputMethodEnabled, text);
+  if (!text) preedit_.clear();
+  if (hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImEnabled | Qt::ImCursorRectangle);
+}
+
+QModelIndex GridView::indexOf(int row, int col) const { return model_.index(row - model_.headerRows(), col); }
+
+bool GridView::isKeyCell(const QModelIndex& index) const {
+  return grid_ != nullptr && index == indexOf(grid_->keyRow(), grid_->keyCol());
+}
+
+bool GridView::rangeSelected() const {
+  return grid_ != nullptr && (grid_->row() != grid_->rowSel() || grid_->col() != grid_->colSel());
+}
+
+}  // namespace qt

@@ -1,0 +1,79 @@
+#include "qt/program.h"
+
+#include <utility>
+
+#include "platform/system.h"
+#include "qt/application.h"
+#include "qt/convert.h"
+#include "qt/forms.h"
+#include "qt/window_desktop.h"
+#include "shell/program.h"
+
+namespace qt {
+namespace {
+
+/// A box without a title of its own carries that of its window.
+void ask(QMessageBox& box) {
+  if (box.windowTitle().isEmpty() && box.parentWidget() != nullptr)
+    box.setWindowTitle(box.parentWidget()->windowTitle());
+  box.exec();
+}
+
+/// The program on its desk of windows.
+class Session {
+ public:
+  Session(Application& application, shell::CommandLine commandLine)
+      : desktop_(Opening::Comfortable, owner()), program_(std::move(commandLine), desktop_) {
+    application.whenFailed([this](std::exception_ptr error) { fail(error); });
+  }
+
+  /// The windows let go of the open screen before it is freed.
+  ~Session() {
+    if (program_.screen() != nullptr) desktop_.hide(*program_.screen());
+  }
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  int run() {
+    desktop_.act([this] { program_.start(); });
+    return program_.screen() == nullptr || status_ != 0 ? status_ : QApplication::exec();
+  }
+
+ private:
+  DesktopOwner owner() {
+    return {.ask = ask,
+            .failed = [this](std::exception_ptr error) { fail(error); },
+            .settled = [this] { endWithoutScreen(); },
+            .sweep = [this] { program_.sweep(); },
+            .setUpForm = setUpForm};
+  }
+
+  void endWithoutScreen() {
+    if (program_.screen() == nullptr) QApplication::exit(status_);
+  }
+
+  /// Nothing goes on after such an error: what the screen holds may be half done.
+  void fail(const std::exception_ptr& error) {
+    if (std::exchange(status_, 1) != 0) return;
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("エラー"),
+                    toQString(describe(error)) + QStringLiteral("\n\nプログラムを終了します。"),
+                    QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+    QApplication::exit(status_);
+  }
+
+  int status_ = 0;
+  WindowDesktop desktop_;
+  shell::Program program_;
+};
+
+}  // namespace
+
+int runProgram(int argc, char** argv) {
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  Application application(argc > 0 ? argv[0] : "seikahyou");
+  return Session(application, {platform::commandLineText(argc, argv), platform::programFolder()}).run();
+}
+
+}  // namespace qt

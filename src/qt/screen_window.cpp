@@ -1,0 +1,96 @@
+#include "qt/screen_window.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <algorithm>
+#include <utility>
+
+#include "qt/convert.h"
+
+namespace qt {
+
+ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<void(QMainWindow&)>& setUp)
+    : screen_(&screen), host_(host) {
+  setUp(*this);
+  setWindowTitle(toQString(screen.caption()));
+  for (ui::Control* control : screen.controls()) bindings_.push_back(bind(*control, *this, host));
+  for (const auto& binding : bindings_) binding->tie();
+  centralWidget()->installEventFilter(this);
+}
+
+ScreenWindow::~ScreenWindow() { letGo(); }
+
+void ScreenWindow::letGo() {
+  for (const auto& binding : bindings_) binding->untie();
+  screen_ = nullptr;
+}
+
+void ScreenWindow::refresh() {
+  for (const auto& binding : bindings_) binding->refresh();
+}
+
+void ScreenWindow::open(const QSize& client, bool maximised) {
+  setClientSize(client);
+  maximised ? showMaximized() : show();
+  if (!maximised) setClientSize(client);
+}
+
+/// The window is the client and whatever stands around it; how much that is shows once it is laid out.
+void ScreenWindow::setClientSize(const QSize& client) {
+  const int menuHeight = menuWidget() == nullptr ? 0 : menuWidget()->sizeHint().height();
+  const QSize around = isVisible() ? size() - clientSize() : QSize(0, menuHeight);
+  resize(client + around);
+  layout()->activate();
+}
+
+void ScreenWindow::resizeClient(float width, float height) {
+  const QSize wanted = toPixels(width, height);
+  settingSize_ = true;
+  setClientSize(wanted);
+  settingSize_ = false;
+  const QSize got = clientSize();
+  host_.act([&] {
+    screen_->resize(got.width() == wanted.width() ? width : static_cast<float>(toTwips(got.width())),
+                    got.height() == wanted.height() ? height : static_cast<float>(toTwips(got.height())));
+  });
+}
+
+void ScreenWindow::clientResized() {
+  sizeWaits_ = false;
+  const QSize client = clientSize();
+  if (screen_ == nullptr || settingSize_ || client == toPixels(screen_->width(), screen_->height())) return;
+  sizeWaits_ = host_.busy();
+  if (sizeWaits_) return;
+  host_.act([&] {
+    screen_->resize(static_cast<float>(toTwips(client.width())),
+                    static_cast<float>(toTwips(client.height())));
+  });
+}
+
+void ScreenWindow::catchUpSize() {
+  if (sizeWaits_) clientResized();
+}
+
+QObject* ScreenWindow::shown(const ui::Control& control) const {
+  const auto found = std::find_if(bindings_.begin(), bindings_.end(),
+                                  [&](const auto& binding) { return &binding->control() == &control; });
+  return found == bindings_.end() ? nullptr : &(*found)->shown();
+}
+
+bool ScreenWindow::hasGrid() const {
+  return std::any_of(bindings_.begin(), bindings_.end(),
+                     [](const auto& binding) { return binding->control().kind() == ui::Kind::Grid; });
+}
+
+/// The close box ends the screen; the window goes when the screen has gone.
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+  event->setAccepted(screen_ == nullptr);
+  if (screen_ != nullptr) host_.act([this] { screen_->unload(); });
+}
+
+bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == centralWidget() && event->type() == QEvent::Resize) clientResized();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace qt

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <vector>
+
+#include "qt/binding.h"
+#include "ui/screen.h"
+
+namespace qt {
+
+/// The window of a screen: its form, with every control tied to the widget of its name.
+///
+/// The client size is that of the central widget, without the menu bar. Sizes of the screen are in twips.
+class ScreenWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// `setUp` puts the form's widgets into the window. Throws std::logic_error where form and screen do not
+  /// fit.
+  ScreenWindow(ui::Screen& screen, Host& host, const std::function<void(QMainWindow&)>& setUp);
+  ~ScreenWindow() override;
+
+  /// The screen; null once the window has let go of it.
+  const ui::Screen* screen() const { return screen_; }
+  /// Lets go of the screen and its controls, which may be freed thereafter.
+  void letGo();
+  /// Shows what has changed.
+  void refresh();
+  /// Tells the screen of a size that came while an act was under way.
+  void catchUpSize();
+
+  /// Opens the window with this client size in pixels.
+  void open(const QSize& client, bool maximised);
+  QSize clientSize() const { return centralWidget()->size(); }
+  /// The operator gives the window another client size, in twips.
+  void resizeClient(float width, float height);
+
+  /// The widget or action that shows `control`; null where it is none of this window.
+  QObject* shown(const ui::Control& control) const;
+  /// True for a screen of work, with a grid; false for a menu.
+  bool hasGrid() const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void setClientSize(const QSize& client);
+  void clientResized();
+
+  ui::Screen* screen_;
+  Host& host_;
+  std::vector<std::unique_ptr<Binding>> bindings_;
+  bool settingSize_ = false;
+  bool sizeWaits_ = false;
+};
+
+}  // namespace qt

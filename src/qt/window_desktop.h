@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "qt/host.h"
+#include "qt/screen_window.h"
+#include "ui/desktop.h"
+
+namespace qt {
+
+/// With which size windows open.
+enum class Opening {
+  Design,      ///< exactly as the screen was designed
+  Comfortable  ///< larger where the display has room; the next one like the operator left the last one
+};
+
+/// What the owner of a desktop brings to it.
+struct DesktopOwner {
+  /// Shows the message box and returns when it has been answered.
+  std::function<void(QMessageBox& box)> ask;
+  /// An act ended with an error that nothing in the program trapped. No further act is run.
+  std::function<void(std::exception_ptr error)> failed;
+  /// An act is over and every window shows the new state.
+  std::function<void()> settled;
+  /// Between two events, nothing of the windows refers to unloaded screens any more: they may be freed.
+  std::function<void()> sweep;
+  /// Puts the form of a screen into a window.
+  std::function<void(std::string_view screen, QMainWindow& window)> setUpForm;
+};
+
+/// The desk of real windows.
+class WindowDesktop : public ui::Desktop, public Host {
+ public:
+  WindowDesktop(Opening opening, DesktopOwner owner);
+  ~WindowDesktop() override;
+
+  void message(const ui::Message& message) override;
+  void setMousePointer(ui::Pointer pointer) override;
+  void breathe() override;
+  void show(ui::Screen& screen) override;
+  void hide(ui::Screen& screen) override;
+
+  void act(const std::function<void()>& what) override;
+  bool busy() const override { return busy_; }
+  void stale() override;
+
+  /// Shows what has changed, now.
+  void refresh();
+  /// Frees the windows of unloaded screens, and tells the owner. Does nothing while an act is under way.
+  void sweep();
+
+  /// The window of an open screen, null for none.
+  ScreenWindow* windowOf(const ui::Screen& screen) const;
+  /// The widget or action that shows a control of an open screen, null for none.
+  QObject* shown(const ui::Control& control) const;
+
+ private:
+  struct LastSize {
+    QSize client;
+    bool maximised = false;
+  };
+
+  void settle();
+  void later(void (WindowDesktop::*what)());
+  void open(ScreenWindow& window);
+  void remember(const ScreenWindow& window);
+  QSize comfortable(const ScreenWindow& window) const;
+
+  Opening opening_;
+  DesktopOwner owner_;
+  std::vector<std::unique_ptr<ScreenWindow>> windows_;
+  std::vector<std::unique_ptr<ScreenWindow>> leaving_;
+  std::optional<LastSize> last_;
+  std::exception_ptr error_;
+  bool busy_ = false;
+  bool refreshWaits_ = false;
+  bool hourglass_ = false;
+  QObject turns_;  ///< takes the calls that wait for the next turn of the event loop
+};
+
+}  // namespace qt
