@@ -6,6 +6,7 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
                                  const job::JobContext& context, ui::Desktop& desktop, float width,
                                  float height)
     : Screen(names.screen, names.caption, desktop, width, height),
+      SSTab1("SSTab1", this, names.pages),
       openButton(names.openButton, this, names.openCaption),
       reopenButton(names.reopenButton, this, names.reopenCaption),
       clearItem(names.menuItem + "(0)", this, "クリア(&C)"),

@@ -16,7 +16,7 @@ namespace route {
 /// buttons to openObserved and openSaved, with an error trap or without.
 class SelectionScreen : public ui::Screen {
  public:
-  ui::TabControl SSTab1{"SSTab1", this, 2};
+  ui::TabControl SSTab1;
   ui::ComboBox cmbJIgyoBango1{"cmbJIgyoBango1", this};
   ui::ComboBox cmbRosenBango1{"cmbRosenBango1", this};
   ui::Button openButton;
@@ -42,6 +42,7 @@ class SelectionScreen : public ui::Screen {
     std::string menuItem;                         ///< name of the menu items, without index
     std::string resultTable;                      ///< table of the saved results
     CategoryRule openRule = CategoryRule::Plain;  ///< category rule of the first selection set
+    int pages = 2;                                ///< pages of SSTab1
   };
 
   /// The controls of the data category, none of them on a screen that works in category "0" alone.
