@@ -54,6 +54,7 @@ class Translation {
       }
       result += written(n);
       if (marked_[n]) result += withoutTrailingBlanks;
+      if (marked_[n] && i + 1 < all_.size() && needsBlankBefore(all_[i + 1])) result += ' ';
       ++n;
     }
     return result;
@@ -64,6 +65,11 @@ class Translation {
   std::size_t count() const { return index_.size(); }
   bool isSign(std::size_t n, std::string_view sign) const { return n < count() && isOperator(at(n), sign); }
   bool isKey(std::size_t n, std::string_view word) const { return n < count() && isWord(at(n), word); }
+
+  /// True where the token would run into a word before it: 'x'AND.
+  static bool needsBlankBefore(const Token& token) {
+    return !isInsignificant(token) && token.kind != TokenKind::Operator;
+  }
 
   static bool isRecordStatement(const Token& token) {
     static constexpr std::array<std::string_view, 7> words = {"SELECT",  "INSERT", "UPDATE", "DELETE",
