@@ -1,0 +1,185 @@
+#include "hend/calculation.h"
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+
+#include "hend/columns.h"
+#include "route/selection.h"
+#include "text/date.h"
+#include "text/number.h"
+#include "text/padding.h"
+#include "ui/grid_helpers.h"
+
+namespace hend {
+namespace {
+
+constexpr double tenthsOfMillimetre = 10000;  // in a metre; whole numbers of them are exact in a double
+
+bool isBlank(std::string_view text) { return text::trimmed(text).empty(); }
+
+/// Days from one date text to another; nothing where one of them is blank.
+std::optional<int> days(std::string_view from, std::string_view to) {
+  if (isBlank(from) || isBlank(to)) return std::nullopt;
+  return daysBetween(text::Date::read(from), text::Date::read(to));
+}
+
+/// The date halfway between two date texts, an odd day counted towards the later one; blank where one of them
+/// is.
+std::string halfway(std::string_view a, std::string_view b) {
+  const std::optional<int> between = days(a, b);
+  if (!between) return {};
+  const text::Date earlier = text::Date::read(*between < 0 ? b : a);
+  const double apart = *between < 0 ? -*between : *between;
+  return earlier.plus(static_cast<int>(text::Int(apart / 2 + 0.5))).text();
+}
+
+/// The walk along the grid: counts of days and the daily change are carried from bench mark to bench mark.
+class Walk {
+ public:
+  Walk(ui::Grid& grid, std::string_view referenceDate, job::Grade grade)
+      : grid_(grid), referenceDate_(referenceDate), grade_(grade) {}
+
+  /// Takes the bench mark on `row`.
+  void benchMark(int row) {
+    ui::FcGridMoveRow(grid_, row);
+    countDays(row, grid_.text(row, colOldDate), grid_.text(row, colNewDate));
+    const std::string& mark = grid_.text(row, colMark);
+    if (mark == route::routeEnd) {
+      forwardRun_.reset();
+    } else if (mark == route::repeatedPoint) {
+      repeatedPoint(row);
+    } else if (isNewPoint(grid_, row)) {
+      newPoint(row);
+    } else {
+      section(row + 1);
+    }
+  }
+
+ private:
+  double number(int row, int col) const { return text::readNumber(grid_.text(row, col)); }
+  bool blank(int row, int col) const { return isBlank(grid_.text(row, col)); }
+  void writeMetres(int row, int col, double metres) {
+    grid_.setText(row, col, grade_.heights().format(metres));
+  }
+  void writeDays(int row, int col, int count) { grid_.setText(row, col, std::to_string(count)); }
+
+  void countDays(int row, std::string_view oldDate, std::string_view newDate) {
+    const std::optional<int> newOld = days(oldDate, newDate);
+    const std::optional<int> reference = days(newDate, referenceDate_);
+    if (newOld) writeDays(row, colDaysNewOld, daysNewOld_ = *newOld);
+    if (reference) writeDays(row, colDaysReference, daysReference_ = *reference);
+  }
+
+  void section(int row) {
+    ui::FcGridMoveRow(grid_, row);
+    compare(row, number(row, colNewHeight), number(row, colOldHeight));
+  }
+
+  /// Writes what follows from a new and an old height difference (m) to `row`.
+  void compare(int row, double newHeight, double oldHeight) {
+    const double newTenths = newHeight * tenthsOfMillimetre;
+    const double oldTenths = oldHeight * tenthsOfMillimetre;
+    carry(row, newTenths / tenthsOfMillimetre, (newTenths - oldTenths) / tenthsOfMillimetre);
+  }
+
+  /// Carries a new height difference to the reference date by the difference between the epochs (m). The
+  /// correction counts as it is shown.
+  void carry(int row, double newHeight, double difference) {
+    if (daysNewOld_ != 0) rate_ = difference / daysNewOld_;
+    const std::string correction = grade_.heights().format(rate_ * daysReference_);
+    writeMetres(row, colDifference, difference);
+    grid_.setText(row, colRate, dailyChange().format(rate_));
+    grid_.setText(row, colCorrection, correction);
+    writeMetres(row, colResult, text::readNumber(correction) + newHeight);
+  }
+
+  /// The old section that this point parts begins at the bench mark before it; where no section leads here,
+  /// as at the first bench mark of a route, it parts none.
+  void newPoint(int row) {
+    const int before = row - 2;
+    const int above = row - 1;
+    if (before < 1 || blank(above, colNewHeight)) return;
+    ui::FcGridMoveRow(grid_, row + 1);
+    const std::string date = halfway(grid_.text(before, colNewDate), grid_.text(row, colNewDate));
+    if (!date.empty()) grid_.setText(above, colNewDate, date);
+    writeMetres(row, colNewHeight, number(above, colNewHeight) + number(row + 1, colNewHeight));
+    if (blank(above, colOldHeight)) return;
+    grid_.setText(row, colOldHeight, grid_.text(above, colOldHeight));
+    countDays(row, grid_.text(before, colOldDate), date);
+    compare(row, number(row, colNewHeight), number(row, colOldHeight));
+    for (const int col : {colDifference, colRate, colCorrection, colResult}) grid_.setText(above, col, {});
+  }
+
+  /// The end of a run: the forward run is kept in mind, the backward run completes the pair.
+  void repeatedPoint(int row) {
+    const int start = row - 2;
+    if (start < 1) return;
+    const std::string_view run = text::right(text::trimmed(grid_.text(start, colBenchMark)), 1);
+    if (run == "F") forwardRun_ = start;
+    if (run != "B" || !forwardRun_) return;
+    ui::FcGridMoveRow(grid_, row + 1);
+    meanOfRuns(row, *forwardRun_, start);
+    forwardRun_.reset();
+  }
+
+  /// `forward`, `backward`: the bench-mark rows where the runs begin.
+  void meanOfRuns(int row, int forward, int backward) {
+    const std::optional<double> newHeight = meanHeight(row + 1, colNewHeight, forward + 1, backward + 1);
+    meanHeight(row + 1, colOldHeight, forward + 1, backward + 1);
+    const std::optional<double> difference = meanHeight(row + 1, colDifference, forward + 1, backward + 1);
+    meanDays(row, colDaysNewOld, forward, backward, daysNewOld_);
+    if (!isBlank(referenceDate_)) meanDays(row, colDaysReference, forward, backward, daysReference_);
+    if (difference) carry(row + 1, newHeight.value_or(0), *difference);
+  }
+
+  /// Writes the mean of two height differences (m), rounded to the grade's unit with halves upwards; nothing
+  /// where both are blank.
+  std::optional<double> meanHeight(int row, int col, int forward, int backward) {
+    if (blank(forward, col) && blank(backward, col)) return std::nullopt;
+    const double sum = number(forward, col) + number(backward, col);
+    const double mean = text::Int(sum / 2 * grade_.factor() + 0.5) / grade_.factor();
+    writeMetres(row, col, mean);
+    return mean;
+  }
+
+  void meanDays(int row, int col, int forward, int backward, int& count) {
+    if (blank(forward, col) && blank(backward, col)) return;
+    count = static_cast<int>(text::Int((number(forward, col) + number(backward, col)) / 2));
+    writeDays(row, col, count);
+  }
+
+  ui::Grid& grid_;
+  std::string_view referenceDate_;
+  job::Grade grade_;
+  int daysNewOld_ = 0;
+  int daysReference_ = 0;
+  double rate_ = 0;  // m per day
+  std::optional<int>
+      forwardRun_;  // bench-mark row where a forward run begins that waits for the backward one
+};
+
+}  // namespace
+
+void FcHendCalc(ui::Grid& grid, std::string_view referenceDate, job::Grade grade) {
+  Walk walk(grid, referenceDate, grade);
+  for (int row = 1; row < grid.rows(); row = text::toInt16(row + 2)) walk.benchMark(row);
+}
+
+void FcHendCalcResult(ui::Grid& grid, int row, job::Grade grade) {
+  const double height = text::readNumber(grid.text(row, colNewHeight));
+  const double correction = text::readNumber(grid.text(row, colCorrection));
+  grid.setText(row, colResult, grade.heights().format(height + correction));
+}
+
+bool isNewPoint(const ui::Grid& grid, int row) {
+  const std::string& mark = grid.text(row, colMark);
+  return mark != route::routeEnd && mark != route::repeatedPoint && isBlank(grid.text(row, colOldDate));
+}
+
+const text::Pattern& dailyChange() {
+  static const text::Pattern pattern("0.00E+00");
+  return pattern;
+}
+
+}  // namespace hend

@@ -1,0 +1,159 @@
+#include "hend/screen.h"
+
+#include <array>
+#include <string>
+
+#include "hend/calculation.h"
+#include "hend/columns.h"
+#include "hend/data.h"
+#include "route/records.h"
+#include "text/date.h"
+#include "text/padding.h"
+#include "ui/error_trap.h"
+#include "ui/grid_helpers.h"
+#include "ui/picture_paste.h"
+
+namespace hend {
+namespace {
+
+/// How a column of the grid looks.
+struct ColumnLook {
+  const char* header;
+  int width;  // twips, 0 hides it
+  ui::Align align;
+};
+
+constexpr auto left = ui::Align::Left;
+constexpr auto right = ui::Align::Right;
+constexpr std::array<ColumnLook, columnCount> columns = {{{"水準点", 1540, left},
+                                                          {"新観測年月日", 1260, left},
+                                                          {"新観測比高", 1120, right},
+                                                          {"旧観測年月日", 1260, left},
+                                                          {"旧観測比高", 1120, right},
+                                                          {"比高差", 1120, right},
+                                                          {"新－旧", 840, right},
+                                                          {"比高変化", 1120, right},
+                                                          {"基－新", 840, right},
+                                                          {"変動補正量", 1120, right},
+                                                          {"基準日比高", 1120, right},
+                                                          {"備考", 1960, left},
+                                                          {"SaveOrder", 0, left},
+                                                          {"データ形式", 1120, left},
+                                                          {"DataEndMark", 0, left}}};
+
+// Sizes in twips. The width shows all columns at once.
+constexpr float designWidth = 16500;
+constexpr float designHeight = 9000;
+
+/// No date at all is fine: then nothing is carried to a reference date.
+bool isDateOrBlank(std::string_view text) {
+  return text::trimmed(text).empty() || text::Date::parse(text).has_value();
+}
+
+}  // namespace
+
+fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
+    : SelectionScreen({.screen = "fHHsei",
+                       .caption = "変動補正計算",
+                       .openButton = "CmdHendDataOpen",
+                       .openCaption = "読込(&O)",
+                       .reopenButton = "CmdHendReOpen",
+                       .reopenCaption = "再読込(&R)",
+                       .menuItem = "m1item",
+                       .resultTable = context.tables.gTblKansokuSeikaDataHend},
+                      {}, context, desktop, designWidth, designHeight) {
+  SSTab1.put(0, {&Grid1});
+  SSTab1.put(
+      1, {&cmbJIgyoBango1, &cmbRosenBango1, &openButton, &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
+  txtKijunbi.setValid(isDateOrBlank, "日付ではありません");
+  openButton.onClick.handle([this] { openObserved(); });
+  reopenButton.onClick.handle([this] { openSaved(); });
+  CmdSettei.onClick.handle([this] {
+    const ui::Hourglass wait(this->desktop());
+    calculate();
+  });
+  on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
+  Grid1.setCellUse([this](int, int col) { return cellUse(col); });
+  Grid1.onKeyPress = [this](char32_t code) {
+    ui::trapped(&this->desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
+  };
+}
+
+void fHHsei::Form_Load() {
+  const ui::Hourglass wait(desktop());
+  setUpGrids();
+  SSTab1.setCurrent(1);
+  ui::trapped(&desktop(), "Form_Load", [this] {
+    observed_.fillProjects();
+    saved_.fillProjects();
+  });
+}
+
+void fHHsei::Form_Resize() {
+  const float across = width() / designWidth;
+  const float down = height() / designHeight;
+  SSTab1.setSize(across * 16260, down * 7900);
+  Grid1.setSize(across * 16020, down * 7300);
+}
+
+void fHHsei::setUpGrids() {
+  Grid1.setRows(2);
+  Grid1.setCols(columnCount);
+  Grid1.setFixed(1, 1);
+  Grid1.clearText();
+  Grid1.setCurrent(1, 1);
+  for (int col = 0; col < columnCount; ++col) {
+    const ColumnLook& look = columns[static_cast<std::size_t>(col)];
+    Grid1.setText(0, col, look.header);
+    Grid1.setColWidth(col, look.width);
+    Grid1.setAlign(col, look.align);
+  }
+}
+
+void fHHsei::openData(const route::Selection& selection) {
+  source_ = Source::Observation;
+  FcHendDBOpen(selection, context_, Grid1);
+  calculate();
+}
+
+void fHHsei::reopenData(const route::Selection& selection) {
+  source_ = Source::Saved;
+  std::string referenceDate = txtKijunbi.text();
+  FcHendDBReOpen(selection, context_, Grid1, referenceDate);
+  txtKijunbi.setText(referenceDate);
+  calculate();
+}
+
+void fHHsei::saveData(const route::Selection& selection) {
+  if (FcHendDBSave(selection, context_, Grid1, txtKijunbi.text())) route::reportSaved(desktop());
+}
+
+void fHHsei::clear() {
+  SelectionScreen::clear();
+  source_ = Source::None;
+}
+
+void fHHsei::calculate() { FcHendCalc(Grid1, txtKijunbi.text(), context_.grade()); }
+
+void fHHsei::pastePicture() {
+  const std::string picture = "成果表変動補正" + std::string(text::trimmed(cmbRosenBango1.text())) + ".bmp";
+  ui::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe", picture);
+}
+
+ui::CellUse fHHsei::cellUse(int col) const {
+  if (source_ == Source::None) return ui::CellUse::Shown;
+  if (col == colRemark) return ui::CellUse::Text;
+  if (col == colCorrection) return ui::CellUse::Number;
+  const bool isObservation = (col >= colNewDate && col <= colDaysReference) || col == colResult;
+  return source_ == Source::Saved && isObservation ? ui::CellUse::Number : ui::CellUse::Shown;
+}
+
+void fHHsei::Grid1_KeyPress(char32_t code) {
+  if (cellUse(Grid1.keyCol()) == ui::CellUse::Shown) return;
+  if (Grid1.keyCol() == colCorrection && code == ui::key::enter)
+    FcHendCalcResult(Grid1, Grid1.keyRow(), context_.grade());
+  else
+    ui::FcGridKeyEdit(Grid1, code);
+}
+
+}  // namespace hend
