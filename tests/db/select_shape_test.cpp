@@ -8,8 +8,7 @@ namespace {
 std::string sources(std::string_view sql) {
   std::string result;
   const db::SelectShape shape = db::selectShape(sql).value();
-  for (const db::SelectSource& source : shape.sources)
-    result += source.table + "/" + source.alias + " ";
+  for (const db::SelectSource& source : shape.sources) result += source.table + "/" + source.alias + " ";
   return result;
 }
 
