@@ -1,0 +1,208 @@
+#include "daen/data.h"
+
+#include <optional>
+#include <string>
+
+#include "daen/columns.h"
+#include "db/database.h"
+#include "route/observations.h"
+#include "route/records.h"
+#include "text/number.h"
+#include "text/padding.h"
+#include "ui/error_trap.h"
+#include "ui/grid_helpers.h"
+
+namespace daen {
+namespace {
+
+/// "JobId ='…' AND 事業番号 ='…'" and the route. `jobId` is the column's name as this query spells it.
+std::string routeKeys(const std::string& jobId, const job::JobContext& context,
+                      const route::Selection& selection) {
+  return jobId + " ='" + context.gJobId + "'" + " AND 事業番号 ='" + route::paddedKey(selection.jigyoBango) +
+         "'" + route::routeCondition(selection);
+}
+
+std::string loadSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + " WHERE " + " " +
+         routeKeys("JobId", context, selection) + route::loadCategoryCondition(selection.dataKubun) +
+         " ORDER BY DataKubun,SaveOrder";
+}
+
+std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + context.tables.gTblKansokuSeikaDataDaen + " WHERE  " +
+         routeKeys("JobId", context, selection) + route::plainCategoryCondition(selection.dataKubun);
+}
+
+std::string replacedSql(const job::JobContext& context, const route::Selection& selection) {
+  return "select * from " + context.tables.gTblKansokuSeikaDataDaen + " WHERE " +
+         routeKeys("JobID", context, selection) + route::plainCategoryCondition(selection.dataKubun);
+}
+
+/// What observed and saved records have in common: a bench-mark row and a segment row to each.
+class RouteRows {
+ public:
+  RouteRows(db::Recordset& records, const Formats& formats, ui::Grid& grid)
+      : formats_(formats), records_(records), grid_(grid) {}
+
+ protected:
+  /// Adds the two rows of the present record with what every record has. Returns false where the grid could
+  /// not take them (already reported).
+  bool addRows() {
+    benchMarkRow_ += 2;
+    if (!ui::FcGridMoveRow(grid_, benchMarkRow_) || !ui::FcGridMoveRow(grid_, segmentRow())) return false;
+    ends_ = text(flag_) == route::routeEnd;
+    set(benchMarkRow_, colBenchMark, text(benchMark_));
+    set(benchMarkRow_, colDataForm, text(dataKubun_));
+    set(benchMarkRow_, colSaveOrder, text(saveOrder_));
+    set(benchMarkRow_, colEndMark, text(flag_));
+    set(benchMarkRow_, colFlag, text(flag_));
+    if (!ends_)
+      set(segmentRow(), colDistance, route::formatted(records_.value(distance_), formats_.distance));
+    return true;
+  }
+
+  std::string text(db::Column column) const { return route::fieldText(records_, column); }
+  void set(int row, int col, const std::string& text) { grid_.setText(row, col, text); }
+  int benchMarkRow() const { return benchMarkRow_; }
+  int segmentRow() const { return benchMarkRow_ + 1; }
+  /// True where the present record ends a route.
+  bool ends() const { return ends_; }
+
+  const Formats& formats_;
+  db::Recordset& records_;
+
+ private:
+  ui::Grid& grid_;
+  const db::Column benchMark_ = records_.column("標石番号");
+  const db::Column distance_ = records_.column("距離");
+  const db::Column dataKubun_ = records_.column("DataKubun");
+  const db::Column saveOrder_ = records_.column("SaveOrder");
+  const db::Column flag_ = records_.column("RosenEndDataFlg");
+  int benchMarkRow_ = -1;
+  bool ends_ = false;
+};
+
+/// Lays observation records into the grid, one after another.
+class ObservedRows : public RouteRows {
+ public:
+  using RouteRows::RouteRows;
+
+  bool add() {
+    if (!addRows()) return false;
+    const db::Value own = records_.value(height_);
+    const db::Value difference = records_.value(difference_);
+    if (own.number() != 0) reached_ = own.number();
+    if (reached_) set(benchMarkRow(), colHeight, formats_.loaded.format(*reached_));
+    if (!ends()) set(segmentRow(), colHeight, route::formatted(difference, formats_.difference));
+    goOn(difference);
+    return true;
+  }
+
+ private:
+  /// The height that the mean difference leads to; none behind a route end or a section without one.
+  void goOn(const db::Value& difference) {
+    if (reached_ && !ends() && !db::FcNullToBlank(difference).empty())
+      *reached_ += difference.number();
+    else
+      reached_.reset();
+  }
+
+  const db::Column height_ = records_.column("標高");
+  const db::Column difference_ = records_.column("中数");
+  std::optional<double> reached_;  // m, unrounded
+};
+
+/// Lays saved records into the grid, one after another.
+class SavedRows : public RouteRows {
+ public:
+  using RouteRows::RouteRows;
+
+  bool add() {
+    if (!addRows()) return false;
+    set(benchMarkRow(), colHeight, route::formatted(records_.value(height_), formats_.loaded));
+    set(benchMarkRow(), colCorrection, route::formatted(records_.value(correction_), formats_.correction));
+    set(benchMarkRow(), colResult, route::formatted(records_.value(result_), formats_.height));
+    set(benchMarkRow(), colRemark, text(remark1_));
+    if (!ends()) set(segmentRow(), colRemark, text(remark2_));
+    return true;
+  }
+
+ private:
+  const db::Column height_ = records_.column("標高");
+  const db::Column correction_ = records_.column("楕円補正値");
+  const db::Column result_ = records_.column("楕円補正結果");
+  const db::Column remark1_ = records_.column("備考1");
+  const db::Column remark2_ = records_.column("備考2");
+};
+
+template <class Rows>
+void layInto(ui::Grid& grid, const std::string& sql, const job::JobContext& context, const Formats& formats) {
+  route::readRecords(context.gDbPath, sql, [&](db::Database&, db::Recordset& records) {
+    Rows rows(records, formats, grid);
+    route::layRecords(records, rows);
+  });
+}
+
+/// Adds one bench mark to the saved results; a route end has no segment behind it.
+void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
+               const ui::Grid& grid, int row) {
+  const bool ends = grid.text(row, colEndMark) == route::routeEnd;
+  const int segmentRow = ends || row + 1 >= grid.rows() ? 0 : row + 1;
+  records.addNew();
+  records.set("JobId", context.gJobId);
+  records.set("SaveOrder", text::Fix(text::readNumber(grid.text(row, colSaveOrder))));
+  records.set("事業番号", route::paddedKey(selection.jigyoBango));
+  records.set("路線番号", route::paddedKey(selection.rosenBango));
+  records.set("標石番号", grid.text(row, colBenchMark));
+  records.set("距離", route::sectionValue(grid, segmentRow, colDistance));
+  records.set("楕円補正値", route::cellValue(grid, row, colCorrection));
+  records.set("標高", route::cellValue(grid, row, colHeight));
+  records.set("楕円補正結果", route::cellValue(grid, row, colResult));
+  records.set("備考1", route::cellValue(grid, row, colRemark));
+  records.set("備考2", route::sectionValue(grid, segmentRow, colRemark));
+  records.set("DataKubun", selection.dataKubun);
+  records.set("RosenEndDataFlg", route::cellValue(grid, row, colEndMark));
+  records.update();
+}
+
+bool hasNumber(const ui::Grid& grid, int row) { return !text::trimmed(grid.text(row, colBenchMark)).empty(); }
+
+}  // namespace
+
+bool FcDHseiDBOpen(const route::Selection& selection, const job::JobContext& context, const Formats& formats,
+                   ui::Grid& Grid1) {
+  return ui::trapped(Grid1.desktop(), "FcDHseiDBOpen",
+                     [&] { layInto<ObservedRows>(Grid1, loadSql(context, selection), context, formats); });
+}
+
+bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& context,
+                     const Formats& formats, ui::Grid& Grid1) {
+  return ui::trapped(Grid1.desktop(), "FcDHseiDBReOpen",
+                     [&] { layInto<SavedRows>(Grid1, savedSql(context, selection), context, formats); });
+}
+
+bool FcDHseiSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& Grid1) {
+  return ui::trapped(Grid1.desktop(), "FcDHseiSave", [&] {
+    route::replaceRecords(context.gDbPath, replacedSql(context, selection), [&](db::Recordset& records) {
+      for (int row = 1; row < Grid1.rows(); row += 2) {
+        if (hasNumber(Grid1, row)) addRecord(records, selection, context, Grid1, row);
+        if (Grid1.text(row, colEndMark) == route::routeEnd) break;
+      }
+    });
+    if (Grid1.desktop() != nullptr) route::reportSaved(*Grid1.desktop());
+  });
+}
+
+bool FcDaenSetLstHyouseki(const ui::Grid& Grid1, ui::ListBox& LstHyousekiNo1, ui::ListBox& LstHyousekiNo2) {
+  return ui::trapped(Grid1.desktop(), "FcDaenSetLstHyouseki", [&] {
+    LstHyousekiNo1.clear();
+    LstHyousekiNo2.clear();
+    for (int row = 1; row < Grid1.rows(); row += 2) {
+      if (!hasNumber(Grid1, row)) continue;
+      LstHyousekiNo1.addItem(Grid1.text(row, colBenchMark));
+      LstHyousekiNo2.addItem(Grid1.text(row, colBenchMark));
+    }
+  });
+}
+
+}  // namespace daen

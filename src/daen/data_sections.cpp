@@ -1,0 +1,128 @@
+#include "daen/data_sections.h"
+
+#include <array>
+#include <string>
+
+#include "daen/columns.h"
+#include "db/database.h"
+#include "route/observations.h"
+#include "route/records.h"
+#include "text/padding.h"
+#include "ui/error_trap.h"
+
+namespace daen {
+namespace {
+
+constexpr std::size_t referenceStart = 42;  // character of an item at which its correction begins
+
+/// Fields of the section table in the order of the grid's columns.
+constexpr std::array<const char*, sectionColumnCount> fields = {
+    "自首末地", "至首末地", "自水準点番号", "至水準点番号", "B1", "B2", "B1_B2", "B1plusB2",
+    "k",        "H",        "CalK"};
+
+bool isNumberColumn(int col) { return col >= secB1; }
+
+const text::Pattern& reopened() {
+  static const text::Pattern pattern("#0.0#");
+  return pattern;
+}
+
+std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return "SELECT * FROM " + context.tables.gTblDaenHoseiChiHyouData + " WHERE JobId = '" + context.gJobId +
+         "'" + " AND 事業番号 ='" + route::paddedKey(selection.jigyoBango) + "'" + " AND 路線番号 ='" +
+         route::paddedKey(selection.rosenBango) + "'" + " AND DataKubun = '" + selection.dataKubun + "'";
+}
+
+std::string reopenSql(const job::JobContext& context, const route::Selection& selection) {
+  const std::string& table = context.tables.gTblDaenHoseiChiHyouData;
+  return " SELECT * FROM " + table + " WHERE " + " JobId ='" + context.gJobId + "'" + " AND " + table +
+         ".事業番号 ='" + route::paddedKey(selection.jigyoBango) + "'" + " AND " + table + ".路線番号 ='" +
+         route::paddedKey(selection.rosenBango) + "'" + " AND " + table + ".DataKubun" + "=" + "'" +
+         selection.dataKubun + "'" + " ORDER BY " + table + ".SaveOrder";
+}
+
+/// What both reference queries begin with.
+std::string projectSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + context.tables.gTblDaenHoseiChiHyouData + " WHERE JobId ='" + context.gJobId +
+         "'" + " AND 事業番号 ='" + route::paddedKey(selection.jigyoBango) + "'";
+}
+
+std::string otherRoutesSql(const job::JobContext& context, const route::Selection& selection) {
+  return projectSql(context, selection) + " AND 路線番号 <>'" + route::paddedKey(selection.rosenBango) + "'";
+}
+
+std::string otherCategoriesSql(const job::JobContext& context, const route::Selection& selection) {
+  return projectSql(context, selection) + " AND 路線番号 ='" + route::paddedKey(selection.rosenBango) + "'" +
+         " AND DataKubun <>'" + selection.dataKubun + "'";
+}
+
+void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
+               const ui::Grid& grid, int row) {
+  records.addNew();
+  records.set("JobId", context.gJobId);
+  records.set("SaveOrder", row);
+  records.set("事業番号", route::paddedKey(selection.jigyoBango));
+  records.set("路線番号", route::paddedKey(selection.rosenBango));
+  records.set("DataKubun", selection.dataKubun);
+  for (int col = 0; col < sectionColumnCount; ++col)
+    if (!grid.text(row, col).empty())
+      records.set(fields[static_cast<std::size_t>(col)], route::cellValue(grid, row, col));
+  records.update();
+}
+
+std::string referenceItem(const db::Recordset& record) {
+  const auto field = [&](const char* name, std::size_t width) {
+    return text::padded(db::FcNullToBlank(record.field(name)), width) + ";";
+  };
+  return field("事業番号", 9) + field("路線番号", 8) + field("自水準点番号", 10) + field("至水準点番号", 10) +
+         db::FcNullToBlank(record.field("k"));
+}
+
+void addReferences(const std::string& dbPath, const std::string& sql, ui::ListBox& list) {
+  route::readRecords(dbPath, sql, [&](db::Database&, db::Recordset& records) {
+    for (; !records.eof(); records.moveNext()) list.addItem(referenceItem(records));
+  });
+}
+
+void addSection(const db::Recordset& record, ui::Grid& grid) {
+  const int row = grid.rows() - 1;
+  grid.addItem({}, row);
+  for (int col = 0; col < sectionColumnCount; ++col) {
+    const db::Value value = record.field(fields[static_cast<std::size_t>(col)]);
+    grid.setText(row, col,
+                 isNumberColumn(col) ? route::formatted(value, reopened()) : db::FcNullToBlank(value));
+  }
+}
+
+}  // namespace
+
+bool FcDaenHoseichiHyouSave(const route::Selection& selection, const job::JobContext& context,
+                            const ui::Grid& Grid2) {
+  return ui::trapped(Grid2.desktop(), "FcDaenHoseichiHyouSave", [&] {
+    route::replaceRecords(context.gDbPath, savedSql(context, selection), [&](db::Recordset& records) {
+      for (int row = 1; row <= Grid2.rows() - 2; ++row) addRecord(records, selection, context, Grid2, row);
+    });
+  });
+}
+
+void reopenSections(const route::Selection& selection, const job::JobContext& context, ui::Grid& Grid2) {
+  route::readRecords(context.gDbPath, reopenSql(context, selection),
+                     [&](db::Database&, db::Recordset& records) {
+                       for (; !records.eof(); records.moveNext()) addSection(records, Grid2);
+                     });
+}
+
+bool FcSetLstSanshouDaen(const route::Selection& selection, const job::JobContext& context,
+                         ui::ListBox& LstSanshouDaen) {
+  return ui::trapped(LstSanshouDaen.desktop(), "FcSetLstSanshouDaen", [&] {
+    LstSanshouDaen.clear();
+    addReferences(context.gDbPath, otherRoutesSql(context, selection), LstSanshouDaen);
+    addReferences(context.gDbPath, otherCategoriesSql(context, selection), LstSanshouDaen);
+  });
+}
+
+std::string referenceOf(std::string_view item) {
+  return std::string(text::mid(text::trimmed(item), referenceStart));
+}
+
+}  // namespace daen

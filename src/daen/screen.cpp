@@ -1,0 +1,164 @@
+#include "daen/screen.h"
+
+#include <array>
+
+#include "daen/columns.h"
+#include "daen/data.h"
+#include "daen/data_sections.h"
+#include "text/number.h"
+#include "ui/grid_helpers.h"
+#include "ui/picture_paste.h"
+
+namespace daen {
+namespace {
+
+// Sizes in twips.
+constexpr float designWidth = 8955;
+constexpr float designHeight = 6105;
+constexpr int rowHeight = 260;
+constexpr int sectionColumnWidth = 1134;
+constexpr std::array<int, columnCount> columnWidths = {1400, 1134, 1134, 1134, 1134, 1701, 1134, 0, 0, 0};
+constexpr std::array<const char*, 9> headers = {"水準点", "距離(km)",   "標高(m)",   "楕円補(mm)", "結果(m)",
+                                                "備考",   "データ形式", "SaveOrder", "DataEndMark"};
+constexpr std::array<const char*, sectionColumnCount> sectionHeaders = {
+    "自首末地", "至首末地", "自水準点",   "至水準点", "B1",        "B2",
+    "B1-B2",    "B1 + B2",  "楕円補正値", "平均標高", "楕円計算値"};
+
+constexpr int resultPage = 0;
+constexpr int selectionPage = 1;
+constexpr int sectionPage = 2;
+
+/// An empty grid under one row of headers.
+void setUp(ui::Grid& grid, int rows, int cols) {
+  grid.setRows(rows);
+  grid.setCols(cols);
+  grid.setFixed(1, 0);
+  grid.clearText();
+  grid.setCurrent(1, 0);
+  grid.setRowHeight(rowHeight);
+}
+
+}  // namespace
+
+fDHsei::fDHsei(const job::JobContext& context, ui::Desktop& desktop)
+    : RouteScreen({.screen = "fDHsei",
+                   .caption = "楕円補正量の計算",
+                   .openButton = "CmdKanSeiDataOpen",
+                   .openCaption = "OK",
+                   .reopenButton = "CmdKanDaenReOpen",
+                   .reopenCaption = "OK",
+                   .menuItem = "m1item",
+                   .resultTable = context.tables.gTblKansokuSeikaDataDaen,
+                   .openRule = route::CategoryRule::WithNull,
+                   .pages = 3},
+                  context, desktop, designWidth, designHeight) {
+  arrange();
+  tieEvents();
+}
+
+void fDHsei::arrange() {
+  SSTab1.put(resultPage, {&lblJigyobango, &lblRosenbango, &lblDatakubun, &Grid1, &cmdMap, &Label12});
+  SSTab1.put(selectionPage, {&LstDataKubun, &cmbJIgyoBango1, &cmbRosenBango1, &openButton, &LstDataKubun1,
+                             &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
+  SSTab1.put(sectionPage, {&LstHyousekiNo1, &LstHyousekiNo2, &lblHyousekiNo1, &lblHyousekiNo2, &txtStartIdo,
+                           &txtStartFun, &txtEndIdo, &txtEndFun, &LstSanshouDaen, &lblSanshouDaenHoseichi,
+                           &CmdDaenCal, &lblH, &lblDaenHoseichi, &Grid2, &CmdGrid2RowDel});
+}
+
+void fDHsei::tieEvents() {
+  on(LstHyousekiNo1.onClick, "LstHyousekiNo1_Click",
+     [this] { lblHyousekiNo1.setText(LstHyousekiNo1.text()); });
+  on(LstHyousekiNo2.onClick, "LstHyousekiNo2_Click",
+     [this] { lblHyousekiNo2.setText(LstHyousekiNo2.text()); });
+  on(LstSanshouDaen.onClick, "LstSanshouDaen_Click",
+     [this] { lblSanshouDaenHoseichi.setText(referenceOf(LstSanshouDaen.text())); });
+  for (ui::TextBox* box : {&txtStartIdo, &txtStartFun, &txtEndIdo, &txtEndFun})
+    on(box->onChange, box->name() + "_Change", [this, box] { keepNumeric(*box); });
+  for (ui::Grid* grid : {&Grid1, &Grid2})
+    on(grid->onClick, grid->name() + "_Click", [grid] { ui::FcGridSelectRow(*grid); });
+  on(CmdDaenCal.onClick, "CmdDaenCal_Click", [this] { CmdDaenCal_Click(); });
+  on(CmdGrid2RowDel.onClick, "CmdGrid2RowDel_Click", [this] { CmdGrid2RowDel_Click(); });
+  on(cmdMap.onClick, "cmdMap_Click", [this] { cmdMap_Click(); });
+}
+
+void fDHsei::Form_Load() {
+  ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
+  setUpGrids();
+  SSTab1.setCurrent(selectionPage);
+}
+
+void fDHsei::Form_Resize() {
+  const float across = width() / designWidth;
+  const float down = height() / designHeight;
+  SSTab1.setSize(across * 8610, down * 5295);
+  Grid1.setSize(across * 7395, down * 3900);
+}
+
+void fDHsei::setUpGrids() {
+  setUp(Grid1, 3, columnCount);
+  for (int col = 0; col < columnCount; ++col) {
+    Grid1.setColWidth(col, columnWidths[static_cast<std::size_t>(col)]);
+    Grid1.setAlign(col, col == colRemark ? ui::Align::Left : ui::Align::Right);
+  }
+  for (std::size_t col = 0; col < headers.size(); ++col)
+    Grid1.setText(0, static_cast<int>(col), headers[col]);
+  setUp(Grid2, 2, sectionColumnCount);
+  Grid2.setSize(6700, 1560);
+  for (int col = 0; col < sectionColumnCount; ++col) {
+    Grid2.setColWidth(col, sectionColumnWidth);
+    Grid2.setText(0, col, sectionHeaders[static_cast<std::size_t>(col)]);
+  }
+}
+
+/// The labels hold the keys themselves: of the category its code alone.
+void fDHsei::showKeys(const route::Selection& selection) { lblDatakubun.setText(selection.dataKubun); }
+
+void fDHsei::openData(const route::Selection& selection) {
+  showKeys(selection);
+  FcDHseiDBOpen(selection, context_, formats_, Grid1);
+  FcSetLstSanshouDaen(opened_.selection(), context_, LstSanshouDaen);
+  FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2);
+}
+
+void fDHsei::reopenData(const route::Selection& selection) {
+  showKeys(selection);
+  FcDHseiDBReOpen(selection, context_, formats_, Grid1);
+  FcSetLstSanshouDaen(opened_.selection(), context_, LstSanshouDaen);
+  reopenSections(opened_.selection(), context_, Grid2);
+  FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2);
+}
+
+void fDHsei::saveData(const route::Selection& selection) {
+  if (FcDHseiSave(selection, context_, Grid1)) FcDaenHoseichiHyouSave(selection, context_, Grid2);
+}
+
+void fDHsei::keepNumeric(ui::TextBox& box) {
+  if (!text::isNumeric(box.text())) box.setText({});
+}
+
+Section fDHsei::section() const {
+  return {lblHyousekiNo1.text(), lblHyousekiNo2.text(), txtStartIdo.text(),           txtStartFun.text(),
+          txtEndIdo.text(),      txtEndFun.text(),      lblSanshouDaenHoseichi.text()};
+}
+
+void fDHsei::CmdDaenCal_Click() {
+  const ui::Hourglass wait(desktop());
+  FcSeiDaenCal(Grid1, Grid2, section(), formats_, [this](const SectionValues& values) {
+    lblH.setText(text::numberText(values.meanHeight));
+    lblDaenHoseichi.setText(text::numberText(values.correction));
+    SSTab1.setCurrent(resultPage);
+  });
+}
+
+/// The empty row at the end stays.
+void fDHsei::CmdGrid2RowDel_Click() {
+  const int row = Grid2.row();
+  if (row != 0 && row < Grid2.rows() - 1) Grid2.removeItem(row);
+}
+
+void fDHsei::cmdMap_Click() {
+  ui::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe",
+                     "成果表楕円補正.bmp");
+}
+
+}  // namespace daen
