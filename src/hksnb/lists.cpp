@@ -1,0 +1,77 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "db/database.h"
+#include "hksnb/data.h"
+#include "hksnb/procedure.h"
+#include "route/observations.h"
+#include "text/padding.h"
+
+namespace hksnb {
+namespace {
+
+constexpr std::size_t projectWidth = 9;
+constexpr std::size_t routeWidth = 8;
+
+std::string routesSql(const job::JobContext& context, Kind kind) {
+  return " SELECT DISTINCT 事業番号,路線番号 FROM " + correctionTable(context, kind) + " WHERE JobId = '" +
+         context.gJobId + "'" + " AND (DataKubun = '0' OR DataKubun = NULL)";
+}
+
+std::string numbersSql(const job::JobContext& context, Kind kind) {
+  return "SELECT Distinct 変動観測簿No FROM " + context.tables.gTblKansokuSeikaDataHKSNB +
+         " WHERE JObId = '" + context.gJobId + "'" + " AND 補正値フラグ = '" + std::string(rowsCode(kind)) +
+         "'" + " ORDER BY 変動観測簿No";
+}
+
+}  // namespace
+
+std::string RouteItem::text() const {
+  return text::padded(project, projectWidth) + ";" + text::padded(route, routeWidth);
+}
+
+RouteItem RouteItem::read(std::string_view item) {
+  return {std::string(text::trimmed(text::left(item, projectWidth))),
+          std::string(text::trimmed(text::mid(item, projectWidth + 2)))};
+}
+
+Status FcHHKSB_AddRosenEndFlg(const job::JobContext& context, ui::Desktop& desktop) {
+  return procedure(&desktop, "FcHHKSB_AddRosenEndFlg", [&] {
+    const std::string& table = context.tables.gTblKansokuSeikaDataHKSNB;
+    const auto database = db::openDatabase(context.gDbPath);
+    const auto columns = database->tableDefinition(table);
+    if (std::none_of(columns.begin(), columns.end(), [](const db::ColumnDefinition& column) {
+          return text::equalIgnoringCase(column.name, "RosenEndFlg");
+        }))
+      database->execute("ALTER TABLE " + table + " ADD COLUMN RosenEndFlg TEXT(2)");
+    database->close();
+  });
+}
+
+Status FcHHKSB_GetRosenNo(const job::JobContext& context, Kind kind, ui::ListBox& LstRosenNo1,
+                          ui::ListBox& LstRosenNo2) {
+  return procedure(LstRosenNo1.desktop(), "FcHHKSB_GetRosenNo", [&] {
+    LstRosenNo1.clear();
+    LstRosenNo2.clear();
+    route::readRecords(
+        context.gDbPath, routesSql(context, kind), [&](db::Database&, db::Recordset& records) {
+          for (; !records.eof(); records.moveNext())
+            LstRosenNo1.addItem(
+                RouteItem{records.field("事業番号").text(), records.field("路線番号").text()}.text());
+        });
+  });
+}
+
+Status FcHHKSB_GetHksnbNo(const job::JobContext& context, Kind kind, ui::ListBox& LstHksnbNo) {
+  return procedure(LstHksnbNo.desktop(), "FcHHKSB_GetHksnbNo", [&] {
+    LstHksnbNo.clear();
+    route::readRecords(context.gDbPath, numbersSql(context, kind),
+                       [&](db::Database&, db::Recordset& records) {
+                         for (; !records.eof(); records.moveNext())
+                           LstHksnbNo.addItem(records.field("変動観測簿No").text());
+                       });
+  });
+}
+
+}  // namespace hksnb
