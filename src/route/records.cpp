@@ -9,11 +9,16 @@ namespace route {
 void replaceRecords(std::string_view dbPath, std::string_view sql,
                     const std::function<void(db::Recordset&)>& write) {
   const auto database = db::openDatabase(dbPath);
-  const auto records = database->openRecordset(sql, db::Access::Edit);
+  replaceRecords(*database, sql, write);
+  database->close();
+}
+
+void replaceRecords(db::Database& database, std::string_view sql,
+                    const std::function<void(db::Recordset&)>& write) {
+  const auto records = database.openRecordset(sql, db::Access::Edit);
   for (; !records->eof(); records->moveNext()) records->remove();
   write(*records);
   records->close();
-  database->close();
 }
 
 db::Value cellValue(const ui::Grid& grid, int row, int col) {

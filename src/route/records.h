@@ -16,6 +16,9 @@ namespace route {
 /// deleted and written before an error stays so.
 void replaceRecords(std::string_view dbPath, std::string_view sql,
                     const std::function<void(db::Recordset&)>& write);
+/// The same in a database that is open and stays so; the new records are safe on disk when it is closed.
+void replaceRecords(db::Database& database, std::string_view sql,
+                    const std::function<void(db::Recordset&)>& write);
 
 /// A cell as it goes into a record: Null where it is blank.
 db::Value cellValue(const ui::Grid& grid, int row, int col);

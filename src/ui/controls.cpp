@@ -100,6 +100,7 @@ void TabControl::setCurrent(int page) {
   if (current_ == page) return;
   current_ = page;
   notify();
+  onChange();
 }
 
 void TabControl::put(int page, std::initializer_list<Control*> controls) {

@@ -161,6 +161,9 @@ class ComboBox : public ItemControl {
 /// Pages of which one is in front.
 class TabControl : public Control {
  public:
+  /// Runs when another page has come to the front, brought there by the operator or by the program.
+  Event onChange;
+
   TabControl(std::string name, Screen* screen, int pages)
       : Control(Kind::TabControl, std::move(name), screen), pages_(pages) {}
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "support/recording_desktop.h"
 #include "text/error.h"
 
@@ -191,6 +193,16 @@ TEST_F(Items, AreClearedWithTheirChoice) {
   list.clear();
   EXPECT_EQ(list.count(), 0);
   EXPECT_EQ(list.listIndex(), -1);
+}
+
+TEST(TabControl, TellsWhenAnotherPageHasComeToTheFront) {
+  ui::TabControl tab("SSTab1", nullptr, 3);
+  std::vector<int> pages;
+  tab.onChange.handle([&] { pages.push_back(tab.current()); });
+  tab.setCurrent(2);
+  tab.setCurrent(2);
+  tab.setCurrent(0);
+  EXPECT_EQ(pages, (std::vector<int>{2, 0}));
 }
 
 TEST(TabControl, BringsAPageToTheFront) {
