@@ -62,7 +62,7 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
                        .menuItem = "m1item",
                        .resultTable = context.tables.gTblKansokuSeikaDataHend},
                       {}, context, desktop, designWidth, designHeight) {
-  SSTab1.put(0, {&Grid1});
+  SSTab1.put(0, {&Grid1, &txtKijunbi, &CmdSettei, &cmdMap});
   SSTab1.put(
       1, {&cmbJIgyoBango1, &cmbRosenBango1, &openButton, &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
   txtKijunbi.setValid(isDateOrBlank, "日付ではありません");
@@ -92,8 +92,8 @@ void fHHsei::Form_Load() {
 void fHHsei::Form_Resize() {
   const float across = width() / designWidth;
   const float down = height() / designHeight;
-  SSTab1.setSize(across * 16260, down * 7900);
-  Grid1.setSize(across * 16020, down * 7300);
+  SSTab1.setSize(across * 16260, down * 8700);
+  Grid1.setSize(across * 16020, down * 7200);
 }
 
 void fHHsei::setUpGrids() {
