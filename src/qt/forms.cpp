@@ -5,6 +5,8 @@
 #include <string>
 
 #include "ui_SeikMenu.h"
+#include "ui_fDHsei.h"
+#include "ui_fHHsei.h"
 #include "ui_fSHsei.h"
 
 namespace qt {
@@ -21,6 +23,8 @@ const std::vector<Form>& forms() {
   static const std::vector<Form> all = {
       {"SeikMenu", setUp<Ui::SeikMenu>},
       {"fSHsei", setUp<Ui::fSHsei>},
+      {"fDHsei", setUp<Ui::fDHsei>},
+      {"fHHsei", setUp<Ui::fHHsei>},
   };
   return all;
 }

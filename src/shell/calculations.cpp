@@ -1,5 +1,8 @@
 #include "shell/calculations.h"
 
+#include "daen/screen.h"
+#include "hend/screen.h"
+#include "hksnb/screen.h"
 #include "seihyou/screen.h"
 
 namespace shell {
@@ -15,7 +18,9 @@ ScreenMaker maker() {
 }  // namespace
 
 const std::array<ScreenMaker, 5>& calculations() {
-  static const std::array<ScreenMaker, 5> makers = {maker<seihyou::fSHsei>(), {}, {}, {}, {}};
+  static const std::array<ScreenMaker, 5> makers = {
+
+      maker<seihyou::fSHsei>(), maker<daen::fDHsei>(), maker<hend::fHHsei>(), {}, maker<hksnb::fHHksb>()};
   return makers;
 }
 
