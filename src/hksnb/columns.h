@@ -17,8 +17,8 @@ enum Column : int {
   colHeight = 6,      ///< height before the correction (m); mean height difference of the section (m)
   colCorrection = 7,  ///< ellipsoidal book: correction of the bench mark (mm; 0.1 mm in first grade);
                       ///< orthometric book: correction of the section (mm; 0.1 mm in first grade)
-  colPresent = 8,     ///< present result (m); orthometric book: corrected height difference of the section (m)
-  colPrevious = 9,    ///< previous or averaged result (m), typed by the operator
+  colPresent = 8,   ///< present result (m); orthometric book: corrected height difference of the section (m)
+  colPrevious = 9,  ///< previous or averaged result (m), typed by the operator
   colVariation = 10,  ///< present minus previous result (mm)
   colRemark = 11,     ///< remark
   colEndMark = 14,    ///< hidden: "-1" at a route end; columns 12 and 13 stay empty

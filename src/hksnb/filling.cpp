@@ -51,9 +51,9 @@ void Filling::places(const Observation& observation) {
 void Filling::ellipsoidalHeights(const Observation& observation) {
   const bool inTenths = grade_.isFirst() && !observation.correction.empty();
   grid_.setText(row_, colHeight, heights_.formatText(observation.height));
-  grid_.setText(row_, colCorrection,
-                inTenths ? text::numberText(text::readNumber(observation.correction) * 10)
-                         : observation.correction);
+  grid_.setText(
+      row_, colCorrection,
+      inTenths ? text::numberText(text::readNumber(observation.correction) * 10) : observation.correction);
   grid_.setText(row_, colPresent, heights_.formatText(observation.result));
 }
 

@@ -16,14 +16,14 @@ namespace hksnb {
 struct Observation {
   std::array<std::string, placeColumns> place;  ///< project, route, prefecture, county, town
   std::string benchMark;                        ///< bench-mark number
-  std::string height;          ///< height (m) that the correction holds for the bench mark
-  std::string meanDifference;  ///< of the section that starts here (m)
-  std::string correction;      ///< mm; an orthometric one in first grade 0.1 mm
-  std::string result;          ///< of the correction (m): see Filling
-  std::string flag;            ///< route flag
-  std::string remark1;         ///< of the bench mark
-  std::string remark2;         ///< of the section
-  std::string date;            ///< of the observation, "YYYYMMDD" with or without "/"
+  std::string height;                           ///< height (m) that the correction holds for the bench mark
+  std::string meanDifference;                   ///< of the section that starts here (m)
+  std::string correction;                       ///< mm; an orthometric one in first grade 0.1 mm
+  std::string result;                           ///< of the correction (m): see Filling
+  std::string flag;                             ///< route flag
+  std::string remark1;                          ///< of the bench mark
+  std::string remark2;                          ///< of the section
+  std::string date;                             ///< of the observation, "YYYYMMDD" with or without "/"
 };
 
 /// Fills a book grid with the observations of its routes, one after another.

@@ -54,12 +54,11 @@ Status FcHHKSB_GetRosenNo(const job::JobContext& context, Kind kind, ui::ListBox
   return procedure(LstRosenNo1.desktop(), "FcHHKSB_GetRosenNo", [&] {
     LstRosenNo1.clear();
     LstRosenNo2.clear();
-    route::readRecords(
-        context.gDbPath, routesSql(context, kind), [&](db::Database&, db::Recordset& records) {
-          for (; !records.eof(); records.moveNext())
-            LstRosenNo1.addItem(
-                RouteItem{records.field("事業番号").text(), records.field("路線番号").text()}.text());
-        });
+    route::readRecords(context.gDbPath, routesSql(context, kind), [&](db::Database&, db::Recordset& records) {
+      for (; !records.eof(); records.moveNext())
+        LstRosenNo1.addItem(
+            RouteItem{records.field("事業番号").text(), records.field("路線番号").text()}.text());
+    });
   });
 }
 

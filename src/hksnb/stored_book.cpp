@@ -221,8 +221,8 @@ Status FcHHKSB_HKSNBSave(const job::JobContext& context, Kind kind, const std::s
                          const Period& present, const ui::Grid& Grid1) {
   return procedure(Grid1.desktop(), "FcHHKSB_HKSNBSave", [&] {
     const auto database = db::openDatabase(context.gDbPath);
-    const std::string rows = "SELECT * FROM " + context.tables.gTblKansokuSeikaDataHKSNB +
-                             " WHERE JobId ='" + context.gJobId + "'" + bookCondition(kind, number);
+    const std::string rows = "SELECT * FROM " + context.tables.gTblKansokuSeikaDataHKSNB + " WHERE JobId ='" +
+                             context.gJobId + "'" + bookCondition(kind, number);
     route::replaceRecords(*database, rows, [&](db::Recordset& records) {
       BookWriter(context, kind, number, Grid1, records).write();
     });

@@ -19,7 +19,6 @@ ScreenMaker maker() {
 
 const std::array<ScreenMaker, 5>& calculations() {
   static const std::array<ScreenMaker, 5> makers = {
-
       maker<seihyou::fSHsei>(), maker<daen::fDHsei>(), maker<hend::fHHsei>(), {}, maker<hksnb::fHHksb>()};
   return makers;
 }

@@ -1,0 +1,182 @@
+#include "hksnb/screen.h"
+
+#include <string>
+#include <vector>
+
+#include "hksnb/calculation.h"
+#include "hksnb/columns.h"
+#include "hksnb/grid_set_up.h"
+#include "platform/files.h"
+#include "text/number.h"
+#include "text/padding.h"
+#include "ui/error_trap.h"
+#include "ui/grid_helpers.h"
+#include "ui/picture_paste.h"
+
+namespace hksnb {
+namespace {
+
+enum Page : int { pageChoice = 0, pageBook = 1, pageStore = 2 };
+
+constexpr const char* stepNames[] = {"処理A", "処理B", "処理C"};
+
+Kind kindOf(const ui::OptionButton& orthometric) {
+  return orthometric.on() ? Kind::Orthometric : Kind::Ellipsoidal;
+}
+
+/// The chosen item goes to the end of the other list.
+void moveItem(ui::ListBox& from, ui::ListBox& to) {
+  if (from.listIndex() < 0) return;
+  to.addItem(from.text());
+  from.removeItem(from.listIndex());
+}
+
+}  // namespace
+
+void fHHksb::tieRouteLists() {
+  ui::OptionButton::group({&optSeika0, &optSeika1});
+  ui::OptionButton::group({&optSeika20, &optSeika21});
+  optSeika0.setOn(true);
+  optSeika20.setOn(true);
+  const auto routes = [this] { FcHHKSB_GetRosenNo(context_, kindOf(optSeika0), LstRosenNo1, LstRosenNo2); };
+  const auto books = [this] { FcHHKSB_GetHksnbNo(context_, kindOf(optSeika20), LstHksnbNo); };
+  for (ui::OptionButton* option : {&optSeika0, &optSeika1}) on(option->onClick, "optSeika_Click", routes);
+  for (ui::OptionButton* option : {&optSeika20, &optSeika21}) on(option->onClick, "optSeika2_Click", books);
+  on(CmdExeC3.onClick, "FcHHKSB_LstRosenNo1ToLstRosenNo2", [this] { moveItem(LstRosenNo1, LstRosenNo2); });
+  on(CmdExeC4.onClick, "FcHHKSB_LstRosenNo2ToLstRosenNo1", [this] { moveItem(LstRosenNo2, LstRosenNo1); });
+}
+
+void fHHksb::tieSteps() {
+  on(SSTab1.onChange, "SSTab1_Click", [this] { lblShoriShiji.setText(stepNames[SSTab1.current()]); });
+  on(CmdExeC2.onClick, "CmdExeC2_Click", [this] { newBook(); });
+  on(Command1.onClick, "Command1_Click", [this] { storedBook(); });
+  on(CmdExeD1.onClick, "CmdExeD1_Click", [this] { SSTab1.setCurrent(pageChoice); });
+  on(CmdExeD2.onClick, "CmdExeD2_Click", [this] { SSTab1.setCurrent(pageStore); });
+  on(CmdExeE1.onClick, "CmdExeE1_Click", [this] { SSTab1.setCurrent(pageBook); });
+  on(CmdExeE2.onClick, "CmdExeE2_Click", [this] { save(); });
+  on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
+  m1item.onClick.handle([this] { unload(); });
+}
+
+void fHHksb::tieOrder() {
+  const auto chosen = [this] { return text::trimmed(LstHyousekiNo.text()); };
+  on(CmdExeD3.onClick, "CmdExeD3_Click", [this, chosen] { lblStartNo.setText(chosen()); });
+  on(CmdExeD4.onClick, "CmdExeD4_Click", [this, chosen] { lblEndNo.setText(chosen()); });
+  on(CmdExeD5.onClick, "CmdExeD5_Click", [this] {
+    HKsnbSetFcSortToGrid1(Grid1, lblStartNo.text(), lblEndNo.text(), kind_, context_.grade());
+    HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
+  });
+}
+
+void fHHksb::tieBook() {
+  on(cmdSetNen.onClick, "cmdSetNen_Click",
+     [this] { setYears(Grid1, txtKansokuNen.text(), txtHeikinNen.text()); });
+  on(CmdHendryocal.onClick, "CmdHendryocal_Click", [this] { FcHHKSB_HendryoCal(Grid1, context_.grade()); });
+  on(txtHksnbNo.onChange, "txtHksnbNo_Change", [this] {
+    if (!text::isNumeric(txtHksnbNo.text())) txtHksnbNo.setText({});
+  });
+  on(Grid1.onClick, "Grid1_Click", [this] { ui::FcGridSelectRow(Grid1); });
+  Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
+  Grid1.onKeyPress = [this](char32_t code) {
+    ui::trapped(&desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
+  };
+}
+
+void fHHksb::Form_Load() {
+  const ui::Hourglass wait(desktop());
+  FcHHKSB_AddRosenEndFlg(context_, desktop());
+  FcHHKSB_GetRosenNo(context_, Kind::Orthometric, LstRosenNo1, LstRosenNo2);
+  FcHHKSB_InitGrid1(Grid1, kind_);
+  FcHHKSB_GetHksnbNo(context_, Kind::Orthometric, LstHksnbNo);
+}
+
+void fHHksb::newBook() { showBook(optSeika0, &fHHksb::fillFromRoutes); }
+
+void fHHksb::storedBook() { showBook(optSeika20, &fHHksb::fillFromStore); }
+
+void fHHksb::showBook(const ui::OptionButton& orthometric, void (fHHksb::*fill)()) {
+  kind_ = kindOf(orthometric);
+  {
+    const ui::Hourglass wait(desktop());
+    FcHHKSB_InitGrid1(Grid1, kind_);
+    Form_Resize();
+    (this->*fill)();
+    HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
+  }
+  SSTab1.setCurrent(pageBook);
+}
+
+void fHHksb::fillFromRoutes() {
+  std::vector<RouteItem> routes;
+  for (const std::string& item : LstRosenNo2.items()) routes.push_back(RouteItem::read(item));
+  Period present = presentPeriod();
+  if (FcHHKSB_SetGrid1FromSeikaData(context_, kind_, routes, present, Grid1) == Status::Done)
+    showPresent(present);
+}
+
+void fHHksb::fillFromStore() {
+  const std::string number = LstHksnbNo.text();
+  txtHksnbNo.setText(number);
+  BookBoxes boxes{txtKansokuNen.text(), txtHeikinNen.text(), presentPeriod(),
+                  Period{txtOldYearFr.text(), txtOldMonFr.text(), txtOldYearTo.text(), txtOldMonTo.text()}};
+  FcHHKSB_Reopen(context_, kind_, number, boxes, Grid1);
+  txtKansokuNen.setText(boxes.presentYear);
+  txtHeikinNen.setText(boxes.previousYear);
+  showPresent(boxes.present);
+  showPrevious(boxes.previous);
+}
+
+void fHHksb::save() {
+  const ui::Hourglass wait(desktop());
+  FcHHKSB_HKSNBSave(context_, kind_, txtHksnbNo.text(), presentPeriod(), Grid1);
+}
+
+/// The tool stands beside the program or in the data folder.
+void fHHksb::pastePicture() {
+  const std::string tool = "map_app\\PicturePaste.exe";
+  const std::string own = context_.gAppPath + tool;
+  const std::string picture = std::string(diagramTitle(kind_)) + txtHksnbNo.text() + ".bmp";
+  ui::FcPicturePaste(desktop(), context_, platform::isFile(own) ? own : context_.gExeDir + tool, picture);
+}
+
+Period fHHksb::presentPeriod() const {
+  return {txtNewYearFr.text(), txtNewMonFr.text(), txtNewYearTo.text(), txtNewMonTo.text()};
+}
+
+void fHHksb::showPresent(const Period& period) {
+  txtNewYearFr.setText(period.yearFrom);
+  txtNewMonFr.setText(period.monthFrom);
+  txtNewYearTo.setText(period.yearTo);
+  txtNewMonTo.setText(period.monthTo);
+}
+
+void fHHksb::showPrevious(const Period& period) {
+  txtOldYearFr.setText(period.yearFrom);
+  txtOldMonFr.setText(period.monthFrom);
+  txtOldYearTo.setText(period.yearTo);
+  txtOldMonTo.setText(period.monthTo);
+}
+
+/// Previous results are typed at bench marks, remarks at bench marks and sections.
+ui::CellUse fHHksb::cellUse(int row, int col) const {
+  const bool onBenchMark = row % 2 == 1;
+  if (Grid1.text(onBenchMark ? row : row - 1, colBenchMark).empty()) return ui::CellUse::Shown;
+  if (col == colRemark) return ui::CellUse::Text;
+  return col == colPrevious && onBenchMark ? ui::CellUse::Number : ui::CellUse::Shown;
+}
+
+void fHHksb::Grid1_KeyPress(char32_t code) {
+  const int row = Grid1.keyRow();
+  const int col = Grid1.keyCol();
+  if (cellUse(row, col) == ui::CellUse::Shown) return;
+  if (col == colPrevious && code == ui::key::enter) return nextPrevious(row);
+  ui::FcGridKeyEdit(Grid1, code);
+}
+
+/// From the previous result on `row` down to that of the next bench mark; the last one keeps the cursor.
+void fHHksb::nextPrevious(int row) {
+  if (row + 2 < Grid1.rows() && cellUse(row + 2, colPrevious) == ui::CellUse::Number)
+    Grid1.setCurrent(row + 2, colPrevious);
+}
+
+}  // namespace hksnb
