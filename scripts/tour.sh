@@ -27,12 +27,13 @@ make_desk() {
   [[ -z "$grade" ]] || echo "$grade$grade" >"$folder/work/program/JobSel.txt"
 }
 
-# work SCRIPT: the transcript goes beside the pictures that the script takes.
+# work SCRIPT: the transcript goes beside the pictures that the script takes. Offscreen windows can neither be raised
+# nor take the keyboard, and Qt would say so for each of them.
 work() {
   local name
   name="$(basename "$1" .script.txt)"
-  (cd "$folder" && QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 "$bin/seikahyou-script" --window \
-    --program-folder work/program "$1" work/job.sqlite >"$name.transcript.txt")
+  (cd "$folder" && QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES=default.warning=false LC_ALL=C.UTF-8 \
+    "$bin/seikahyou-script" --window --program-folder work/program "$1" work/job.sqlite >"$name.transcript.txt")
 }
 
 failed=0
