@@ -1,0 +1,217 @@
+#include "tanrosen/data.h"
+
+#include <string>
+
+#include "db/database.h"
+#include "route/observations.h"
+#include "route/records.h"
+#include "tanrosen/columns.h"
+#include "ui/error_trap.h"
+#include "ui/grid_helpers.h"
+
+namespace tanrosen {
+namespace {
+
+/// Saved results (A) beside the heights of today (B).
+std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT A.*,B.標高 FROM " + context.tables.gTblKansokuSeikaDataTanrosen + " A" + " LEFT JOIN " +
+         context.tables.gTblKansokuSeikaData + " B" + " ON A.JobId = B.JobId" +
+         " AND A.事業番号 = B.事業番号" + " AND A.路線番号 = B.路線番号" + " AND A.SaveOrder = B.SaveOrder" +
+         route::routeKeys(context, selection, "A.") +
+         route::loadCategoryCondition(selection.dataKubun, "A.") + " ORDER BY A.SaveOrder";
+}
+
+bool isKnown(const db::Value& height) { return height.number() != 0; }
+
+bool isBlank(const db::Value& value) { return db::FcNullToBlank(value).empty(); }
+
+/// What both ways of filling the grid do alike: two rows for each record, and the lists.
+class Rows {
+ public:
+  Rows(ui::Grid& grid, const BenchMarkLists& lists) : grid_(grid), lists_(lists) {}
+
+  /// Adds the two rows of a bench mark. Returns false where the grid could not take them (already reported).
+  bool add() {
+    row_ += 2;
+    return ui::FcGridMoveRow(grid_, row_ - 1) && ui::FcGridMoveRow(grid_, row_);
+  }
+
+  void benchMark(Column col, std::string_view text) { grid_.setText(row_ - 1, col, text); }
+  void section(Column col, std::string_view text) { grid_.setText(row_, col, text); }
+
+  void list(const std::string& benchMark, bool known) {
+    if (benchMark.empty()) return;
+    lists_.lstSuijyun.addItem(benchMark);
+    if (known) lists_.lstKiti.addItem(benchMark);
+  }
+
+ private:
+  ui::Grid& grid_;
+  const BenchMarkLists& lists_;
+  int row_ = 0;  // of the last section
+};
+
+/// Lays observation records into the grid, one after another.
+class ObservedRoute {
+ public:
+  ObservedRoute(const job::JobContext& context, const db::Recordset& records, ui::Grid& grid,
+                const BenchMarkLists& lists)
+      : records_(records), rows_(grid, lists), grade_(context.grade()) {}
+
+  /// Adds the present record. Returns false where the grid could not take it (already reported).
+  bool add() {
+    const std::string flag = text(flag_);
+    const db::Value height = records_.value(height_);
+    if (heights_.atStart()) heights_.begin(height);
+    if (!rows_.add()) return false;
+    benchMark(flag, height);
+    const db::Value meanDifference = records_.value(meanDifference_);
+    if (hasSection(flag)) {
+      rows_.benchMark(colDistance, text(distance_));
+      rows_.section(colHeight, route::formatted(meanDifference, grade_.heights()));
+    }
+    heights_.leave(flag, meanDifference);
+    return true;
+  }
+
+ private:
+  static bool hasSection(const std::string& flag) {
+    return flag != route::routeEnd && flag != route::repeatedPoint;
+  }
+
+  std::string text(db::Column column) const { return route::fieldText(records_, column); }
+
+  void benchMark(const std::string& flag, const db::Value& height) {
+    const std::string name = text(benchMark_);
+    rows_.benchMark(colBenchMark, name);
+    rows_.benchMark(colHeight, heights_.reach(flag));
+    if (isKnown(height)) rows_.benchMark(colResult, route::formatted(height, grade_.heights()));
+    rows_.benchMark(colFlag, flag);
+    rows_.benchMark(colRoute, records_.value(route_).text());
+    rows_.list(name, isKnown(height));
+  }
+
+  const db::Recordset& records_;
+  Rows rows_;
+  const job::Grade grade_;
+  const db::Column benchMark_ = records_.column("標石番号");
+  const db::Column distance_ = records_.column("距離");
+  const db::Column height_ = records_.column("標高");
+  const db::Column meanDifference_ = records_.column("中数");
+  const db::Column flag_ = records_.column("RosenEndDataFlg");
+  const db::Column route_ = records_.column("路線番号");
+  route::RunningHeights heights_{grade_.heights(), grade_.factor()};
+};
+
+/// Lays saved records into the grid, one after another.
+class SavedRoute {
+ public:
+  SavedRoute(const job::JobContext& context, const db::Recordset& records, ui::Grid& grid,
+             const BenchMarkLists& lists)
+      : records_(records), rows_(grid, lists), pattern_(context.grade().heights()) {}
+
+  /// Adds the present record. Returns false where the grid could not take it (already reported).
+  bool add() {
+    if (!rows_.add()) return false;
+    const std::string flag = text(flag_);
+    rows_.benchMark(colDistance, text(distance_));
+    rows_.benchMark(colCorrection, text(correction_));
+    rows_.benchMark(colRemark, text(remark1_));
+    rows_.benchMark(colFlag, flag);
+    rows_.benchMark(colRoute, records_.value(route_).text());
+    benchMark();
+    if (flag == route::routeEnd) return true;
+    rows_.section(colHeight, formatted(records_.value(meanDifference_)));
+    rows_.section(colRemark, text(remark2_));
+    return true;
+  }
+
+ private:
+  std::string text(db::Column column) const { return route::fieldText(records_, column); }
+
+  std::string formatted(const db::Value& value) const { return route::formatted(value, pattern_); }
+
+  void benchMark() {
+    const std::string name = text(benchMark_);
+    const db::Value today = records_.value(heightToday_);
+    const db::Value saved = records_.value(savedHeight_);
+    const db::Value result = records_.value(result_);
+    rows_.benchMark(colBenchMark, name);
+    rows_.benchMark(colHeight, formatted(isBlank(saved) ? today : saved));
+    rows_.benchMark(colResult, formatted(isBlank(result) && isKnown(today) ? today : result));
+    rows_.list(name, isKnown(today));
+  }
+
+  const db::Recordset& records_;
+  Rows rows_;
+  const text::Pattern& pattern_;
+  const db::Column benchMark_ = records_.column("水準点番号");
+  const db::Column distance_ = records_.column("距離");
+  const db::Column savedHeight_ = records_.column("A.標高");
+  const db::Column heightToday_ = records_.column("B.標高");
+  const db::Column correction_ = records_.column("単路線補正数");
+  const db::Column result_ = records_.column("単路線補正結果");
+  const db::Column remark1_ = records_.column("備考1");
+  const db::Column remark2_ = records_.column("備考2");
+  const db::Column flag_ = records_.column("RosenEndDataFlg");
+  const db::Column meanDifference_ = records_.column("中数");
+  const db::Column route_ = records_.column("路線番号");
+};
+
+/// Adds one bench mark to the saved results.
+void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
+               const ui::Grid& grid, int row, int sectionRow, int order) {
+  route::beginRecord(records, context, selection, grid.text(row, colRoute), order);
+  records.set("水準点番号", grid.text(row, colBenchMark));
+  records.set("距離", route::cellValue(grid, row, colDistance));
+  records.set("標高", route::cellValue(grid, row, colHeight));
+  records.set("単路線補正数", route::cellValue(grid, row, colCorrection));
+  records.set("単路線補正結果", route::cellValue(grid, row, colResult));
+  records.set("備考1", route::cellValue(grid, row, colRemark));
+  records.set("備考2", route::sectionValue(grid, sectionRow, colRemark));
+  records.set("RosenEndDataFlg", route::cellValue(grid, row, colFlag));
+  if (grid.text(row, colFlag) != route::routeEnd)
+    records.set("中数", route::sectionValue(grid, sectionRow, colHeight));
+  records.update();
+}
+
+}  // namespace
+
+bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
+              const BenchMarkLists& lists) {
+  return ui::trapped(grid.desktop(), "FcDBOpen", [&] {
+    lists.clear();
+    route::readRecords(context.gDbPath, route::observationsSql(context, selection),
+                       [&](db::Database&, db::Recordset& records) {
+                         ObservedRoute observed(context, records, grid, lists);
+                         route::layRecords(records, observed);
+                       });
+  });
+}
+
+bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
+                const BenchMarkLists& lists) {
+  return ui::trapped(grid.desktop(), "FcDBReOpen", [&] {
+    lists.clear();
+    route::readRecords(context.gDbPath, savedSql(context, selection),
+                       [&](db::Database&, db::Recordset& records) {
+                         SavedRoute saved(context, records, grid, lists);
+                         route::layRecords(records, saved);
+                       });
+  });
+}
+
+bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {
+  return ui::trapped(grid.desktop(), "FcDbSave", [&] {
+    const std::string sql =
+        route::savedRecordsSql(context, selection, context.tables.gTblKansokuSeikaDataTanrosen);
+    route::replaceRecords(context.gDbPath, sql, [&](db::Recordset& records) {
+      int order = 0;
+      route::forEachBenchMark(grid, colFlag, [&](int row, int sectionRow) {
+        addRecord(records, selection, context, grid, row, sectionRow, ++order);
+      });
+    });
+  });
+}
+
+}  // namespace tanrosen

@@ -1,0 +1,142 @@
+#include "tanrosen/screen.h"
+
+#include <array>
+
+#include "route/records.h"
+#include "tanrosen/calculation.h"
+#include "tanrosen/columns.h"
+#include "tanrosen/data.h"
+#include "ui/error_trap.h"
+#include "ui/grid_helpers.h"
+
+namespace tanrosen {
+namespace {
+
+// Sizes in twips.
+constexpr float designWidth = 8970;
+constexpr float designHeight = 6075;
+constexpr float gridLeft = 120;
+constexpr float gridTop = 480;
+constexpr float belowGrid = 100;
+constexpr int columnWidth = 1540;
+constexpr std::array<const char*, 6> headers = {"水準点", "距離", "標高", "補正数", "補正結果", "備考"};
+
+bool isNumber(int col) { return col >= colDistance && col <= colResult; }
+
+}  // namespace
+
+fTHsei::fTHsei(const job::JobContext& context, ui::Desktop& desktop)
+    : RouteScreen({.screen = "fTHsei",
+                   .caption = "単路線閉合差補正",
+                   .openButton = "CmdDataOpen",
+                   .openCaption = "読込(&O)",
+                   .reopenButton = "CmdReOpen",
+                   .reopenCaption = "再読込(&R)",
+                   .menuItem = "mitem",
+                   .resultTable = context.tables.gTblKansokuSeikaDataTanrosen},
+                  context, desktop, designWidth, designHeight) {
+  SSTab1.put(0, {&Grid1, &lblSuijyun, &lstSuijyun, &Command1, &lblKiti, &lstKiti, &Command2, &cmdCalc});
+  SSTab1.put(1, {&LstDataKubun, &cmbJIgyoBango1, &cmbRosenBango1, &openButton, &LstDataKubun1,
+                 &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
+  on(Command1.onClick, "Command1_Click", [this] { Command1_Click(); });
+  on(Command2.onClick, "Command2_Click", [this] { Command2_Click(); });
+  on(cmdCalc.onClick, "FcCalcTanrosen", [this] { cmdCalc_Click(); });
+  Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
+  Grid1.onKeyPress = [this](char32_t code) {
+    ui::trapped(&this->desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
+  };
+}
+
+void fTHsei::Form_Load() {
+  setUpGrids();
+  SSTab1.setCurrent(1);
+  ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
+}
+
+/// The lists and buttons keep their sizes and stand in one line below the grid.
+void fTHsei::Form_Resize() {
+  const float across = width() / designWidth;
+  const float down = height() / designHeight;
+  SSTab1.setSize(across * 8655, down * 5295);
+  Grid1.move({gridLeft, gridTop, across * 8295, down * 2295});
+  const float top = gridTop + Grid1.box().height + belowGrid;
+  lblSuijyun.move({120, top, 840, 240});
+  lstSuijyun.move({990, top, 1650, 1530});
+  Command1.move({2730, top, 900, 420});
+  lblKiti.move({3840, top, 660, 240});
+  lstKiti.move({4530, top, 1650, 1530});
+  Command2.move({6270, top, 900, 420});
+  cmdCalc.move({7350, top, 1065, 420});
+}
+
+void fTHsei::setUpGrids() {
+  Grid1.setRows(2);
+  Grid1.setCols(columnCount);
+  Grid1.setFixed(1, 0);
+  Grid1.clearText();
+  Grid1.setCurrent(1, 0);
+  for (int col = 0; col < columnCount; ++col) {
+    Grid1.setColWidth(col, col < colFlag ? columnWidth : 0);
+    Grid1.setAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
+  }
+  for (std::size_t col = 0; col < headers.size(); ++col)
+    Grid1.setText(0, static_cast<int>(col), headers[col]);
+}
+
+void fTHsei::openData(const route::Selection& selection) {
+  FcDBOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
+}
+
+void fTHsei::reopenData(const route::Selection& selection) {
+  FcDBReOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
+}
+
+void fTHsei::saveData(const route::Selection& selection) {
+  if (FcDbSave(selection, context_, Grid1)) route::reportSaved(desktop());
+}
+
+void fTHsei::clear() {
+  RouteScreen::clear();
+  BenchMarkLists{lstSuijyun, lstKiti}.clear();
+}
+
+/// The operator keeps the known points in route order; nothing is sorted or checked.
+void fTHsei::Command1_Click() {
+  if (!lstSuijyun.text().empty()) lstKiti.addItem(lstSuijyun.text());
+}
+
+void fTHsei::Command2_Click() {
+  if (!lstKiti.text().empty()) lstKiti.removeItem(lstKiti.listIndex());
+}
+
+void fTHsei::cmdCalc_Click() {
+  const ui::Hourglass wait(desktop());
+  FcCalcTanrosen(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+}
+
+ui::CellUse fTHsei::cellUse(int row, int col) const {
+  if (isRemarkCell(Grid1, row, col)) return ui::CellUse::Text;
+  return isCorrectionCell(Grid1, row, col) || isKnownHeightCell(Grid1, row, col, lstKiti.items())
+             ? ui::CellUse::Number
+             : ui::CellUse::Shown;
+}
+
+/// A known point without a correction keeps its known height.
+void fTHsei::takeCorrection(int row) {
+  const bool known = isKnownHeightCell(Grid1, row, colResult, lstKiti.items());
+  if (!known || !Grid1.text(row, colCorrection).empty()) heightFromCorrection(Grid1, row, context_.grade());
+}
+
+/// Enter on a correction takes it into the corrected height and goes on to the next one.
+void fTHsei::Grid1_KeyPress(char32_t code) {
+  const int row = Grid1.keyRow();
+  const int col = Grid1.keyCol();
+  if (code == ui::key::enter && isCorrectionCell(Grid1, row, col)) {
+    takeCorrection(row);
+    Grid1.setCurrent(nextCorrectionRow(Grid1, row), colCorrection);
+  } else if (cellUse(row, col) != ui::CellUse::Shown) {
+    ui::FcGridKeyEdit(Grid1, code);
+  }
+}
+
+}  // namespace tanrosen

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "route/route_screen.h"
+
+namespace tanrosen {
+
+/// The screen of the single-route correction (単路線閉合差補正): the operator opens a route, says which bench
+/// marks are known points, has the closure errors distributed, and saves.
+class fTHsei : public route::RouteScreen {
+ public:
+  ui::Label lblSuijyun{"lblSuijyun", this, "全水準点"};
+  ui::ListBox lstSuijyun{"lstSuijyun", this};
+  ui::Button Command1{"Command1", this, "追加"};
+  ui::Label lblKiti{"lblKiti", this, "既知点"};
+  ui::ListBox lstKiti{"lstKiti", this};
+  ui::Button Command2{"Command2", this, "削除"};
+  ui::Button cmdCalc{"cmdCalc", this, "計算"};
+
+  fTHsei(const job::JobContext& context, ui::Desktop& desktop);
+
+ private:
+  void Form_Load() override;
+  void Form_Resize() override;
+  void setUpGrids() override;
+  void openData(const route::Selection& selection) override;
+  void reopenData(const route::Selection& selection) override;
+  void saveData(const route::Selection& selection) override;
+  void clear() override;
+
+  void Command1_Click();
+  void Command2_Click();
+  void cmdCalc_Click();
+  void Grid1_KeyPress(char32_t code);
+  void takeCorrection(int row);
+  ui::CellUse cellUse(int row, int col) const;
+};
+
+}  // namespace tanrosen
