@@ -35,7 +35,8 @@ bool isComparison(const Token& token) {
 /// Reads one statement's tokens and writes them down again in SQLite's form.
 class Translation {
  public:
-  explicit Translation(std::string_view sql) : all_(tokens(sql)) {
+  Translation(std::string_view sql, const HoldsNumbers& holdsNumbers)
+      : all_(tokens(sql)), holdsNumbers_(holdsNumbers) {
     for (std::size_t i = 0; i < all_.size(); ++i)
       if (!isInsignificant(all_[i])) index_.push_back(i);
     matchParentheses();
@@ -115,8 +116,23 @@ class Translation {
       if ((isKey(n, "WHERE") || isKey(n, "FROM")) && depth == setDepth) inSetList = false;
       if (!isComparison(at(n))) continue;
       if (inSetList && depth == setDepth && isAssignment(n)) continue;
+      if (comparesNumbers(n)) continue;
       if (const auto end = operandEnd(n + 1)) marked_[*end] = true;
     }
+  }
+
+  /// True where a column that holds numbers stands on either side of the comparison at `n`.
+  bool comparesNumbers(std::size_t n) const {
+    if (!holdsNumbers_) return false;
+    if (n > 0 && isNumberColumn(n - 1)) return true;
+    return n + 1 < count() && isName(at(n + 1)) && isNumberColumn(nameEnd(n + 1));
+  }
+
+  /// True where the name that ends at `n` is that of a column that holds numbers.
+  bool isNumberColumn(std::size_t n) const {
+    if (n >= count() || !isName(at(n)) || isSign(n + 1, "(")) return false;
+    const bool qualified = n >= 2 && isSign(n - 1, ".") && isName(at(n - 2));
+    return holdsNumbers_(qualified ? at(n - 2).text : std::string_view(), at(n).text);
   }
 
   /// True for the "=" of "SET column = …" and ", column = …".
@@ -164,10 +180,13 @@ class Translation {
   std::vector<std::size_t> closing_;  // for each "(" its ")", counted in index_; count() where there is none
   std::vector<bool> marked_;          // tokens behind which the comparison rule is written
   bool handlesRecords_ = false;
+  const HoldsNumbers& holdsNumbers_;
 };
 
 }  // namespace
 
-std::string sqliteText(std::string_view sql) { return Translation(sql).text(); }
+std::string sqliteText(std::string_view sql, const HoldsNumbers& holdsNumbers) {
+  return Translation(sql, holdsNumbers).text();
+}
 
 }  // namespace db

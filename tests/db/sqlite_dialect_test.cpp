@@ -58,6 +58,21 @@ TEST(SqliteDialect, AssignmentsAreNoComparisons) {
             "UPDATE t SET a = (SELECT b FROM u WHERE c = 'y' COLLATE RTRIM), d = 'z'");
 }
 
+TEST(SqliteDialect, ComparisonsWithNumberColumnsStay) {
+  const auto holdsNumbers = [](std::string_view qualifier, std::string_view column) {
+    return column == "SaveOrder" && qualifier != "X";
+  };
+  EXPECT_EQ(
+      sqliteText("SELECT * FROM A LEFT JOIN B ON A.SaveOrder = B.SaveOrder AND A.k = B.k", holdsNumbers),
+      "SELECT * FROM A LEFT JOIN B ON A.SaveOrder = B.SaveOrder AND A.k = B.k COLLATE RTRIM");
+  EXPECT_EQ(sqliteText("SELECT * FROM A WHERE SaveOrder = '1' AND '2' > SaveOrder", holdsNumbers),
+            "SELECT * FROM A WHERE SaveOrder = '1' AND '2' > SaveOrder");
+  EXPECT_EQ(sqliteText("SELECT * FROM A WHERE X.SaveOrder = '1'", holdsNumbers),
+            "SELECT * FROM A WHERE X.SaveOrder = '1' COLLATE RTRIM");
+  EXPECT_EQ(sqliteText("SELECT * FROM A WHERE SaveOrder('x') = '1'", holdsNumbers),
+            "SELECT * FROM A WHERE SaveOrder('x') = '1' COLLATE RTRIM");
+}
+
 TEST(SqliteDialect, DefinitionsStay) {
   for (const char* sql : {"CREATE TABLE t(a TEXT(2) CHECK(a = 'x'))", "PRAGMA user_version = x",
                           "ALTER TABLE KansokuSeikaDataHKSNB ADD COLUMN RosenEndFlg TEXT(2)"})
