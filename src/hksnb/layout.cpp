@@ -38,6 +38,7 @@ void fHHksb::putOnPages() {
 
 void fHHksb::Form_Resize() {
   SSTab1.move({0, 0, width(), height()});
+  lblShoriShiji.move({std::max(0.0F, width() - 3000), 60, 2850, 360});  // beside the tabs, on every page
   placeGrid();
   placeOrder();
 }

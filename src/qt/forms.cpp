@@ -6,8 +6,10 @@
 
 #include "ui_SeikMenu.h"
 #include "ui_fDHsei.h"
+#include "ui_fHHksb.h"
 #include "ui_fHHsei.h"
 #include "ui_fSHsei.h"
+#include "ui_fTHsei.h"
 
 namespace qt {
 namespace {
@@ -25,6 +27,8 @@ const std::vector<Form>& forms() {
       {"fSHsei", setUp<Ui::fSHsei>},
       {"fDHsei", setUp<Ui::fDHsei>},
       {"fHHsei", setUp<Ui::fHHsei>},
+      {"fTHsei", setUp<Ui::fTHsei>},
+      {"fHHksb", setUp<Ui::fHHksb>},
   };
   return all;
 }
