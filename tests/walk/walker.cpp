@@ -1,0 +1,121 @@
+#include "walker.h"
+
+#include <array>
+#include <string_view>
+
+namespace test {
+namespace {
+
+/// Buttons that lead away from a screen, or end the program: pressed seldom, or the walk would never get
+/// anywhere.
+bool leads(const ui::Control& control) {
+  const std::string_view name = control.name();
+  return name == "Command3" || name == "mitem(2)" || name == "m1item(2)" || name == "m1item";
+}
+
+std::string quoted(std::string_view text) {
+  std::string result = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') result += '\\';
+    result += c;
+  }
+  return result + '"';
+}
+
+}  // namespace
+
+Walker::int_type Walker::underflow() {
+  if (steps_-- <= 0 || screen_() == nullptr) return traits_type::eof();
+  line_ = nextLine() + "\n";
+  record_ << line_ << std::flush;
+  setg(line_.data(), line_.data(), line_.data() + line_.size());
+  return traits_type::to_int_type(line_.front());
+}
+
+int Walker::below(int limit) {
+  state_ = state_ * 1664525U + 1013904223U;
+  return static_cast<int>((state_ >> 8U) % static_cast<std::uint32_t>(limit));
+}
+
+std::string Walker::nextLine() {
+  const ui::Screen& screen = *screen_();
+  switch (below(40)) {
+    case 0:
+      return "messages";
+    case 1:
+      return "screen";
+    case 2:
+      return "resize " + std::to_string(3000 + below(20000)) + " " + std::to_string(3000 + below(12000));
+    case 3:
+      return below(8) == 0 && screen.name() != "SeikMenu" ? "close" : "screen";
+    default:
+      break;
+  }
+  const ui::Control& control =
+      *screen.controls()[static_cast<std::size_t>(below(static_cast<int>(screen.controls().size())))];
+  return below(5) == 0 ? look(control) : act(screen, control);
+}
+
+std::string Walker::look(const ui::Control& control) {
+  const bool sized = control.kind() == ui::Kind::Grid || control.kind() == ui::Kind::TabControl;
+  return (sized && below(2) == 0 && control.box().width > 0 ? "size " : "show ") + control.name();
+}
+
+std::string Walker::act(const ui::Screen& screen, const ui::Control& control) {
+  if (!control.enabled()) return look(control);
+  switch (control.kind()) {
+    case ui::Kind::Button:
+    case ui::Kind::OptionButton:
+    case ui::Kind::MenuItem:
+      return leads(control) && below(screen.name() == "SeikMenu" ? 500 : 4) != 0 ? look(control)
+                                                                                 : press(control);
+    case ui::Kind::ListBox:
+    case ui::Kind::ComboBox:
+      return choose(static_cast<const ui::ItemControl&>(control));
+    case ui::Kind::TextBox:
+      return write(static_cast<const ui::TextBox&>(control));
+    case ui::Kind::Grid:
+      return work(static_cast<const ui::Grid&>(control));
+    case ui::Kind::TabControl:
+      return "tab " + control.name() + " " +
+             std::to_string(below(static_cast<const ui::TabControl&>(control).pages()));
+    default:
+      return look(control);
+  }
+}
+
+std::string Walker::press(const ui::Control& control) { return "click " + control.name(); }
+
+std::string Walker::choose(const ui::ItemControl& list) {
+  if (list.count() == 0) return look(list);
+  return "select " + list.name() + " #" + std::to_string(below(list.count()));
+}
+
+std::string Walker::write(const ui::TextBox& box) {
+  static constexpr std::array<std::string_view, 9> texts = {
+      "2022/05/11", "2024/02/29", "2019/12/31", "35", "12.5", "-3", "1", "abc", ""};
+  // A reference date that is none ends the program; that would cut most walks short.
+  const bool isDate = box.name() == "txtKijunbi" && below(12) != 0;
+  const std::string text(texts[static_cast<std::size_t>(below(isDate ? 3 : static_cast<int>(texts.size())))]);
+  return (below(3) == 0 && !text.empty() && !isDate ? "type " : "enter ") + box.name() + " " + quoted(text);
+}
+
+/// A click on a cell, or keys into the cell that has them.
+std::string Walker::work(const ui::Grid& grid) {
+  if (below(2) == 0) return "key " + grid.name() + " " + keys();
+  const int row = below(grid.rows());
+  const int col = below(grid.cols());
+  if (!grid.clickable(row, col)) return look(grid);
+  return "cell " + grid.name() + " " + std::to_string(row) + " " + std::to_string(col);
+}
+
+std::string Walker::keys() {
+  static constexpr std::array<std::string_view, 10> strokes = {
+      "1", "23", "-0.5", ".", "{BackSpace}", "橋", "x", "{{", "{Enter}", "{BackSpace 9}"};
+  std::string result = "\"";
+  for (int count = 1 + below(3); count > 0; --count)
+    result += strokes[static_cast<std::size_t>(below(static_cast<int>(strokes.size())))];
+  return result + (below(2) == 0 ? "{Enter}\"" : "\"");
+}
+
+}  // namespace test
