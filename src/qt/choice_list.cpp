@@ -9,7 +9,8 @@ ChoiceList::ChoiceList(QWidget* parent) : QListWidget(parent) {
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setTabKeyNavigation(false);
-  connect(this, &QListWidget::currentRowChanged, this, &ChoiceList::currentMoved);
+  setSpacing(1);
+  connect(this, &QListWidget::itemSelectionChanged, this, &ChoiceList::selectionMoved);
 }
 
 int ChoiceList::chosenRow() const {
@@ -25,8 +26,15 @@ void ChoiceList::setChosenRow(int row) {
 }
 
 /// The mouse tells its choice when the button is let go, the keyboard at once.
-void ChoiceList::currentMoved(int row) {
-  if (!pressed_ && !silent_ && row >= 0) emit chosen(row);
+void ChoiceList::selectionMoved() {
+  if (!pressed_ && !silent_ && chosenRow() >= 0) emit chosen(chosenRow());
+}
+
+/// The toolkit goes to the first item by itself when the keys come here; with nothing chosen it is the first
+/// arrow key that does.
+void ChoiceList::focusInEvent(QFocusEvent* event) {
+  QListWidget::focusInEvent(event);
+  if (chosenRow() < 0) selectionModel()->clearCurrentIndex();
 }
 
 void ChoiceList::mousePressEvent(QMouseEvent* event) {

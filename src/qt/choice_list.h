@@ -23,9 +23,10 @@ class ChoiceList : public QListWidget {
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
-  void currentMoved(int row);
+  void selectionMoved();
 
   bool pressed_ = false;
   bool silent_ = false;

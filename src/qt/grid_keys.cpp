@@ -39,7 +39,7 @@ void GridView::type(const QString& text) {
 }
 
 void GridView::emptyKeyCell() {
-  if (grid_->cellUse(grid_->keyRow(), grid_->keyCol()) == ui::CellUse::Shown) return;
+  if (model_.cellUse(grid_->keyRow(), grid_->keyCol()) == ui::CellUse::Shown) return;
   const QString text = model_.cellText(grid_->keyRow(), grid_->keyCol());
   type(QString(static_cast<qsizetype>(text.toStdU32String().size()), QChar(ui::key::backspace)));
 }
@@ -62,6 +62,7 @@ QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
 // The base class judges by its own editors whether input methods may come in.
 void GridView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
+  if (grid_ != nullptr) showSelection();
   showInputMethod();
   viewport()->update();
 }
@@ -76,8 +77,8 @@ void GridView::copy() { QGuiApplication::clipboard()->setText(selectedText()); }
 
 QString GridView::selectedText() const {
   if (grid_ == nullptr) return {};
-  const auto [top, bottom] = std::minmax(grid_->row(), grid_->rowSel());
-  const auto [left, right] = std::minmax(grid_->col(), grid_->colSel());
+  const auto [top, bottom] = std::minmax({grid_->row(), grid_->rowSel()});
+  const auto [left, right] = std::minmax({grid_->col(), grid_->colSel()});
   QStringList lines;
   for (int row = top; row <= bottom; ++row) {
     QStringList cells;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "text/error.h"
 
 namespace qt {
 namespace {
@@ -95,12 +96,20 @@ QString GridModel::cellText(int row, int col) const {
   return toQString(grid_->text(row, col));
 }
 
+ui::CellUse GridModel::cellUse(int row, int col) const {
+  try {
+    return grid_ == nullptr ? ui::CellUse::Shown : grid_->cellUse(row, col);
+  } catch (const text::RuntimeError&) {
+    return ui::CellUse::Shown;
+  }
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (grid_ == nullptr || !index.isValid() || index.column() >= grid_->cols()) return {};
   const int row = index.row() + fixedRows_;
   if (role == Qt::DisplayRole) return cellText(row, index.column());
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(toolkitAlign(grid_->align(index.column())));
-  if (role == UseRole) return static_cast<int>(grid_->cellUse(row, index.column()));
+  if (role == UseRole) return static_cast<int>(cellUse(row, index.column()));
   return {};
 }
 

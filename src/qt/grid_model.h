@@ -43,6 +43,9 @@ class GridModel : public QAbstractTableModel {
 
   /// The text of a cell, counted as the grid counts; empty outside of it.
   QString cellText(int row, int col) const;
+  /// What may be done in a cell, counted as the grid counts; nothing while the screen cannot say so, as with
+  /// a grid that is only half set up.
+  ui::CellUse cellUse(int row, int col) const;
 
  private:
   void reset();

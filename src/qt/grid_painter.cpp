@@ -61,7 +61,7 @@ void GridPainter::paintText(QPainter& painter, const QStyleOptionViewItem& optio
 
 void GridPainter::paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const {
   const QColor strong = option.palette.color(QPalette::Active, QPalette::Highlight);
-  painter.setPen(QPen(view_.hasFocus() ? strong : mixed(strong, option.palette.color(QPalette::Base), 0.45),
+  painter.setPen(QPen(view_.hasFocus() ? strong : mixed(strong, option.palette.color(QPalette::Base), 0.35),
                       frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
 }

@@ -116,7 +116,7 @@ void GridView::showSelection() {
 
 /// Input methods are let in where text may be typed, and only there.
 void GridView::showInputMethod() {
-  const bool text = grid_ != nullptr && grid_->cellUse(grid_->keyRow(), grid_->keyCol()) == ui::CellUse::Text;
+  const bool text = grid_ != nullptr && model_.cellUse(grid_->keyRow(), grid_->keyCol()) == ui::CellUse::Text;
   if (testAttribute(Qt::WA_InputMethodEnabled) != text) setAttribute(Qt::WA_InputMethodEnabled, text);
   if (!text) preedit_.clear();
   if (hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImEnabled | Qt::ImCursorRectangle);

@@ -2,6 +2,8 @@
 
 #include <QCloseEvent>
 #include <QLayout>
+#include <QTabBar>
+#include <QTabWidget>
 #include <algorithm>
 #include <utility>
 
@@ -33,6 +35,19 @@ void ScreenWindow::open(const QSize& client, bool maximised) {
   setClientSize(client);
   maximised ? showMaximized() : show();
   if (!maximised) setClientSize(client);
+  activateWindow();
+  focusFirst();
+}
+
+/// Keys go to the first field or button at once; the tabs of a tab control come later.
+void ScreenWindow::focusFirst() {
+  for (QWidget* at = centralWidget()->nextInFocusChain(); at != centralWidget();
+       at = at->nextInFocusChain()) {
+    const bool takesKeys = (at->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && at->isEnabled();
+    if (takesKeys && at->isVisibleTo(this) && centralWidget()->isAncestorOf(at) &&
+        qobject_cast<QTabBar*>(at) == nullptr && qobject_cast<QTabWidget*>(at) == nullptr)
+      return at->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 /// The window is the client and whatever stands around it; how much that is shows once it is laid out.

@@ -109,7 +109,16 @@ class TextBoxBinding : public BindingOf<ui::TextBox, QLineEdit> {
   void show() override {
     const QString text = toQString(control_.text());
     if (widget_.text() != text) widget_.setText(text);
+    showComplaint();
     showPlace(control_, widget_);
+  }
+
+  /// A text that the box is not meant for stands in red, and the box says why.
+  void showComplaint() {
+    QPalette palette;
+    if (!control_.looksValid()) palette.setColor(QPalette::Text, Qt::red);
+    widget_.setPalette(palette);
+    widget_.setToolTip(toQString(control_.complaint()));
   }
 };
 

@@ -1,6 +1,7 @@
 #include "qt/window_hands.h"
 
 #include <QPushButton>
+#include <iostream>
 #include <stdexcept>
 #include <utility>
 
@@ -22,6 +23,11 @@ void chooseOffscreen() {
       qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
+}
+
+/// The error stream belongs to the script; of the toolkit's words only those about its own failure go there.
+void onlyFailures(QtMsgType type, const QMessageLogContext&, const QString& words) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << fromQString(words) << std::endl;
 }
 
 ui::Icon iconOf(const QMessageBox& box) {
@@ -153,6 +159,7 @@ class WindowHands : public script::Hands {
 
 std::unique_ptr<script::Hands> windowHands(int& argc, char** argv) {
   chooseOffscreen();
+  qInstallMessageHandler(onlyFailures);
   return std::make_unique<WindowHands>(argc > 0 ? argv[0] : "seikahyou-script");
 }
 
