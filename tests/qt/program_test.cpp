@@ -1,0 +1,91 @@
+#include "qt/program.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "qt/grid_view.h"
+#include "support/start_desk.h"
+
+namespace {
+
+/// What a bodiless operator does, one step each time the program waits for one.
+std::deque<std::function<void()>> steps;
+std::vector<std::string> seen;  ///< titles of windows, "title|text" of message boxes
+
+void nextStep() {
+  if (steps.empty()) return;
+  const auto step = steps.front();
+  steps.pop_front();
+  step();
+}
+
+/// Every application that comes into being gets the operator.
+void seatOperator() {
+  auto* clock = new QTimer(QCoreApplication::instance());
+  QObject::connect(clock, &QTimer::timeout, nextStep);
+  clock->start(20);
+}
+Q_COREAPP_STARTUP_FUNCTION(seatOperator)
+
+QMainWindow& openWindow() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr)
+      return *qobject_cast<QMainWindow*>(window);
+  throw std::logic_error("no window is open");
+}
+
+void look() { seen.push_back(openWindow().windowTitle().toStdString()); }
+
+std::function<void()> push(const char* name) {
+  return [name] { openWindow().findChild<QPushButton*>(name)->click(); };
+}
+
+void answer() {
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (box == nullptr) throw std::logic_error("no message box is open");
+  seen.push_back((box->windowTitle() + "|" + box->text()).toStdString());
+  box->button(QMessageBox::Ok)->click();
+}
+
+int run(const std::string& commandLine) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  seen.clear();
+  std::string name = "seikahyou";
+  std::string path = commandLine;
+  std::vector<char*> argv = {name.data(), path.data(), nullptr};
+  return qt::runProgram(path.empty() ? 1 : 2, argv.data());
+}
+
+TEST(Program, TellsTheOperatorOfAnErrorThatNothingTrapsAndEnds) {
+  steps = {answer, answer};
+  EXPECT_EQ(run("/nowhere/job.sqlite"), 1);
+  ASSERT_FALSE(seen.empty());
+  EXPECT_TRUE(seen.back().starts_with("エラー|")) << seen.back();
+  EXPECT_NE(seen.back().find("/nowhere/job.sqlite"), std::string::npos) << seen.back();
+}
+
+TEST(Program, GoesFromMenuToCalculationAndBackAndEnds) {
+  const test::StartDesk job;
+  steps = {look, push("Command1"), look, [] { openWindow().close(); }, look, push("Command3")};
+  EXPECT_EQ(run(job.dbPath()), 0);
+  EXPECT_EQ(seen,
+            (std::vector<std::string>{"成果表データ作成メニュー", "正標高補正", "成果表データ作成メニュー"}));
+}
+
+TEST(Program, OptionsOfTheToolkitAreNotTakenFromThePath) {
+  steps = {answer, answer};
+  EXPECT_EQ(run("-platform nowhere"), 1);
+  ASSERT_FALSE(seen.empty());
+  EXPECT_NE(seen.back().find("-platform nowhere"), std::string::npos) << seen.back();
+}
+
+}  // namespace
