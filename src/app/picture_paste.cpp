@@ -1,0 +1,22 @@
+#include <QFile>
+#include <QMessageBox>
+
+#include "qt/application.h"
+#include "qt/convert.h"
+#include "qt/picture_window.h"
+
+/// PicturePaste: the tool that makes the pictures of a job. It leaves its picture as "temp.bmp" beside itself
+/// and ends; where the operator gives up, it leaves none.
+int main(int argc, char** argv) {
+  const char* const name = argc > 0 ? argv[0] : "PicturePaste";
+  qt::Application application(name);
+  application.setQuitOnLastWindowClosed(true);
+  const QString target = qt::pictureTarget(QString::fromLocal8Bit(name));
+  QFile::remove(target);  // one that nobody fetched would pass for the operator's
+  qt::PictureWindow window(target);
+  QObject::connect(&window, &qt::PictureWindow::complained, &window, [&window](const QString& words) {
+    QMessageBox::warning(&window, window.windowTitle(), words);
+  });
+  window.show();
+  return qt::Application::exec();
+}
