@@ -4,17 +4,15 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ui/grid.h"
-
 namespace tanrosen {
 
-/// The rows 1, 1 + stride, 1 + 2 × stride … of a grid, found by the bench-mark number in column 0. As long as
-/// it lives, column 0 of the grid must not change.
+/// Grid rows by the bench-mark number that stands on them. The texts of the numbers must outlive it.
 class BenchMarkRows {
  public:
-  BenchMarkRows(const ui::Grid& grid, int stride);
+  /// Takes in a row; rows come from the top.
+  void add(std::string_view number, int row) { rows_[number].push_back(row); }
 
-  /// The first of these rows at or below `from` with that number; 0 where there is none.
+  /// The first row at or below `from` with that number; 0 where there is none.
   int find(std::string_view number, int from) const;
 
  private:

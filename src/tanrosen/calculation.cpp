@@ -44,11 +44,10 @@ bool namesEveryPoint(std::string_view dataKubun) { return dataKubun == "0" || da
 class Distribution {
  public:
   Distribution(ui::Grid& grid, job::Grade grade, bool everyPoint)
-      : grid_(grid),
-        grade_(grade),
-        everyPoint_(everyPoint),
-        stride_(everyPoint ? 2 : 4),
-        benchMarks_(grid, stride_) {}
+      : grid_(grid), grade_(grade), everyPoint_(everyPoint), stride_(everyPoint ? 2 : 4) {
+    for (int row = 1; row < grid.rows(); row += stride_)
+      if (mayBeKnown(row)) benchMarks_.add(grid.text(row, colBenchMark), row);
+  }
 
   void knownPoint(const std::string& name) {
     if (everyPoint_ && isReturn(name)) {
@@ -62,6 +61,12 @@ class Distribution {
   long distancesRead() const { return read_; }
 
  private:
+  /// A repeated bench mark without a known height is no known point: the one with the mean of both runs is.
+  bool mayBeKnown(int row) const {
+    return !everyPoint_ || grid_.text(row, colFlag) != route::repeatedPoint ||
+           !grid_.text(row, colResult).empty();
+  }
+
   bool isReturn(const std::string& name) const { return reached_.size() > 1 && samePoint(reached_, name); }
 
   /// A section whose runs are recorded apart counts once, with its backward run.

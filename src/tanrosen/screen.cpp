@@ -53,7 +53,7 @@ void fTHsei::Form_Load() {
   ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
 }
 
-/// The lists and buttons keep their sizes and stand in one line below the grid.
+/// The lists and buttons stand in one line below the grid; the lists grow downwards with the window.
 void fTHsei::Form_Resize() {
   const float across = width() / designWidth;
   const float down = height() / designHeight;
@@ -61,10 +61,10 @@ void fTHsei::Form_Resize() {
   Grid1.move({gridLeft, gridTop, across * 8295, down * 2295});
   const float top = gridTop + Grid1.box().height + belowGrid;
   lblSuijyun.move({120, top, 840, 240});
-  lstSuijyun.move({990, top, 1650, 1530});
+  lstSuijyun.move({990, top, 1650, down * 1530});
   Command1.move({2730, top, 900, 420});
   lblKiti.move({3840, top, 660, 240});
-  lstKiti.move({4530, top, 1650, 1530});
+  lstKiti.move({4530, top, 1650, down * 1530});
   Command2.move({6270, top, 900, 420});
   cmdCalc.move({7350, top, 1065, 420});
 }

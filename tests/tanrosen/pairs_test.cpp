@@ -136,6 +136,18 @@ TEST(ForwardAndBackwardRuns, OtherCategoriesKnowNoPairs) {
   EXPECT_EQ(test::results(grid)[2], "10.002");
 }
 
+// The far end Q is known, +8 mm, on the row with the mean of both runs: 8 over 1.0 + 0.5: P 8 × 1.0/1.5
+// = 5.33. Without a known height the repeated rows of the same name are not it. E: 2 − 8 = −6 over 1.5,
+// observed 12.500.
+TEST(ForwardAndBackwardRuns, AKnownFarEndIsTheBenchMarkWithTheMean) {
+  ui::Grid grid;
+  layRoute(grid, "", "12.502");
+  grid.setText(11, tanrosen::colResult, "11.508");
+  FcCalcTanrosen(grid, {"A", "Q", "E"}, second, "0");
+  EXPECT_EQ(test::corrections(grid), (Texts{"0", "5", "", "5", "", "8", "2"}));
+  EXPECT_EQ(test::results(grid), (Texts{"10.000", "11.005", "", "11.005", "", "11.508", "12.494"}));
+}
+
 // A name of one letter has no point before the letter.
 TEST(ForwardAndBackwardRuns, TheLettersAloneAreNoPair) {
   ui::Grid grid;
