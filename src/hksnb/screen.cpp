@@ -59,7 +59,7 @@ void fHHksb::tieSteps() {
 }
 
 void fHHksb::tieOrder() {
-  const auto chosen = [this] { return text::trimmed(LstHyousekiNo.text()); };
+  const auto chosen = [this] { return std::string(text::trimmed(LstHyousekiNo.text())); };
   on(CmdExeD3.onClick, "CmdExeD3_Click", [this, chosen] { lblStartNo.setText(chosen()); });
   on(CmdExeD4.onClick, "CmdExeD4_Click", [this, chosen] { lblEndNo.setText(chosen()); });
   on(CmdExeD5.onClick, "CmdExeD5_Click", [this] {
@@ -102,6 +102,7 @@ void fHHksb::showBook(const ui::OptionButton& orthometric, void (fHHksb::*fill)(
     Form_Resize();
     (this->*fill)();
     HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
+    Grid1.setCurrent(1, colPrevious);  // where typing begins
   }
   SSTab1.setCurrent(pageBook);
 }
