@@ -4,6 +4,7 @@
 #include "hend/screen.h"
 #include "hksnb/screen.h"
 #include "seihyou/screen.h"
+#include "tanrosen/screen.h"
 
 namespace shell {
 namespace {
@@ -18,8 +19,9 @@ ScreenMaker maker() {
 }  // namespace
 
 const std::array<ScreenMaker, 5>& calculations() {
-  static const std::array<ScreenMaker, 5> makers = {
-      maker<seihyou::fSHsei>(), maker<daen::fDHsei>(), maker<hend::fHHsei>(), {}, maker<hksnb::fHHksb>()};
+  static const std::array<ScreenMaker, 5> makers = {maker<seihyou::fSHsei>(), maker<daen::fDHsei>(),
+                                                    maker<hend::fHHsei>(), maker<tanrosen::fTHsei>(),
+                                                    maker<hksnb::fHHksb>()};
   return makers;
 }
 
