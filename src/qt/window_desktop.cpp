@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/input_stop.h"
 
 namespace qt {
 namespace {
@@ -55,7 +56,8 @@ void WindowDesktop::setMousePointer(ui::Pointer pointer) {
 
 void WindowDesktop::breathe() {
   refresh();
-  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  const InputStop stop;
+  QApplication::processEvents();
 }
 
 void WindowDesktop::show(ui::Screen& screen) {
