@@ -1,6 +1,7 @@
 #include "tanrosen/data.h"
 
 #include <string>
+#include <utility>
 
 #include "db/database.h"
 #include "route/observations.h"
@@ -112,6 +113,7 @@ class SavedRoute {
 
   /// Adds the present record. Returns false where the grid could not take it (already reported).
   bool add() {
+    if (!isNext()) return true;
     if (!rows_.add()) return false;
     const std::string flag = text(flag_);
     rows_.benchMark(colDistance, text(distance_));
@@ -128,6 +130,14 @@ class SavedRoute {
 
  private:
   std::string text(db::Column column) const { return route::fieldText(records_, column); }
+
+  /// A route observed in two categories meets each saved record twice; it is laid once.
+  bool isNext() {
+    std::string key = text(order_) + " " + text(route_);
+    if (key == key_) return false;
+    key_ = std::move(key);
+    return true;
+  }
 
   std::string formatted(const db::Value& value) const { return route::formatted(value, pattern_); }
 
@@ -156,6 +166,8 @@ class SavedRoute {
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column meanDifference_ = records_.column("中数");
   const db::Column route_ = records_.column("路線番号");
+  const db::Column order_ = records_.column("SaveOrder");
+  std::string key_;  // of the last record laid
 };
 
 /// Adds one bench mark to the saved results.

@@ -1,5 +1,6 @@
 #include "tanrosen/screen.h"
 
+#include <algorithm>
 #include <array>
 
 #include "route/records.h"
@@ -15,9 +16,14 @@ namespace {
 // Sizes in twips.
 constexpr float designWidth = 8970;
 constexpr float designHeight = 6075;
-constexpr float gridLeft = 120;
-constexpr float gridTop = 480;
+constexpr float tabWidth = 8655;
+constexpr float tabHeight = 5295;
+constexpr float gridWidth = 8295;
+constexpr float gridHeight = 2295;
+constexpr float gridTop = 525;
 constexpr float belowGrid = 100;
+constexpr float belowLists = 600;  // to the lower edge of the tab control, its tabs included
+constexpr float leastList = 600;
 constexpr int columnWidth = 1540;
 constexpr std::array<const char*, 6> headers = {"水準点", "距離", "標高", "補正数", "補正結果", "備考"};
 
@@ -53,20 +59,25 @@ void fTHsei::Form_Load() {
   ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
 }
 
-/// The lists and buttons stand in one line below the grid; the lists grow downwards with the window.
 void fTHsei::Form_Resize() {
   const float across = width() / designWidth;
   const float down = height() / designHeight;
-  SSTab1.setSize(across * 8655, down * 5295);
-  Grid1.move({gridLeft, gridTop, across * 8295, down * 2295});
-  const float top = gridTop + Grid1.box().height + belowGrid;
-  lblSuijyun.move({120, top, 840, 240});
-  lstSuijyun.move({990, top, 1650, down * 1530});
-  Command1.move({2730, top, 900, 420});
-  lblKiti.move({3840, top, 660, 240});
-  lstKiti.move({4530, top, 1650, down * 1530});
-  Command2.move({6270, top, 900, 420});
-  cmdCalc.move({7350, top, 1065, 420});
+  SSTab1.setSize(across * tabWidth, down * tabHeight);
+  const float left = across * (tabWidth - gridWidth) / 2;
+  Grid1.move({left, gridTop, across * gridWidth, down * gridHeight});
+  placeBelowGrid(left, gridTop + down * gridHeight + belowGrid);
+}
+
+/// The lists and buttons stand in one line; the lists reach down to the end of the page.
+void fTHsei::placeBelowGrid(float left, float top) {
+  const float list = std::max(SSTab1.box().height - top - belowLists, leastList);
+  lblSuijyun.move({left, top, 840, 240});
+  lstSuijyun.move({left + 870, top, 1650, list});
+  Command1.move({left + 2610, top, 900, 420});
+  lblKiti.move({left + 3750, top, 660, 240});
+  lstKiti.move({left + 4440, top, 1650, list});
+  Command2.move({left + 6180, top, 900, 420});
+  cmdCalc.move({left + 7230, top, 1065, 420});
 }
 
 void fTHsei::setUpGrids() {

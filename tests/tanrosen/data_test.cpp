@@ -193,6 +193,21 @@ TEST_F(SingleRouteData, ReopensWhatWasSavedAndKnowsTheHeightsOfToday) {
   EXPECT_EQ(known.items(), (Lines{"A", "B", "C"})) << "D has no observation today";
 }
 
+// The observations of categories "0" and "4" have the same route, each meets the saved records of category
+// "0".
+TEST_F(SingleRouteData, ARouteObservedInTwoCategoriesReopensEveryBenchMarkOnce) {
+  for (const char* category : {"'0'", "'4'"}) {
+    job.observed(1, "R1", "A", "10", "1", "", category);
+    job.observed(2, "R1", "B", "NULL", "NULL", "-1", category);
+  }
+  savedRecord(1, "A", "NULL,10,0,10,NULL,NULL,NULL,1");
+  savedRecord(2, "B", "NULL,11,NULL,NULL,NULL,NULL,'-1',NULL");
+  EXPECT_TRUE(reopen(r1));
+  EXPECT_EQ(all.items(), (Lines{"A", "B"}));
+  EXPECT_EQ(known.items(), Lines{"A"});
+  EXPECT_EQ(grid.rows(), 5);
+}
+
 TEST_F(SingleRouteData, ListsAreEmptiedFirst) {
   job.observed(1, "R1", "A", "10", "1");
   savedRecord(1, "A", "NULL,10,NULL,10,NULL,NULL,NULL,1");
