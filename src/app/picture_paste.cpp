@@ -5,6 +5,17 @@
 #include "qt/convert.h"
 #include "qt/picture_window.h"
 
+namespace {
+
+/// True on a display that nobody looks at: nobody would ever press a button there, and whoever waits for this
+/// program would wait for ever.
+bool nobodySees() {
+  const QString display = QGuiApplication::platformName();
+  return display == QStringLiteral("offscreen") || display == QStringLiteral("minimal");
+}
+
+}  // namespace
+
 /// PicturePaste: the tool that makes the pictures of a job. It leaves its picture as "temp.bmp" beside itself
 /// and ends; where the operator gives up, it leaves none.
 int main(int argc, char** argv) {
@@ -12,6 +23,7 @@ int main(int argc, char** argv) {
   qt::Application application(name);
   application.setQuitOnLastWindowClosed(true);
   const QString target = qt::pictureTarget(QString::fromLocal8Bit(name));
+  if (nobodySees()) return 1;
   QFile::remove(target);  // one that nobody fetched would pass for the operator's
   qt::PictureWindow window(target);
   QObject::connect(&window, &qt::PictureWindow::complained, &window, [&window](const QString& words) {

@@ -48,6 +48,7 @@ make_sample_job() {
   local sql
   sql="$(directive job)"
   "$sample_program" sample ${sql:+--sql "$here/jobs/$sql.sql"} >/dev/null || fail "no sample job"
+  rm -f sample/data/map_app/PicturePaste.exe  # nobody would answer its window
 }
 
 rm -rf -- "$work"
