@@ -1,7 +1,6 @@
 #include "tanrosen/calculation.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "route/selection.h"
 #include "tanrosen/bench_mark_rows.h"
