@@ -88,16 +88,22 @@ void Filling::orthometricSection(const Observation& observation) {
   grid_.setText(row_, colPresent, correctedDifference(observation));
 }
 
-/// As shown; blank where the section has no correction at all.
+/// As shown; blank where the section has nothing to make it of.
 std::string Filling::correctedDifference(const Observation& observation) const {
   if (observation.correction.empty() && observation.result.empty()) return {};
   const double mean = text::readNumber(grid_.text(row_, colHeight));
-  const double corrected = mean + text::readNumber(observation.correction) / grade_.factor();
-  if (observation.result.empty()) return heights_.format(corrected);
-  const double result = text::readNumber(observation.result);
+  if (isDifference(observation.result, mean)) return heights_.formatText(observation.result);
+  if (observation.meanDifference.empty() && observation.correction.empty()) return {};
+  return heights_.format(mean + text::readNumber(observation.correction) / grade_.factor());
+}
+
+/// True where a stored result lies nearer to the mean difference (m) of its section than to the height that
+/// its bench mark has in the book.
+bool Filling::isDifference(const std::string& stored, double mean) const {
+  if (stored.empty()) return false;
+  const double result = text::readNumber(stored);
   const double height = text::readNumber(grid_.text(benchMark_, colPresent));
-  const bool isDifference = std::abs(result - mean) < std::abs(result - height);
-  return heights_.format(isDifference ? result : corrected);
+  return std::abs(result - mean) < std::abs(result - height);
 }
 
 }  // namespace hksnb

@@ -55,6 +55,7 @@ class Filling {
   void orthometricHeights(const Observation& observation);
   void orthometricSection(const Observation& observation);
   std::string correctedDifference(const Observation& observation) const;
+  bool isDifference(const std::string& stored, double mean) const;
   void walk(int col);
 
   ui::Grid& grid_;

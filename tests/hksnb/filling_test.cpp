@@ -88,6 +88,14 @@ TEST_F(BookFilling, ABlankCorrectionBesideAResultCountsAsZero) {
   EXPECT_EQ(test::rowText(grid, 2), "||||||1.2500||1.2500||||");
 }
 
+// Behind the second of two repeated bench marks no section was measured: its stored height makes none either.
+TEST_F(BookFilling, ASectionWithoutAMeanDifferenceAndACorrectionStaysBlank) {
+  fill(Kind::Orthometric, first,
+       {observation("R1", "A", "10", "", "", "10", "-2"), observation("R1", "A", "", "1", "", "10")});
+  EXPECT_EQ(test::rowText(grid, 2), "||||||||||||");
+  EXPECT_EQ(grid.text(3, hksnb::colPresent), "10.0000");
+}
+
 TEST_F(BookFilling, ACorrectionWithoutAResultMakesTheDifference) {
   fill(Kind::Orthometric, first, {observation("R1", "A", "", "1.25", "4", "")});
   EXPECT_EQ(test::rowText(grid, 2), "||||||1.2500|4|1.2504||||");
