@@ -2,8 +2,8 @@
 
 #include "hksnb/screen.h"
 
-// Where the controls of the book page stand, and that they keep their distance from the bottom edge. Sizes
-// and places in twips, places within the page.
+// Where the controls of the book page stand: those below the grid keep their distance from the bottom edge,
+// the two steps from the right edge too. Sizes and places in twips, places within the page.
 
 namespace hksnb {
 namespace {
@@ -38,7 +38,7 @@ void fHHksb::putOnPages() {
 
 void fHHksb::Form_Resize() {
   SSTab1.move({0, 0, width(), height()});
-  lblShoriShiji.move({std::max(0.0F, width() - 3000), 60, 2850, 360});  // beside the tabs, on every page
+  lblShoriShiji.move({std::max(0.0F, width() - 3000), 30, 2850, 360});  // beside the tabs, on every page
   placeGrid();
   placeOrder();
 }
@@ -67,9 +67,10 @@ void fHHksb::placeOrder() {
   place(lblHeikinNen, 6900, 900, 1650, 450);
   place(txtHeikinNen, 8580, 900, 1800, 450);
   place(cmdSetNen, 8580, 1830, 1800, 450);
-  place(CmdHendryocal, 11100, 1830, 2100, 450);
-  place(CmdExeD1, 13950, 1830, 1800, 450);
-  place(CmdExeD2, 15930, 1830, 1800, 450);
+  place(CmdHendryocal, 11100, 900, 2100, 450);
+  const float right = std::max(designWidth * 0.8F, width());  // below that they would stand on others
+  place(CmdExeD1, right - 4050, 1830, 1800, 450);
+  place(CmdExeD2, right - 2070, 1830, 1800, 450);
 }
 
 }  // namespace hksnb

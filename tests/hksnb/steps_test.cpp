@@ -144,7 +144,7 @@ TEST_F(BookSteps, TheLayoutFollowsTheWindow) {
   EXPECT_EQ(screen.SSTab1.box(), (ui::Box{0, 0, screen.width(), screen.height()}));
   EXPECT_EQ(screen.Grid1.box(), (ui::Box{grid.left, grid.top, grid.width + 1500, grid.height + 3000}));
   EXPECT_EQ(screen.LstHyousekiNo.box(), (ui::Box{list.left, list.top + 3000, list.width, list.height}));
-  EXPECT_EQ(screen.CmdExeD2.box(), (ui::Box{next.left, next.top + 3000, next.width, next.height}));
+  EXPECT_EQ(screen.CmdExeD2.box(), (ui::Box{next.left + 1500, next.top + 3000, next.width, next.height}));
   screen.resize(100, 100);
   EXPECT_GT(screen.Grid1.box().width, 0);
   EXPECT_GT(screen.Grid1.box().height, 0);
