@@ -280,6 +280,25 @@ TEST_F(EllipsoidalScreen, AFailingSaveOfTheRouteDoesNotSaveTheSections) {
   EXPECT_EQ(desktop.pointers.back(), ui::Pointer::Default);
 }
 
+// The old section is deleted and A–B written before B–C is refused; the route has been saved and said to be.
+TEST_F(EllipsoidalScreen, AFailingSaveOfTheSectionsLeavesTheRouteSaved) {
+  job.section("01A00101", "0", 1, "old", "old", "9");
+  job.sql(
+      "CREATE TRIGGER refuse BEFORE INSERT ON DaenHoseiChiHyouData WHEN NEW.自水準点番号 = 'B'"
+      " BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  openRoute();
+  calculate(0, 1);
+  calculate(1, 2);
+  screen.saveItem.press();
+  ASSERT_EQ(desktop.messages.size(), 2U);
+  EXPECT_EQ(desktop.messages[0].text, "保存しました");
+  EXPECT_EQ(desktop.messages[1].title, "FcDaenHoseichiHyouSave");
+  EXPECT_EQ(count("KansokuSeikaDataDaen"), 4U);
+  EXPECT_EQ(job.records("SELECT * FROM DaenHoseiChiHyouData WHERE 路線番号 = '01A00101'",
+                        {"自水準点番号", "至水準点番号"}),
+            Lines{"A|B"});
+}
+
 TEST_F(EllipsoidalScreen, SavingBeforeAnythingIsOpenDoesNothing) {
   screen.saveItem.press();
   openRoute();
