@@ -107,6 +107,7 @@ void fHHsei::setUpGrids() {
     Grid1.setText(0, col, look.header);
     Grid1.setColWidth(col, look.width);
     Grid1.setAlign(col, look.align);
+    Grid1.setFixedAlign(col, look.align);
   }
 }
 

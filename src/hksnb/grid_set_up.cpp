@@ -33,6 +33,7 @@ void FcHHKSB_InitGrid1(ui::Grid& Grid1, Kind kind) {
     for (int col = 0; col < columnCount; ++col) {
       Grid1.setColWidth(col, widths[static_cast<std::size_t>(col)]);
       Grid1.setAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
+      Grid1.setFixedAlign(col, Grid1.align(col));
     }
     for (std::size_t col = 0; col < headers.size(); ++col)
       Grid1.setText(0, static_cast<int>(col), headers[col]);

@@ -23,12 +23,8 @@ void setUp(QMainWindow& window) {
 
 const std::vector<Form>& forms() {
   static const std::vector<Form> all = {
-      {"SeikMenu", setUp<Ui::SeikMenu>},
-      {"fSHsei", setUp<Ui::fSHsei>},
-      {"fDHsei", setUp<Ui::fDHsei>},
-      {"fHHsei", setUp<Ui::fHHsei>},
-      {"fTHsei", setUp<Ui::fTHsei>},
-      {"fHHksb", setUp<Ui::fHHksb>},
+      {"SeikMenu", setUp<Ui::SeikMenu>}, {"fSHsei", setUp<Ui::fSHsei>}, {"fDHsei", setUp<Ui::fDHsei>},
+      {"fHHsei", setUp<Ui::fHHsei>},     {"fTHsei", setUp<Ui::fTHsei>}, {"fHHksb", setUp<Ui::fHHksb>},
   };
   return all;
 }

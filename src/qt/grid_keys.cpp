@@ -15,7 +15,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   if (grid_ == nullptr) return event->ignore();
   if (event->matches(QKeySequence::Copy)) return copy();
   if (event->matches(QKeySequence::SelectAll)) return selectAll();
+  if (event->matches(QKeySequence::Paste)) return paste();
   if (event->key() == Qt::Key_Delete) return emptyKeyCell();
+  if (event->key() == Qt::Key_F2) return goToEntry(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
   if (travel(*event)) return;
   if (!isTyping(*event)) return event->ignore();
   type(event->text());

@@ -13,7 +13,8 @@ namespace qt {
 ///
 /// Keys: characters, Enter and Backspace go to the grid's key cell, Delete empties it, input methods come in
 /// where text may be typed. Arrows, Page Up and Down, Home and End (with Ctrl: of the whole grid) go from
-/// cell to cell, with Shift they stretch the selection. Ctrl+C copies, Ctrl+A marks everything.
+/// cell to cell, with Shift they stretch the selection. F2 goes to the next cell that takes figures, with
+/// Shift back. Ctrl+C copies, Ctrl+V types the lines of the clipboard down a column, Ctrl+A marks everything.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -71,7 +72,11 @@ class GridView : public QTableView {
   bool isTyping(const QKeyEvent& event) const;
   void type(const QString& text);
   void emptyKeyCell();
+  void goToEntry(int step);
+  void goTo(Cell cell);
+  bool takesKeys(int row, int col) const;
   void copy();
+  void paste();
   void selectAll() override;
   bool travel(const QKeyEvent& event);
   Cell destination(const QKeyEvent& event, Cell from) const;

@@ -62,6 +62,7 @@ void fSHsei::setUpGrids() {
     Grid1.setColWidth(col, columnWidths[static_cast<std::size_t>(col)]);
     const bool isNumber = col == colHeight || col == colCorrection || col == colResult;
     Grid1.setAlign(col, isNumber ? ui::Align::Right : ui::Align::Left);
+    Grid1.setFixedAlign(col, isNumber ? ui::Align::Right : ui::Align::Left);
   }
   for (std::size_t col = 0; col < headers.size(); ++col)
     Grid1.setText(0, static_cast<int>(col), headers[col]);

@@ -89,6 +89,7 @@ void fTHsei::setUpGrids() {
   for (int col = 0; col < columnCount; ++col) {
     Grid1.setColWidth(col, col < colFlag ? columnWidth : 0);
     Grid1.setAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
+    Grid1.setFixedAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
   }
   for (std::size_t col = 0; col < headers.size(); ++col)
     Grid1.setText(0, static_cast<int>(col), headers[col]);

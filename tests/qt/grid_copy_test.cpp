@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <algorithm>
 
 #include "qt/grid_desk.h"
 
@@ -40,6 +41,51 @@ TEST_F(GridCopy, BreaksWithinACellDoNotBreakTheTable) {
 TEST_F(GridCopy, CtrlAMarksEverything) {
   key(Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(where(), "1,0 to 12,4");
+}
+
+class GridPaste : public GridDesk {
+ protected:
+  void paste(const QString& text) {
+    QApplication::clipboard()->setText(text);
+    key(Qt::Key_V, Qt::ControlModifier, "\x16");
+  }
+};
+
+TEST_F(GridPaste, LinesGoDownTheColumnEachWithEnter) {
+  grid_.setCurrent(2, 1);
+  paste("12\r\n-3\r\n\r\n7\r\n");
+  EXPECT_EQ(grid_.text(2, 1), "12");
+  EXPECT_EQ(grid_.text(3, 1), "-3");
+  EXPECT_EQ(grid_.text(4, 1), "") << "an empty line empties its entry";
+  EXPECT_EQ(grid_.text(5, 1), "7");
+  EXPECT_EQ(grid_.text(6, 1), "6-1");
+  EXPECT_EQ(std::count(keys_.begin(), keys_.end(), U'\r'), 4);
+}
+
+TEST_F(GridPaste, CellsThatTakeNoKeysArePassedOver) {
+  grid_.setCellUse(
+      [](int row, int col) { return col == 1 && row % 2 == 0 ? ui::CellUse::Number : ui::CellUse::Shown; });
+  grid_.setCurrent(2, 1);
+  paste("5\n6");
+  EXPECT_EQ(grid_.text(3, 1), "3-1");
+  EXPECT_EQ(grid_.text(4, 1), "6");
+}
+
+TEST_F(GridPaste, StopsAtTheLastEntry) {
+  grid_.setCurrent(12, 1);
+  paste("1\n2\n3");
+  EXPECT_EQ(grid_.text(12, 1), "1");
+  EXPECT_EQ(grid_.rows(), 13);
+}
+
+TEST_F(GridPaste, NothingIsPastedWhereNothingMayBeTypedNorFromSeveralColumns) {
+  grid_.setCurrent(2, 3);
+  paste("9");
+  EXPECT_EQ(grid_.text(2, 3), "2-3");
+  grid_.setCurrent(2, 1);
+  paste("9\t8");
+  EXPECT_EQ(grid_.text(2, 1), "2-1");
+  EXPECT_EQ(keys_, U"");
 }
 
 }  // namespace

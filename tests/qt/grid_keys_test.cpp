@@ -105,6 +105,27 @@ TEST_F(GridKeys, InputMethodsStayOutOfFigures) {
   EXPECT_EQ(grid_.text(1, 1), "1-1");
 }
 
+TEST_F(GridKeys, F2GoesFromEntryToEntryAndRound) {
+  grid_.setCurrent(12, 0);  // where the loading of a route ends
+  key(Qt::Key_F2);
+  EXPECT_EQ(where(), "12,1 to 12,1");
+  key(Qt::Key_F2);
+  EXPECT_EQ(where(), "1,1 to 1,1");
+  key(Qt::Key_F2);
+  EXPECT_EQ(where(), "2,1 to 2,1");
+  key(Qt::Key_F2, Qt::ShiftModifier);
+  key(Qt::Key_F2, Qt::ShiftModifier);
+  EXPECT_EQ(where(), "12,1 to 12,1");
+  EXPECT_TRUE(view_.viewport()->rect().contains(view_.visualRect(view_.indexOf(12, 1))));
+}
+
+TEST_F(GridKeys, F2StaysWhereNothingTakesFigures) {
+  grid_.setCellUse([](int, int) { return ui::CellUse::Shown; });
+  grid_.setCurrent(3, 3);
+  key(Qt::Key_F2);
+  EXPECT_EQ(where(), "3,3 to 3,3");
+}
+
 TEST_F(GridKeys, TabLeavesTheGrid) {
   key(Qt::Key_Tab, Qt::NoModifier, "\t");
   EXPECT_NE(open_.window().focusWidget(), &view_);
