@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QInputMethod>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "qt/convert.h"
@@ -21,7 +22,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   setModel(&model_);
   setItemDelegate(new GridPainter(*this));
   setUpLook();
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fitLastColumn(); });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fitWidestColumn(); });
 }
 
 void GridView::setUpLook() {
@@ -79,26 +80,27 @@ void GridView::showColumns() {
     if (twips > 0) setColumnWidth(col, toPixels(static_cast<float>(twips)));
   }
   fitting_ = false;
-  fitLastColumn();
+  fitWidestColumn();
 }
 
-/// The last visible column takes what the others leave, but never less than its own width.
-void GridView::fitLastColumn() {
+/// The widest column, the last of those equally wide, takes what the others leave, but never less than its
+/// own width: words are given room, figures stay close to each other.
+void GridView::fitWidestColumn() {
   if (fitting_ || grid_ == nullptr || static_cast<int>(widths_.size()) != grid_->cols()) return;
-  const int last = edgeColumn(-1);
-  if (last < 0) return;
+  const auto fromBack = std::max_element(widths_.rbegin(), widths_.rend());
+  if (fromBack == widths_.rend() || *fromBack <= 0) return;
+  const int widest = static_cast<int>(std::distance(fromBack, widths_.rend())) - 1;
   int others = 0;
   for (int col = 0; col < grid_->cols(); ++col)
-    if (col != last && !isColumnHidden(col)) others += columnWidth(col);
-  const int own = toPixels(static_cast<float>(widths_[static_cast<std::size_t>(last)]));
+    if (col != widest && !isColumnHidden(col)) others += columnWidth(col);
   fitting_ = true;
-  setColumnWidth(last, std::max(own, viewport()->width() - others));
+  setColumnWidth(widest, std::max(toPixels(static_cast<float>(*fromBack)), viewport()->width() - others));
   fitting_ = false;
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  fitLastColumn();
+  fitWidestColumn();
 }
 
 void GridView::showSelection() {

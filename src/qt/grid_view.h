@@ -65,7 +65,7 @@ class GridView : public QTableView {
   void setUpLook();
   void act(const std::function<void()>& what);
   void showColumns();
-  void fitLastColumn();
+  void fitWidestColumn();
   void showSelection();
   void showInputMethod();
 

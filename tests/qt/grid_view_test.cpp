@@ -27,6 +27,14 @@ TEST_F(GridViewTest, HidesColumnsOfNoWidthAndStretchesTheLast) {
   EXPECT_EQ(view_.columnWidth(4), 60) << "never less than its own width";
 }
 
+TEST_F(GridViewTest, AWiderColumnIsStretchedInsteadOfTheLast) {
+  grid_.setColWidth(1, 1200);
+  grid_.setSize(7500, 3000);
+  settle();
+  EXPECT_EQ(view_.columnWidth(4), 60);
+  EXPECT_EQ(view_.columnWidth(1), view_.viewport()->width() - 3 * 60);
+}
+
 TEST_F(GridViewTest, AHiddenLastColumnLeavesTheRoomToTheOneBefore) {
   grid_.setColWidth(4, 0);
   grid_.setSize(7500, 3000);
