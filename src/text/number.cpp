@@ -1,10 +1,12 @@
 #include "text/number.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <optional>
 
 #include "text/decimal.h"
 #include "text/error.h"
@@ -76,10 +78,36 @@ double convert(std::string_view text) {
   return number;
 }
 
+/// The number that a plain decimal of at most 15 digits stands for, such as "-12.3456"; nothing for any other
+/// text. Its digits as a whole number and the power of ten below them are exact in a double, so their
+/// quotient is the double nearest to it. Most cells hold such a number.
+std::optional<double> plainDecimal(std::string_view text) {
+  constexpr std::array<double, 16> powers = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                             1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const bool negative = !text.empty() && text.front() == '-';
+  std::uint64_t digits = 0;
+  std::size_t count = 0;
+  std::size_t whole = std::string_view::npos;  // digits before the point
+  for (const char c : text.substr(negative ? 1 : 0)) {
+    if (isDigit(c)) {
+      digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+      ++count;
+    } else if (c == '.' && whole == std::string_view::npos) {
+      whole = count;
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (count == 0 || count >= powers.size()) return std::nullopt;
+  const double number = static_cast<double>(digits) / powers[count - std::min(whole, count)];
+  return negative ? -number : number;
+}
+
 }  // namespace
 
 double readNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  if (const auto number = plainDecimal(text)) return *number;
   const std::size_t length = numericPrefix(text);
   return length == 0 ? 0.0 : convert(text.substr(0, length));
 }

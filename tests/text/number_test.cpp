@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <limits>
 #include <random>
@@ -70,6 +71,20 @@ TEST(ReadNumber, IsZeroWithoutANumericPrefix) {
 
 TEST(ReadNumber, DoesNotKnowNamesAndHexadecimals) {
   for (const char* words : {"inf", "nan", "Infinity", "0x1F", "&H1F"}) EXPECT_EQ(text::readNumber(words), 0);
+}
+
+TEST(ReadNumber, ReadsEveryDecimalAsTheNearestDouble) {
+  std::mt19937_64 random(7);
+  for (int turn = 0; turn < 200000; ++turn) {
+    // 1 to 18 digits, leading zeros among them, the point before, within or behind them.
+    std::string words;
+    for (std::size_t digits = 1 + random() % 18; digits > 0; --digits)
+      words += static_cast<char>('0' + random() % 10);
+    words.insert(random() % (words.size() + 1), ".");
+    if (random() % 2 == 0) words.insert(0, "-");
+    EXPECT_EQ(text::readNumber(words), std::strtod(words.c_str(), nullptr)) << words;
+  }
+  EXPECT_TRUE(std::signbit(text::readNumber("-0.0")));
 }
 
 TEST(ReadNumber, ReadsEveryDigit) {
