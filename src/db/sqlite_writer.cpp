@@ -130,9 +130,12 @@ void SqliteWriter::bind(sqlite3_stmt* statement, int parameter, std::size_t colu
     sqlite3_bind_null(statement, parameter);
   } else if (value.isNumber() && !holdsTexts_[column]) {
     bindNumber(statement, parameter, value.number());
+  } else if (const std::string* words = value.textIfAny()) {
+    // It stays where it is until the statement has run.
+    sqlite3_bind_text64(statement, parameter, words->data(), words->size(), SQLITE_STATIC, SQLITE_UTF8);
   } else {
-    const std::string words = value.text();
-    sqlite3_bind_text64(statement, parameter, words.data(), words.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    const std::string figures = value.text();
+    sqlite3_bind_text64(statement, parameter, figures.data(), figures.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
   }
 }
 

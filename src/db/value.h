@@ -30,6 +30,9 @@ class Value {
   /// The text as stored, untrimmed; a number in its shortest form of at most 15 digits; Null is "".
   std::string text() const;
 
+  /// The text itself where the value is one, for as long as the value stays as it is; null where it is none.
+  const std::string* textIfAny() const { return std::get_if<std::string>(&content_); }
+
   bool operator==(const Value& other) const = default;
 
  private:
