@@ -30,7 +30,7 @@ double millimetres(double present, double previous) {
 }
 
 void setVariation(ui::Grid& Grid1, int row, const Formats& formats) {
-  const std::string previous = Grid1.text(row, colPrevious);
+  const std::string& previous = Grid1.text(row, colPrevious);
   if (text::trimmed(previous).empty()) {
     Grid1.setText(row, colVariation, {});
     return;
