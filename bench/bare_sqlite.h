@@ -9,7 +9,10 @@
 
 namespace bench {
 
-/// SQLite as thin as it gets: what the program's own work is compared with.
+/// Records as their fields' texts; "" stands for Null.
+using Records = std::vector<std::vector<std::string>>;
+
+/// SQLite as thin as it gets, with the settings it comes with: what the program's own work is compared with.
 class BareSqlite {
  public:
   explicit BareSqlite(const std::string& path) {
@@ -19,28 +22,36 @@ class BareSqlite {
   BareSqlite(const BareSqlite&) = delete;
   BareSqlite& operator=(const BareSqlite&) = delete;
 
-  void execute(const char* sql) { check(sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr)); }
-
-  /// Reads every column of every record. Returns the bytes seen.
+  /// Reads every column of every record, numbers as doubles and texts as they lie there. Returns the bytes
+  /// seen.
   std::size_t readAll(const std::string& sql) {
     sqlite3_stmt* statement = prepare(sql);
     const int columns = sqlite3_column_count(statement);
     std::size_t bytes = 0;
     while (sqlite3_step(statement) == SQLITE_ROW)
-      for (int i = 0; i < columns; ++i)
-        if (sqlite3_column_text(statement, i) != nullptr)
-          bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
+      for (int i = 0; i < columns; ++i) bytes += readField(statement, i);
     sqlite3_finalize(statement);
     return bytes;
   }
 
-  /// Deletes with one statement and inserts these records with another, in one transaction. "" goes in as
-  /// Null.
-  void replace(const char* deletion, const std::string& insertion,
-               const std::vector<std::vector<std::string>>& records) {
+  Records records(const std::string& sql) {
+    sqlite3_stmt* statement = prepare(sql);
+    const int columns = sqlite3_column_count(statement);
+    Records result;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+      result.emplace_back();
+      for (int i = 0; i < columns; ++i) result.back().push_back(fieldText(statement, i));
+    }
+    sqlite3_finalize(statement);
+    return result;
+  }
+
+  /// Deletes with one statement and inserts these records, every column of the table, with another, in one
+  /// transaction.
+  void replace(const std::string& table, const std::string& conditions, const Records& records) {
     execute("BEGIN IMMEDIATE");
-    execute(deletion);
-    sqlite3_stmt* statement = prepare(insertion);
+    execute("DELETE FROM " + table + conditions);
+    sqlite3_stmt* statement = prepare(insertion(table, records.at(0).size()));
     for (const auto& record : records) {
       int at = 0;
       for (const std::string& field : record) bind(statement, ++at, field);
@@ -52,10 +63,37 @@ class BareSqlite {
   }
 
  private:
+  void execute(const std::string& sql) {
+    check(sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr));
+  }
+
   sqlite3_stmt* prepare(const std::string& sql) {
     sqlite3_stmt* statement = nullptr;
     check(sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, nullptr));
     return statement;
+  }
+
+  static std::size_t readField(sqlite3_stmt* statement, int column) {
+    switch (sqlite3_column_type(statement, column)) {
+      case SQLITE_NULL:
+        return 0;
+      case SQLITE_TEXT:
+        sqlite3_column_text(statement, column);
+        return static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+      default:
+        return sqlite3_column_double(statement, column) != 0 ? sizeof(double) : 0;
+    }
+  }
+
+  static std::string fieldText(sqlite3_stmt* statement, int column) {
+    const void* text = sqlite3_column_text(statement, column);
+    return text == nullptr ? std::string() : std::string(static_cast<const char*>(text));
+  }
+
+  static std::string insertion(const std::string& table, std::size_t columns) {
+    std::string marks = "?";
+    for (std::size_t i = 1; i < columns; ++i) marks += ",?";
+    return "INSERT INTO " + table + " VALUES (" + marks + ")";
   }
 
   static void bind(sqlite3_stmt* statement, int at, const std::string& field) {

@@ -1,20 +1,24 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <string>
 #include <vector>
 
+#include "bare_sqlite.h"
 #include "measure.h"
-#include "sample/sample.h"
 
-// seikahyou-measure [--csv] FOLDER: measures the program on a route of 16,000 bench marks, made anew in
-// FOLDER, against the same work done bare in the same run.
+// seikahyou-measure [--csv] FOLDER: measures the program on the only route of FOLDER/job.sqlite against the
+// same work done bare in the same run. Results are saved into that job.
 
 namespace {
 
-constexpr int benchMarks = 16000;
 constexpr int turns = 9;
 
-void print(const std::vector<bench::Result>& results, double memory) {
+int countBenchMarks(const std::string& path) {
+  return std::stoi(bench::BareSqlite(path).records("SELECT COUNT(*) FROM KansokuSeikaData").at(0).at(0));
+}
+
+void print(const std::vector<bench::Result>& results, double memory, int benchMarks) {
   std::printf("%-28s %12s %12s %8s %6s\n", "", "program ms", "bare ms", "ratio", "aim");
   for (const bench::Result& result : results)
     std::printf("%-28s %12.3f %12.3f %8.2f %6.1f%s\n", result.name.c_str(), result.program * 1e3,
@@ -37,18 +41,14 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: seikahyou-measure [--csv] FOLDER\n");
     return 64;
   }
-  const std::filesystem::path folder = argv[argc - 1];
-  std::filesystem::remove_all(folder);
-  sample::Options options;
-  options.folder = folder.string();
-  options.benchMarks = benchMarks;
-  sample::makeSampleJob(options, folder.string());
-  const bench::Job job{(folder / "job.sqlite").string(), benchMarks};
+  const std::string path = (std::filesystem::path(argv[argc - 1]) / "job.sqlite").string();
+  const bench::Job job{path, countBenchMarks(path)};
 
   const double memory = bench::memoryPerBenchMark(job);
   std::vector<bench::Result> results;
-  for (const auto& family : {bench::startUpMeasures, bench::seihyouMeasures})
+  for (const auto& family : {bench::startUpMeasures, bench::seihyouMeasures, bench::daenMeasures,
+                             bench::hendMeasures, bench::tanrosenMeasures, bench::hksnbMeasures})
     for (const bench::Measure& measure : family(job)) results.push_back(bench::run(measure, turns));
-  csv ? printCsv(results, memory) : print(results, memory);
+  csv ? printCsv(results, memory) : print(results, memory, job.benchMarks);
   return 0;
 }

@@ -36,6 +36,10 @@ struct Job {
 // One family of measures for each floor of the house.
 std::vector<Measure> startUpMeasures(const Job& job);
 std::vector<Measure> seihyouMeasures(const Job& job);
+std::vector<Measure> daenMeasures(const Job& job);
+std::vector<Measure> hendMeasures(const Job& job);
+std::vector<Measure> tanrosenMeasures(const Job& job);
+std::vector<Measure> hksnbMeasures(const Job& job);
 
 /// Bytes of memory that a loaded route takes for each bench mark, at its peak.
 double memoryPerBenchMark(const Job& job);

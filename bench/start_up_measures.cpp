@@ -1,21 +1,9 @@
-#include <memory>
-
 #include "bare_sqlite.h"
-#include "db/database.h"
-#include "opened.h"
+#include "measure.h"
+#include "quiet_desktop.h"
 #include "shell/program.h"
 
 namespace bench {
-
-route::Selection onlyRoute(const job::JobContext& context) {
-  const auto database = db::openDatabase(context.gDbPath);
-  const auto records = database->openRecordset("SELECT * FROM " + context.tables.gTblKansokuSeikaData +
-                                               " WHERE JobId = '" + context.gJobId + "'");
-  return {records->field("事業番号").text(),
-          records->field("路線番号").text(),
-          records->field("DataKubun").text(),
-          {}};
-}
 
 std::vector<Measure> startUpMeasures(const Job& job) {
   const auto program = [job] {
