@@ -1,16 +1,20 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 namespace tanrosen {
 
-/// Grid rows by the bench-mark number that stands on them. The texts of the numbers must outlive it.
+/// The grid rows on which bench marks of some numbers stand.
 class BenchMarkRows {
  public:
-  /// Takes in a row; rows come from the top.
-  void add(std::string_view number, int row) { rows_[number].push_back(row); }
+  /// Awaits the bench marks of these numbers, which must outlive it.
+  explicit BenchMarkRows(const std::vector<std::string>& numbers);
+
+  /// The list that takes in the rows of a number, from the top; null where that number is not awaited.
+  std::vector<int>* rowsOf(std::string_view number);
 
   /// The first row at or below `from` with that number; 0 where there is none.
   int find(std::string_view number, int from) const;

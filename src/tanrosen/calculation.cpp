@@ -1,6 +1,7 @@
 #include "tanrosen/calculation.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "route/selection.h"
 #include "tanrosen/bench_mark_rows.h"
@@ -42,10 +43,17 @@ bool namesEveryPoint(std::string_view dataKubun) { return dataKubun == "0" || da
 /// The way along the route from known point to known point.
 class Distribution {
  public:
-  Distribution(ui::Grid& grid, job::Grade grade, bool everyPoint)
-      : grid_(grid), grade_(grade), everyPoint_(everyPoint), stride_(everyPoint ? 2 : 4) {
-    for (int row = 1; row < grid.rows(); row += stride_)
-      if (mayBeKnown(row)) benchMarks_.add(grid.text(row, colBenchMark), row);
+  Distribution(ui::Grid& grid, job::Grade grade, bool everyPoint, const std::vector<std::string>& knownPoints)
+      : grid_(grid),
+        grade_(grade),
+        everyPoint_(everyPoint),
+        stride_(everyPoint ? 2 : 4),
+        benchMarks_(knownPoints),
+        distances_(static_cast<std::size_t>(grid.rows() / 2 + 1)) {
+    for (int row = 1; row < grid.rows(); row += stride_) {
+      std::vector<int>* const rows = benchMarks_.rowsOf(grid.text(row, colBenchMark));
+      if (rows != nullptr && mayBeKnown(row)) rows->push_back(row);
+    }
   }
 
   void knownPoint(const std::string& name) {
@@ -57,7 +65,7 @@ class Distribution {
     if (const int row = walkTo(name); row > 0) close(row);
   }
 
-  long distancesRead() const { return read_; }
+  long distancesTaken() const { return taken_; }
 
  private:
   /// A repeated bench mark without a known height is no known point: the one with the mean of both runs is.
@@ -68,9 +76,18 @@ class Distribution {
 
   bool isReturn(const std::string& name) const { return reached_.size() > 1 && samePoint(reached_, name); }
 
-  /// A section whose runs are recorded apart counts once, with its backward run.
+  /// Of the section behind a bench mark. It is read once; above the first bench mark there is none
+  /// (Subscript).
   double distance(int row) {
-    ++read_;
+    ++taken_;
+    if (row < 1) return readDistance(row);
+    std::optional<double>& held = distances_[static_cast<std::size_t>(row / 2)];
+    if (!held) held = readDistance(row);
+    return *held;
+  }
+
+  /// A section whose runs are recorded apart counts once, with its backward run.
+  double readDistance(int row) const {
     const double held = number(grid_, row, colDistance);
     return everyPoint_ && startsForwardRun(grid_, row) ? 0 : held;
   }
@@ -156,21 +173,22 @@ class Distribution {
   bool everyPoint_;
   int stride_;
   BenchMarkRows benchMarks_;
-  int start_ = 1;                 // row where the segment starts
-  double closure_ = 0;            // error at the known point before, m
-  double total_ = 0;              // distance of the segment
+  std::vector<std::optional<double>> distances_;  // read so far, of row 1, 3, 5 …
+  int start_ = 1;                                 // row where the segment starts
+  double closure_ = 0;                            // error at the known point before, m
+  double total_ = 0;                              // distance of the segment
   std::string reached_;           // the last known point "…F" that its "…B" has not followed yet
   std::vector<double> toTheEnd_;  // distance from a row to the end of the grid
-  long read_ = 0;
+  long taken_ = 0;
 };
 
 }  // namespace
 
 long FcCalcTanrosen(ui::Grid& grid, const std::vector<std::string>& knownPoints, job::Grade grade,
                     std::string_view dataKubun) {
-  Distribution distribution(grid, grade, namesEveryPoint(dataKubun));
+  Distribution distribution(grid, grade, namesEveryPoint(dataKubun), knownPoints);
   for (const std::string& name : knownPoints) distribution.knownPoint(name);
-  return distribution.distancesRead();
+  return distribution.distancesTaken();
 }
 
 void heightFromCorrection(ui::Grid& grid, int row, job::Grade grade) {
