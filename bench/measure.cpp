@@ -7,6 +7,9 @@
 namespace bench {
 namespace {
 
+/// Short works take turns for at least so long (s), so that one of them is undisturbed.
+constexpr double leastTime = 0.3;
+
 double timed(const std::function<void()>& work) {
   const auto start = std::chrono::steady_clock::now();
   work();
@@ -18,10 +21,14 @@ double timed(const std::function<void()>& work) {
 Result run(const Measure& measure, int turns) {
   constexpr double never = std::numeric_limits<double>::max();
   Result result{measure.name, measure.aim, never, never};
-  for (int turn = 0; turn < turns; ++turn) {
+  double spent = 0;
+  for (int turn = 0; turn < turns || spent < leastTime; ++turn) {
     if (measure.prepare) measure.prepare();
-    result.program = std::min(result.program, timed(measure.program));
-    result.bare = std::min(result.bare, timed(measure.bare));
+    const double program = timed(measure.program);
+    const double bare = timed(measure.bare);
+    result.program = std::min(result.program, program);
+    result.bare = std::min(result.bare, bare);
+    spent += program + bare;
   }
   return result;
 }

@@ -24,7 +24,7 @@ struct Result {
   double ratio() const { return program / bare; }
 };
 
-/// Takes turns at the program's work and the bare work and keeps the best time of each.
+/// Takes at least `turns` turns at the program's work and the bare work and keeps the best time of each.
 Result run(const Measure& measure, int turns);
 
 /// The measuring job: one route, made by the sample generator.
