@@ -38,6 +38,11 @@ double wholeUnits(double units) {
   return units >= 0 ? text::FcIntOfText(units + 0.5) : -text::FcIntOfText(-units + 0.5);
 }
 
+/// The corrected height that a correction leads to.
+void writeHeight(ui::Grid& grid, int row, double units, job::Grade grade) {
+  grid.setText(row, colResult, grade.heights().format(units / grade.factor() + number(grid, row, colHeight)));
+}
+
 bool namesEveryPoint(std::string_view dataKubun) { return dataKubun == "0" || dataKubun == "4"; }
 
 /// The way along the route from known point to known point.
@@ -138,8 +143,9 @@ class Distribution {
     for (int row = start_; row <= known; row = below(row)) {
       behind += distance(row - 2);
       if (!isCorrected(row)) continue;
-      grid_.setText(row, colCorrection, text::numberText(share(change, behind)));
-      heightFromCorrection(grid_, row, grade_);
+      const double units = share(change, behind);
+      grid_.setText(row, colCorrection, text::numberText(units));
+      writeHeight(grid_, row, units, grade_);
     }
   }
 
@@ -192,8 +198,7 @@ long FcCalcTanrosen(ui::Grid& grid, const std::vector<std::string>& knownPoints,
 }
 
 void heightFromCorrection(ui::Grid& grid, int row, job::Grade grade) {
-  const double correction = number(grid, row, colCorrection) / grade.factor();
-  grid.setText(row, colResult, grade.heights().format(correction + number(grid, row, colHeight)));
+  writeHeight(grid, row, number(grid, row, colCorrection), grade);
 }
 
 bool isCorrectionCell(const ui::Grid& grid, int row, int col) {
