@@ -1,7 +1,9 @@
 #include "daen/calculation.h"
 
 #include <cmath>
+#include <numeric>
 #include <string_view>
+#include <vector>
 
 #include "daen/columns.h"
 #include "text/error.h"
@@ -33,11 +35,23 @@ double latitude(const std::string& degrees, const std::string& minutes) {
 
 int lastBenchMarkRow(const ui::Grid& grid) { return grid.rows() / 2 * 2 - 1; }
 
-/// The first row of a bench mark, 0 where there is none.
-int benchMarkRow(const ui::Grid& grid, std::string_view benchMark) {
-  for (int row = 1; row < grid.rows(); row += 2)
-    if (trimmedText(grid, row, colBenchMark) == text::trimmed(benchMark)) return row;
-  return 0;
+/// The rows of the bench marks at the ends of a section.
+struct Ends {
+  int start = 0;
+  int end = 0;
+};
+
+/// The first row of each, 0 where there is none.
+Ends endsOf(const ui::Grid& grid, const Section& section) {
+  const std::string_view startBenchMark = text::trimmed(section.startBenchMark);
+  const std::string_view endBenchMark = text::trimmed(section.endBenchMark);
+  Ends ends;
+  for (int row = 1; row < grid.rows() && (ends.start == 0 || ends.end == 0); row += 2) {
+    const std::string_view benchMark = trimmedText(grid, row, colBenchMark);
+    if (ends.start == 0 && benchMark == startBenchMark) ends.start = row;
+    if (ends.end == 0 && benchMark == endBenchMark) ends.end = row;
+  }
+  return ends;
 }
 
 /// The bench marks of a section in the route grid, in the direction in which it runs.
@@ -59,12 +73,13 @@ class Stretch {
     return text::Fix(std::abs(sum / count) * tenths + 0.5) / tenths;
   }
 
-  /// The distance (km) that the shares are measured against; backward it reaches one segment beyond the end.
-  double distance(const ui::Grid& grid) const {
-    double sum = 0;
+  /// The distances (km) whose sum the shares are measured against; backward they reach one segment beyond the
+  /// end.
+  std::vector<double> distances(const ui::Grid& grid) const {
+    std::vector<double> result;
     for (int row = start_; forward() ? row < end_ : row >= end_; row = next(row))
-      sum += number(grid, segment(row), colDistance);
-    return sum;
+      result.push_back(number(grid, segment(row), colDistance));
+    return result;
   }
 
   bool isEnd(int row) const { return row == end_; }
@@ -107,10 +122,12 @@ double share(double covered, double total, bool forward) {
 
 void distribute(ui::Grid& grid, const Stretch& stretch, double correction, double base,
                 const Formats& formats) {
-  const double total = stretch.distance(grid);
+  const std::vector<double> distances = stretch.distances(grid);
+  const double total = std::accumulate(distances.begin(), distances.end(), 0.0);
+  auto distance = distances.begin();
   double covered = 0;
   for (int row = stretch.start(); !stretch.isEnd(row); row = stretch.next(row)) {
-    covered += number(grid, stretch.segment(row), colDistance);
+    covered += *distance++;
     const double value = share(covered, total, stretch.forward()) * correction;
     writeResult(grid, stretch.next(row), toTenths(value) + base, formats);
   }
@@ -133,8 +150,7 @@ void FcDaenHoseichi(double startLatitude, double endLatitude, double height, dou
 
 bool FcSeiDaenCal(ui::Grid& Grid1, ui::Grid& Grid2, const Section& section, const Formats& formats,
                   const std::function<void(const SectionValues&)>& show) {
-  const int start = benchMarkRow(Grid1, section.startBenchMark);
-  const int end = benchMarkRow(Grid1, section.endBenchMark);
+  const auto [start, end] = endsOf(Grid1, section);
   ui::FcGridMoveRow(Grid1, end != 0 ? end : lastBenchMarkRow(Grid1));
   if (start == end || start == 0 || end == 0) return false;
   const Stretch stretch(start, end);
