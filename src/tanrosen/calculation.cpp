@@ -53,13 +53,8 @@ class Distribution {
         grade_(grade),
         everyPoint_(everyPoint),
         stride_(everyPoint ? 2 : 4),
-        benchMarks_(knownPoints),
-        distances_(static_cast<std::size_t>(grid.rows() / 2 + 1)) {
-    for (int row = 1; row < grid.rows(); row += stride_) {
-      std::vector<int>* const rows = benchMarks_.rowsOf(grid.text(row, colBenchMark));
-      if (rows != nullptr && mayBeKnown(row)) rows->push_back(row);
-    }
-  }
+        knownPoints_(knownPoints),
+        distances_(static_cast<std::size_t>(grid.rows() / 2 + 1)) {}
 
   void knownPoint(const std::string& name) {
     if (everyPoint_ && isReturn(name)) {
@@ -77,6 +72,25 @@ class Distribution {
   bool mayBeKnown(int row) const {
     return !everyPoint_ || grid_.text(row, colFlag) != route::repeatedPoint ||
            !grid_.text(row, colResult).empty();
+  }
+
+  /// The first row of a known point at or below the segment's start; 0 where there is none. In the order of
+  /// the route they are met on the way; when one is missed, the rows of all are listed, so that many of them
+  /// out of order cost no more.
+  int rowOf(const std::string& name) {
+    if (listed_) return listed_->find(name, start_);
+    for (int row = start_; row < grid_.rows(); row += stride_)
+      if (grid_.text(row, colBenchMark) == name && mayBeKnown(row)) return row;
+    list();
+    return 0;
+  }
+
+  void list() {
+    listed_.emplace(knownPoints_);
+    for (int row = start_; row < grid_.rows(); row += stride_) {
+      std::vector<int>* const rows = listed_->rowsOf(grid_.text(row, colBenchMark));
+      if (rows != nullptr && mayBeKnown(row)) rows->push_back(row);
+    }
   }
 
   bool isReturn(const std::string& name) const { return reached_.size() > 1 && samePoint(reached_, name); }
@@ -101,7 +115,7 @@ class Distribution {
 
   /// Adds the distances up to the known point and returns its row; 0 where it does not stand below.
   int walkTo(const std::string& name) {
-    const int found = benchMarks_.find(name, start_);
+    const int found = rowOf(name);
     if (found == 0) {
       total_ += distanceToTheEnd();
       return 0;
@@ -166,7 +180,7 @@ class Distribution {
   /// begins there. Distances count from here; the closure error before stays that of the forward run. The
   /// bench mark that follows two rows below is the segment's first, as behind every known point.
   void leaveAgain(const std::string& name) {
-    const int row = benchMarks_.find(name, start_);
+    const int row = rowOf(name);
     if (row == 0) return;
     grid_.setText(row, colCorrection, grid_.text(row - runApart, colCorrection));
     reached_.clear();
@@ -178,7 +192,8 @@ class Distribution {
   job::Grade grade_;
   bool everyPoint_;
   int stride_;
-  BenchMarkRows benchMarks_;
+  const std::vector<std::string>& knownPoints_;
+  std::optional<BenchMarkRows> listed_;           // from the first miss on
   std::vector<std::optional<double>> distances_;  // read so far, of row 1, 3, 5 …
   int start_ = 1;                                 // row where the segment starts
   double closure_ = 0;                            // error at the known point before, m
