@@ -7,6 +7,7 @@
 #include "daen/data_sections.h"
 #include "text/number.h"
 #include "ui/grid_helpers.h"
+#include "ui/grid_look.h"
 #include "ui/picture_paste.h"
 
 namespace daen {
@@ -17,26 +18,32 @@ constexpr float designWidth = 8955;
 constexpr float designHeight = 6105;
 constexpr int rowHeight = 260;
 constexpr int sectionColumnWidth = 1134;
-constexpr std::array<int, columnCount> columnWidths = {1400, 1134, 1134, 1134, 1134, 1701, 1134, 0, 0, 0};
-constexpr std::array<const char*, 9> headers = {"水準点", "距離(km)",   "標高(m)",   "楕円補(mm)", "結果(m)",
-                                                "備考",   "データ形式", "SaveOrder", "DataEndMark"};
-constexpr std::array<const char*, sectionColumnCount> sectionHeaders = {
-    "自首末地", "至首末地", "自水準点",   "至水準点", "B1",        "B2",
-    "B1-B2",    "B1 + B2",  "楕円補正値", "平均標高", "楕円計算値"};
+constexpr auto left = ui::Align::Left;
+constexpr auto right = ui::Align::Right;
+constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1400, right},
+                                                              {"距離(km)", 1134, right},
+                                                              {"標高(m)", 1134, right},
+                                                              {"楕円補(mm)", 1134, right},
+                                                              {"結果(m)", 1134, right},
+                                                              {"備考", 1701, left},
+                                                              {"データ形式", 1134, right},
+                                                              {"SaveOrder", 0, right},
+                                                              {"DataEndMark", 0, right},
+                                                              {"", 0, right}}};
+constexpr std::array<ui::ColumnLook, sectionColumnCount> sectionColumns = {{{"自首末地", 1134},
+                                                                            {"至首末地", 1134},
+                                                                            {"自水準点", 1134},
+                                                                            {"至水準点", 1134},
+                                                                            {"B1", 1134},
+                                                                            {"B2", 1134},
+                                                                            {"B1-B2", 1134},
+                                                                            {"B1 + B2", 1134},
+                                                                            {"楕円補正値", 1134},
+                                                                            {"平均標高", 1134},
+                                                                            {"楕円計算値", 1134}}};
 
 constexpr int resultPage = 0;
-constexpr int selectionPage = 1;
 constexpr int sectionPage = 2;
-
-/// An empty grid under one row of headers.
-void setUp(ui::Grid& grid, int rows, int cols) {
-  grid.setRows(rows);
-  grid.setCols(cols);
-  grid.setFixed(1, 0);
-  grid.clearText();
-  grid.setCurrent(1, 0);
-  grid.setRowHeight(rowHeight);
-}
 
 }  // namespace
 
@@ -58,8 +65,6 @@ fDHsei::fDHsei(const job::JobContext& context, ui::Desktop& desktop)
 
 void fDHsei::arrange() {
   SSTab1.put(resultPage, {&lblJigyobango, &lblRosenbango, &lblDatakubun, &Grid1, &cmdMap, &Label12});
-  SSTab1.put(selectionPage, {&LstDataKubun, &cmbJIgyoBango1, &cmbRosenBango1, &openButton, &LstDataKubun1,
-                             &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
   SSTab1.put(sectionPage, {&LstHyousekiNo1, &LstHyousekiNo2, &lblHyousekiNo1, &lblHyousekiNo2, &txtStartIdo,
                            &txtStartFun, &txtEndIdo, &txtEndFun, &LstSanshouDaen, &lblSanshouDaenHoseichi,
                            &CmdDaenCal, &lblH, &lblDaenHoseichi, &Grid2, &CmdGrid2RowDel});
@@ -81,12 +86,6 @@ void fDHsei::tieEvents() {
   on(cmdMap.onClick, "cmdMap_Click", [this] { cmdMap_Click(); });
 }
 
-void fDHsei::Form_Load() {
-  ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
-  setUpGrids();
-  SSTab1.setCurrent(selectionPage);
-}
-
 void fDHsei::Form_Resize() {
   const float across = width() / designWidth;
   const float down = height() / designHeight;
@@ -94,20 +93,13 @@ void fDHsei::Form_Resize() {
   Grid1.setSize(across * 7395, down * 3900);
 }
 
+/// Headers stand to the left, over right-aligned figures too.
 void fDHsei::setUpGrids() {
-  setUp(Grid1, 3, columnCount);
-  for (int col = 0; col < columnCount; ++col) {
-    Grid1.setColWidth(col, columnWidths[static_cast<std::size_t>(col)]);
-    Grid1.setAlign(col, col == colRemark ? ui::Align::Left : ui::Align::Right);
-  }
-  for (std::size_t col = 0; col < headers.size(); ++col)
-    Grid1.setText(0, static_cast<int>(col), headers[col]);
-  setUp(Grid2, 2, sectionColumnCount);
+  ui::headGrid(Grid1, columns, 3);
+  for (int col = 0; col < columnCount; ++col) Grid1.setFixedAlign(col, left);
+  ui::headGrid(Grid2, sectionColumns);
+  for (ui::Grid* grid : {&Grid1, &Grid2}) grid->setRowHeight(rowHeight);
   Grid2.setSize(6700, 1560);
-  for (int col = 0; col < sectionColumnCount; ++col) {
-    Grid2.setColWidth(col, sectionColumnWidth);
-    Grid2.setText(0, col, sectionHeaders[static_cast<std::size_t>(col)]);
-  }
 }
 
 /// The labels hold the keys themselves: of the category its code alone.

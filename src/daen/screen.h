@@ -32,7 +32,6 @@ class fDHsei : public route::RouteScreen {
   ui::Label Label12{"Label12", this, "１２０％"};
 
  private:
-  void Form_Load() override;
   void Form_Resize() override;
   void setUpGrids() override;
   void openData(const route::Selection& selection) override;

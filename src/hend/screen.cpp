@@ -11,35 +11,30 @@
 #include "text/padding.h"
 #include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
+#include "ui/grid_look.h"
 #include "ui/picture_paste.h"
 
 namespace hend {
 namespace {
 
 /// How a column of the grid looks.
-struct ColumnLook {
-  const char* header;
-  int width;  // twips, 0 hides it
-  ui::Align align;
-};
-
 constexpr auto left = ui::Align::Left;
 constexpr auto right = ui::Align::Right;
-constexpr std::array<ColumnLook, columnCount> columns = {{{"水準点", 1540, left},
-                                                          {"新観測年月日", 1260, left},
-                                                          {"新観測比高", 1120, right},
-                                                          {"旧観測年月日", 1260, left},
-                                                          {"旧観測比高", 1120, right},
-                                                          {"比高差", 1120, right},
-                                                          {"新－旧", 840, right},
-                                                          {"比高変化", 1120, right},
-                                                          {"基－新", 840, right},
-                                                          {"変動補正量", 1120, right},
-                                                          {"基準日比高", 1120, right},
-                                                          {"備考", 1960, left},
-                                                          {"SaveOrder", 0, left},
-                                                          {"データ形式", 1120, left},
-                                                          {"DataEndMark", 0, left}}};
+constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540, left},
+                                                              {"新観測年月日", 1260, left},
+                                                              {"新観測比高", 1120, right},
+                                                              {"旧観測年月日", 1260, left},
+                                                              {"旧観測比高", 1120, right},
+                                                              {"比高差", 1120, right},
+                                                              {"新－旧", 840, right},
+                                                              {"比高変化", 1120, right},
+                                                              {"基－新", 840, right},
+                                                              {"変動補正量", 1120, right},
+                                                              {"基準日比高", 1120, right},
+                                                              {"備考", 1960, left},
+                                                              {"SaveOrder", 0, left},
+                                                              {"データ形式", 1120, left},
+                                                              {"DataEndMark", 0, left}}};
 
 // Sizes in twips. The width shows all columns at once.
 constexpr float designWidth = 16500;
@@ -63,8 +58,6 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
                        .resultTable = context.tables.gTblKansokuSeikaDataHend},
                       {}, context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1, &txtKijunbi, &CmdSettei, &cmdMap});
-  SSTab1.put(
-      1, {&cmbJIgyoBango1, &cmbRosenBango1, &openButton, &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
   txtKijunbi.setValid(isDateOrBlank, "日付ではありません");
   openButton.onClick.handle([this] { openObserved(); });
   reopenButton.onClick.handle([this] { openSaved(); });
@@ -74,15 +67,13 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
   });
   on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
   Grid1.setCellUse([this](int, int col) { return cellUse(col); });
-  Grid1.onKeyPress = [this](char32_t code) {
-    ui::trapped(&this->desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
-  };
+  onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
 }
 
 void fHHsei::Form_Load() {
   const ui::Hourglass wait(desktop());
   setUpGrids();
-  SSTab1.setCurrent(1);
+  SSTab1.setCurrent(selectionPage);
   ui::trapped(&desktop(), "Form_Load", [this] {
     observed_.fillProjects();
     saved_.fillProjects();
@@ -96,20 +87,7 @@ void fHHsei::Form_Resize() {
   Grid1.setSize(across * 16020, down * 7200);
 }
 
-void fHHsei::setUpGrids() {
-  Grid1.setRows(2);
-  Grid1.setCols(columnCount);
-  Grid1.setFixed(1, 1);
-  Grid1.clearText();
-  Grid1.setCurrent(1, 1);
-  for (int col = 0; col < columnCount; ++col) {
-    const ColumnLook& look = columns[static_cast<std::size_t>(col)];
-    Grid1.setText(0, col, look.header);
-    Grid1.setColWidth(col, look.width);
-    Grid1.setAlign(col, look.align);
-    Grid1.setFixedAlign(col, look.align);
-  }
-}
+void fHHsei::setUpGrids() { ui::headGrid(Grid1, columns, 2, 1); }
 
 void fHHsei::openData(const route::Selection& selection) {
   source_ = Source::Observation;

@@ -4,6 +4,7 @@
 
 #include "hksnb/columns.h"
 #include "ui/error_trap.h"
+#include "ui/grid_look.h"
 
 namespace hksnb {
 namespace {
@@ -11,32 +12,29 @@ namespace {
 constexpr std::string_view presentHeader = "観測成果:";
 constexpr std::string_view previousHeader = "平均成果:";
 
-// In twips; 0 hides a column.
-constexpr std::array<int, columnCount> widths = {1140, 1260, 1140, 1140, 1260, 1380, 1380, 1380,
-                                                 1860, 1860, 1020, 2190, 0,    0,    0};
-
-constexpr std::array<std::string_view, colRemark + 1> headers = {
-    "事業番号", "路線番号", "都道府県",    "郡市",         "町村",   "水準点番号",
-    "観測比高", "",         presentHeader, previousHeader, "変動量", "備考"};
-
-bool isNumber(int col) { return col >= colHeight && col <= colVariation; }
+constexpr auto left = ui::Align::Left;
+constexpr auto right = ui::Align::Right;
+constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"事業番号", 1140, left},
+                                                              {"路線番号", 1260, left},
+                                                              {"都道府県", 1140, left},
+                                                              {"郡市", 1140, left},
+                                                              {"町村", 1260, left},
+                                                              {"水準点番号", 1380, left},
+                                                              {"観測比高", 1380, right},
+                                                              {"", 1380, right},
+                                                              {presentHeader, 1860, right},
+                                                              {previousHeader, 1860, right},
+                                                              {"変動量", 1020, right},
+                                                              {"備考", 2190, left},
+                                                              {"", 0, left},
+                                                              {"", 0, left},
+                                                              {"", 0, left}}};
 
 }  // namespace
 
 void FcHHKSB_InitGrid1(ui::Grid& Grid1, Kind kind) {
   ui::trapped(Grid1.desktop(), "FcHHKSB_InitGrid1", [&] {
-    Grid1.setRows(2);
-    Grid1.setCols(columnCount);
-    Grid1.setFixed(1, 0);
-    Grid1.clearText();
-    Grid1.setCurrent(1, 0);
-    for (int col = 0; col < columnCount; ++col) {
-      Grid1.setColWidth(col, widths[static_cast<std::size_t>(col)]);
-      Grid1.setAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
-      Grid1.setFixedAlign(col, Grid1.align(col));
-    }
-    for (std::size_t col = 0; col < headers.size(); ++col)
-      Grid1.setText(0, static_cast<int>(col), headers[col]);
+    ui::headGrid(Grid1, columns);
     Grid1.setText(0, colCorrection, correctionName(kind));
   });
 }

@@ -9,7 +9,6 @@
 #include "platform/files.h"
 #include "text/number.h"
 #include "text/padding.h"
-#include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
 #include "ui/picture_paste.h"
 
@@ -77,9 +76,7 @@ void fHHksb::tieBook() {
   });
   on(Grid1.onClick, "Grid1_Click", [this] { ui::FcGridSelectRow(Grid1); });
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
-  Grid1.onKeyPress = [this](char32_t code) {
-    ui::trapped(&desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
-  };
+  onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
 }
 
 void fHHksb::Form_Load() {

@@ -21,6 +21,15 @@ std::string savedRecordsSql(const job::JobContext& context, const Selection& sel
          plainCategoryCondition(selection.dataKubun);
 }
 
+void saveBenchMarks(const job::JobContext& context, const Selection& selection, std::string_view table,
+                    const ui::Grid& grid, int flagCol,
+                    const std::function<void(db::Recordset&, int, int, int)>& add) {
+  replaceRecords(context.gDbPath, savedRecordsSql(context, selection, table), [&](db::Recordset& records) {
+    int order = 0;
+    forEachBenchMark(grid, flagCol, [&](int row, int sectionRow) { add(records, row, sectionRow, ++order); });
+  });
+}
+
 void readRecords(std::string_view dbPath, std::string_view sql,
                  const std::function<void(db::Database&, db::Recordset&)>& read) {
   const auto database = db::openDatabase(dbPath);

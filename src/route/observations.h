@@ -28,6 +28,14 @@ std::string observationsSql(const job::JobContext& context, const Selection& sel
 std::string savedRecordsSql(const job::JobContext& context, const Selection& selection,
                             std::string_view table);
 
+/// Replaces the saved records of a selection in the result table `table` by the bench marks of `grid`, whose
+/// column `flagCol` holds the route flags. `add` adds one: it gets the bench-mark row, the row of the section
+/// behind it (0 where there is none) and the order, 1, 2, 3 … Returns when all is safe on disk. Raises
+/// db::Error.
+void saveBenchMarks(const job::JobContext& context, const Selection& selection, std::string_view table,
+                    const ui::Grid& grid, int flagCol,
+                    const std::function<void(db::Recordset&, int row, int sectionRow, int order)>& add);
+
 /// Opens the job database and the records that `sql` selects, hands both to `read`, and closes them again.
 /// Raises db::Error.
 void readRecords(std::string_view dbPath, std::string_view sql,

@@ -17,6 +17,9 @@ class RouteScreen : public SelectionScreen {
   /// `width` × `height`: design size in twips.
   RouteScreen(const Names& names, const job::JobContext& context, ui::Desktop& desktop, float width,
               float height);
+
+  /// Empty grids, the selection in front, the categories to choose from.
+  void Form_Load() override;
 };
 
 }  // namespace route

@@ -17,6 +17,8 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
       observed_(context_, context_.tables.gTblKansokuSeikaData, categories.observed, cmbJIgyoBango1,
                 cmbRosenBango1, names.openRule),
       saved_(context_, names.resultTable, categories.saved, cmbJIgyoBango2, cmbRosenBango2) {
+  SSTab1.put(selectionPage, {&cmbJIgyoBango1, &cmbRosenBango1, &openButton, &cmbJIgyoBango2, &cmbRosenBango2,
+                             &reopenButton});
   on(cmbJIgyoBango1.onClick, "cmbJIgyoBango1_Click", [this] { observed_.fillRoutes(); });
   on(cmbJIgyoBango2.onClick, "cmbJIgyoBango2_Click", [this] { saved_.fillRoutes(); });
   on(clearItem.onClick, names.menuItem + "_Click", [this] { clear(); });

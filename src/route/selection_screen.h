@@ -64,6 +64,8 @@ class SelectionScreen : public ui::Screen {
   virtual void reopenData(const Selection& selection) = 0;
   /// Saves the grids under the keys of the labels and tells the operator where all went well.
   virtual void saveData(const Selection& selection) = 0;
+  /// The page of SSTab1 on which a route is chosen.
+  static constexpr int selectionPage = 1;
   /// The page of SSTab1 to which opening data leads.
   virtual int dataPage() const { return 0; }
   /// Empties the grids and the labels of the opened route.

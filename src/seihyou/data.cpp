@@ -220,14 +220,10 @@ bool FcDBReOpen(const route::Selection& selection, const job::JobContext& contex
 
 bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {
   return ui::trapped(grid.desktop(), "FcDbSave", [&] {
-    const std::string sql =
-        route::savedRecordsSql(context, selection, context.tables.gTblKansokuSeikaDataSeihyou);
-    route::replaceRecords(context.gDbPath, sql, [&](db::Recordset& records) {
-      int order = 0;
-      route::forEachBenchMark(grid, colFlag, [&](int row, int sectionRow) {
-        addRecord(records, selection, context, grid, row, sectionRow, ++order);
-      });
-    });
+    route::saveBenchMarks(context, selection, context.tables.gTblKansokuSeikaDataSeihyou, grid, colFlag,
+                          [&](db::Recordset& records, int row, int sectionRow, int order) {
+                            addRecord(records, selection, context, grid, row, sectionRow, order);
+                          });
   });
 }
 

@@ -6,8 +6,8 @@
 #include "seihyou/calculation.h"
 #include "seihyou/columns.h"
 #include "seihyou/data.h"
-#include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
+#include "ui/grid_look.h"
 
 namespace seihyou {
 namespace {
@@ -15,8 +15,15 @@ namespace {
 // Sizes in twips.
 constexpr float designWidth = 8970;
 constexpr float designHeight = 6075;
-constexpr std::array<int, columnCount> columnWidths = {1540, 1540, 1540, 1540, 1960, 0, 0};
-constexpr std::array<const char*, 5> headers = {"水準点", "標高", "正標高補正数", "補正結果", "備考"};
+constexpr auto left = ui::Align::Left;
+constexpr auto right = ui::Align::Right;
+constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540, left},
+                                                              {"標高", 1540, right},
+                                                              {"正標高補正数", 1540, right},
+                                                              {"補正結果", 1540, right},
+                                                              {"備考", 1960, left},
+                                                              {"", 0, left},
+                                                              {"", 0, left}}};
 
 }  // namespace
 
@@ -31,18 +38,8 @@ fSHsei::fSHsei(const job::JobContext& context, ui::Desktop& desktop)
                    .resultTable = context.tables.gTblKansokuSeikaDataSeihyou},
                   context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1});
-  SSTab1.put(1, {&LstDataKubun, &cmbJIgyoBango1, &cmbRosenBango1, &openButton, &LstDataKubun1,
-                 &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
-  Grid1.onKeyPress = [this](char32_t code) {
-    ui::trapped(&this->desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
-  };
-}
-
-void fSHsei::Form_Load() {
-  setUpGrids();
-  SSTab1.setCurrent(1);
-  ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
+  onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
 }
 
 void fSHsei::Form_Resize() {
@@ -52,21 +49,7 @@ void fSHsei::Form_Resize() {
   Grid1.setSize(across * 8400, down * 3700);
 }
 
-void fSHsei::setUpGrids() {
-  Grid1.setRows(2);
-  Grid1.setCols(columnCount);
-  Grid1.setFixed(1, 0);
-  Grid1.clearText();
-  Grid1.setCurrent(1, 0);
-  for (int col = 0; col < columnCount; ++col) {
-    Grid1.setColWidth(col, columnWidths[static_cast<std::size_t>(col)]);
-    const bool isNumber = col == colHeight || col == colCorrection || col == colResult;
-    Grid1.setAlign(col, isNumber ? ui::Align::Right : ui::Align::Left);
-    Grid1.setFixedAlign(col, isNumber ? ui::Align::Right : ui::Align::Left);
-  }
-  for (std::size_t col = 0; col < headers.size(); ++col)
-    Grid1.setText(0, static_cast<int>(col), headers[col]);
-}
+void fSHsei::setUpGrids() { ui::headGrid(Grid1, columns); }
 
 void fSHsei::openData(const route::Selection& selection) { FcDBOpen(selection, context_, Grid1); }
 

@@ -11,7 +11,6 @@ class fSHsei : public route::RouteScreen {
   fSHsei(const job::JobContext& context, ui::Desktop& desktop);
 
  private:
-  void Form_Load() override;
   void Form_Resize() override;
   void setUpGrids() override;
   void openData(const route::Selection& selection) override;

@@ -7,8 +7,8 @@
 #include "tanrosen/calculation.h"
 #include "tanrosen/columns.h"
 #include "tanrosen/data.h"
-#include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
+#include "ui/grid_look.h"
 
 namespace tanrosen {
 namespace {
@@ -24,10 +24,16 @@ constexpr float gridTop = 525;
 constexpr float belowGrid = 100;
 constexpr float belowLists = 600;  // to the lower edge of the tab control, its tabs included
 constexpr float leastList = 600;
-constexpr int columnWidth = 1540;
-constexpr std::array<const char*, 6> headers = {"水準点", "距離", "標高", "補正数", "補正結果", "備考"};
-
-bool isNumber(int col) { return col >= colDistance && col <= colResult; }
+constexpr auto toLeft = ui::Align::Left;
+constexpr auto toRight = ui::Align::Right;
+constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540, toLeft},
+                                                              {"距離", 1540, toRight},
+                                                              {"標高", 1540, toRight},
+                                                              {"補正数", 1540, toRight},
+                                                              {"補正結果", 1540, toRight},
+                                                              {"備考", 1540, toLeft},
+                                                              {"", 0, toLeft},
+                                                              {"", 0, toLeft}}};
 
 }  // namespace
 
@@ -42,21 +48,11 @@ fTHsei::fTHsei(const job::JobContext& context, ui::Desktop& desktop)
                    .resultTable = context.tables.gTblKansokuSeikaDataTanrosen},
                   context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1, &lblSuijyun, &lstSuijyun, &Command1, &lblKiti, &lstKiti, &Command2, &cmdCalc});
-  SSTab1.put(1, {&LstDataKubun, &cmbJIgyoBango1, &cmbRosenBango1, &openButton, &LstDataKubun1,
-                 &cmbJIgyoBango2, &cmbRosenBango2, &reopenButton});
   on(Command1.onClick, "Command1_Click", [this] { Command1_Click(); });
   on(Command2.onClick, "Command2_Click", [this] { Command2_Click(); });
   on(cmdCalc.onClick, "FcCalcTanrosen", [this] { cmdCalc_Click(); });
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
-  Grid1.onKeyPress = [this](char32_t code) {
-    ui::trapped(&this->desktop(), "Grid1_KeyPress", [&] { Grid1_KeyPress(code); });
-  };
-}
-
-void fTHsei::Form_Load() {
-  setUpGrids();
-  SSTab1.setCurrent(1);
-  ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1);
+  onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
 }
 
 void fTHsei::Form_Resize() {
@@ -80,20 +76,7 @@ void fTHsei::placeBelowGrid(float left, float top) {
   cmdCalc.move({left + 7230, top, 1065, 420});
 }
 
-void fTHsei::setUpGrids() {
-  Grid1.setRows(2);
-  Grid1.setCols(columnCount);
-  Grid1.setFixed(1, 0);
-  Grid1.clearText();
-  Grid1.setCurrent(1, 0);
-  for (int col = 0; col < columnCount; ++col) {
-    Grid1.setColWidth(col, col < colFlag ? columnWidth : 0);
-    Grid1.setAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
-    Grid1.setFixedAlign(col, isNumber(col) ? ui::Align::Right : ui::Align::Left);
-  }
-  for (std::size_t col = 0; col < headers.size(); ++col)
-    Grid1.setText(0, static_cast<int>(col), headers[col]);
-}
+void fTHsei::setUpGrids() { ui::headGrid(Grid1, columns); }
 
 void fTHsei::openData(const route::Selection& selection) {
   FcDBOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});

@@ -19,7 +19,6 @@ class fTHsei : public route::RouteScreen {
   fTHsei(const job::JobContext& context, ui::Desktop& desktop);
 
  private:
-  void Form_Load() override;
   void Form_Resize() override;
   void setUpGrids() override;
   void openData(const route::Selection& selection) override;

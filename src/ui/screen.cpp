@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "ui/error_trap.h"
+#include "ui/grid.h"
 
 namespace ui {
 
@@ -40,6 +41,11 @@ void Screen::on(Event& event, std::string procedure, Event::Handler handler) {
   event.handle([this, procedure = std::move(procedure), handler = std::move(handler)] {
     trapped(&desktop_, procedure, handler);
   });
+}
+
+void Screen::onKeys(Grid& grid, std::function<void(char32_t)> handler) {
+  grid.onKeyPress = [this, procedure = grid.name() + "_KeyPress", handler = std::move(handler)](
+                        char32_t code) { trapped(&desktop_, procedure, [&] { handler(code); }); };
 }
 
 void Screen::add(Control& control) {

@@ -11,6 +11,8 @@
 
 namespace ui {
 
+class Grid;
+
 /// A screen: its caption, its controls by name, and its life from load to unload.
 ///
 /// A screen derives from it with its controls as members (each registers itself) and its event handlers as
@@ -59,6 +61,9 @@ class Screen {
   /// the event
   /// ("CmdDataOpen_Click").
   void on(Event& event, std::string procedure, Event::Handler handler);
+
+  /// Ties a handler to the keys of a grid, under the error trap of the grid's key press ("Grid1_KeyPress").
+  void onKeys(Grid& grid, std::function<void(char32_t code)> handler);
 
  private:
   friend class Control;
