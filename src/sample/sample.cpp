@@ -5,9 +5,9 @@
 #include <ostream>
 
 #include "db/database.h"
+#include "job/schema.h"
 #include "platform/files.h"
 #include "sample/long_routes.h"
-#include "sample/schema.h"
 #include "sample/small_routes.h"
 #include "sample/writer.h"
 #include "text/error.h"
@@ -85,7 +85,7 @@ void writeSurveyJobs(db::Database& database, int grade) {
 }
 
 void fill(db::Database& database, const Options& options, const std::string& dataFolder) {
-  for (const std::string& statement : db::splitStatements(schemaSql())) database.execute(statement);
+  for (const std::string& statement : db::splitStatements(job::schemaSql())) database.execute(statement);
   writeDataFolder(database, exeDir(dataFolder));
   const int grade = options.grade.value_or(1);
   if (options.benchMarks)
