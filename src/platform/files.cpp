@@ -63,6 +63,24 @@ std::optional<std::string> readFile(std::string_view path) {
   return content;
 }
 
+bool isSameFile(std::string_view path, std::string_view other) {
+  std::error_code ignored;
+  return std::filesystem::equivalent(nativePath(path), nativePath(other), ignored);
+}
+
+void writeFile(std::string_view path, std::string_view content) {
+  const std::filesystem::path target = nativePath(path);
+  const std::filesystem::path growing = nativePath(std::string(path) + ".part");
+  std::ofstream file(growing, std::ios::binary);
+  file.write(content.data(), static_cast<std::streamsize>(content.size()));
+  file.close();
+  std::error_code error;
+  if (file) std::filesystem::rename(growing, target, error);
+  if (file && !error) return;
+  std::filesystem::remove(growing, error);
+  throw text::RuntimeError(text::ErrorCode::PathNotFound);
+}
+
 void makeFolder(std::string_view path) {
   std::error_code error;
   std::filesystem::create_directories(nativePath(path), error);

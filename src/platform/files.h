@@ -30,6 +30,13 @@ std::optional<std::string> firstLine(std::string_view path);
 /// The whole of a file; nothing where it cannot be read.
 std::optional<std::string> readFile(std::string_view path);
 
+/// True where both paths lead to one and the same file or folder that is there.
+bool isSameFile(std::string_view path, std::string_view other);
+
+/// Writes a whole file in the place of whatever file is at `path`; one that was there stays until the new one
+/// is complete. Raises PathNotFound where it cannot be written.
+void writeFile(std::string_view path, std::string_view content);
+
 /// Makes the folder at `path` and those above it that are missing. Raises PathNotFound where that fails.
 void makeFolder(std::string_view path);
 

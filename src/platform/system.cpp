@@ -4,8 +4,9 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// windows.h first: psapi.h needs its types.
+// windows.h first: the others need its types.
 #include <psapi.h>
+#include <shellapi.h>
 #else
 #include <sys/resource.h>
 #endif
@@ -31,6 +32,15 @@ std::string commandLineText(int, char**) {
   return pathText(std::filesystem::path(behindProgramName(GetCommandLineW())));
 }
 
+std::vector<std::string> commandLineWords(int, char**) {
+  int count = 0;
+  LPWSTR* const all = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> words;
+  for (int i = 1; all != nullptr && i < count; ++i) words.push_back(pathText(std::filesystem::path(all[i])));
+  LocalFree(all);
+  return words;
+}
+
 std::string programFolder() {
   std::wstring path(32768, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
@@ -53,6 +63,10 @@ std::string commandLineText(int argc, char** argv) {
     text += argv[i];
   }
   return text;
+}
+
+std::vector<std::string> commandLineWords(int argc, char** argv) {
+  return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
 std::string programFolder() {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -9,6 +10,9 @@ namespace platform {
 /// trimmed. Where the system hands a program its arguments already parted, they are joined again with one
 /// blank.
 std::string commandLineText(int argc, char** argv);
+
+/// The words of the command line behind the program's own name, as the caller's shell parted them (UTF-8).
+std::vector<std::string> commandLineWords(int argc, char** argv);
 
 /// The folder of the running program, without a separator at its end.
 std::string programFolder();

@@ -156,4 +156,29 @@ TEST(RemoveFile, LeavesFoldersAlone) {
   EXPECT_TRUE(platform::isFolder(folder.path("empty")));
 }
 
+TEST(Files, AreTheSameUnderTwoNames) {
+  const TemporaryFolder folder;
+  const std::string path = folder.write("一.txt", "1");
+  folder.write("二.txt", "1");
+  std::filesystem::create_hard_link(path, folder.path("三.txt"));
+  EXPECT_TRUE(platform::isSameFile(path, folder.path() + "\\.\\一.txt"));
+  EXPECT_TRUE(platform::isSameFile(path, folder.path("三.txt")));
+  EXPECT_FALSE(platform::isSameFile(path, folder.path("二.txt")));
+  EXPECT_FALSE(platform::isSameFile(path, folder.path("ない.txt")));
+}
+
+TEST(Files, AreWrittenWholeOverOlderOnes) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path("成果 表.csv");
+  platform::writeFile(path, "古い内容\n");
+  platform::writeFile(path, "新\r\n\0"s);
+  EXPECT_EQ(platform::readFile(path), "新\r\n\0"s);
+  EXPECT_FALSE(platform::isFile(path + ".part"));
+  EXPECT_EQ(codeOf([&] { platform::writeFile(folder.path("ない/a.csv"), ""); }),
+            text::ErrorCode::PathNotFound);
+  platform::makeFolder(folder.path("場所"));
+  EXPECT_EQ(codeOf([&] { platform::writeFile(folder.path("場所"), "x"); }), text::ErrorCode::PathNotFound);
+  EXPECT_FALSE(platform::isFile(folder.path("場所.part")));
+}
+
 }  // namespace
