@@ -1,0 +1,9 @@
+#include <iostream>
+
+#include "exchange/command.h"
+#include "platform/system.h"
+
+/// seikahyou-job: makes, moves, exchanges and checks job databases.
+int main(int argc, char** argv) {
+  return exchange::run(platform::commandLineWords(argc, argv), std::cout, std::cerr);
+}
