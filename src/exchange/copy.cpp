@@ -63,12 +63,12 @@ void copyRecords(db::Recordset& records, const std::string& table, const std::ve
     Row row;
     try {
       row = readRow(records, columns);
+      records.moveNext();
     } catch (const std::exception& error) {
       throw db::Error("テーブル「" + table + "」の " + std::to_string(writer.added() + 1) +
                       " 件目を移せません。" + error.what());
     }
     writer.add(row);
-    records.moveNext();
   }
   writer.requireAsWritten();
 }

@@ -42,6 +42,11 @@ std::string declaration(const job::ColumnSchema& column, const std::vector<db::C
   return column.name + " " + (same ? column.declaration : schemaType(there->type));
 }
 
+/// What is executed from here on reaches the disk in one piece.
+void gather(db::Database& database, const std::string& table) {
+  database.openRecordset("SELECT * FROM " + table, db::Access::Edit)->close();
+}
+
 }  // namespace
 
 bool isThere(const std::string& path) {
@@ -61,7 +66,12 @@ void createJob(const std::string& path) {
   createFile(path);
   try {
     const auto database = db::openDatabase(path);
-    for (const std::string& statement : db::splitStatements(job::schemaSql())) database->execute(statement);
+    bool gathering = false;
+    for (const std::string& statement : db::splitStatements(job::schemaSql())) {
+      database->execute(statement);
+      if (!gathering) gather(*database, job::schemaTables().front().name);
+      gathering = true;
+    }
     database->close();
   } catch (const db::Error&) {
     platform::removeFile(path);

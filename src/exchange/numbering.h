@@ -20,7 +20,7 @@ struct GroupKey {
 struct TableRules {
   std::string table;
   std::vector<GroupKey> keys;
-  bool categories;  ///< every record has a data category
+  bool categories;  ///< every record has a data category, the last of the keys behind job, project and route
   bool gapless;     ///< SaveOrder leaves nothing out
   bool routeEnds;   ///< every route has a record that is marked "-1"
 };

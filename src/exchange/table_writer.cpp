@@ -102,7 +102,7 @@ void TableWriter::add(const Row& row) {
   ++added_;
   const std::string key = keyOf(row);
   sum_ += std::hash<std::string>()(key);
-  if (!emptied_) ++addedKeys_[key];
+  if (!emptied_) ++addedKeys_[key].added;
 }
 
 std::string TableWriter::described(const Row& row) const {
@@ -126,10 +126,22 @@ std::string TableWriter::keyOf(const Row& row) const {
 bool TableWriter::wasAdded(const Row& row) {
   if (emptied_) return true;
   const auto found = addedKeys_.find(keyOf(row));
-  return found != addedKeys_.end() && found->second-- > 0;
+  return found != addedKeys_.end() && --found->second.before < 0;
+}
+
+/// Records that are like an added one may have stood there before; those come first.
+void TableWriter::countAlike() {
+  for (auto& [key, alike] : addedKeys_) alike.before = -alike.added;
+  const auto records = database_.openRecordset("SELECT * FROM " + table_);
+  const std::vector<db::Column> columns = positions(*records, columns_);
+  for (; !records->eof(); records->moveNext()) {
+    const auto found = addedKeys_.find(keyOf(presentRow(*records, columns)));
+    if (found != addedKeys_.end()) ++found->second.before;
+  }
 }
 
 void TableWriter::undo() {
+  if (!emptied_) countAlike();
   records_ = open();
   const std::vector<db::Column> columns = positions(*records_, columns_);
   for (; !records_->eof(); records_->moveNext())

@@ -36,9 +36,16 @@ class TableWriter {
   void undo();
 
  private:
+  /// How many records are alike.
+  struct Alike {
+    std::int64_t added = 0;
+    std::int64_t before = 0;  ///< that are not to be deleted by undo
+  };
+
   std::string described(const Row& row) const;
   std::string keyOf(const Row& row) const;
   bool wasAdded(const Row& row);
+  void countAlike();
   std::unique_ptr<db::Recordset> open();
 
   db::Database& database_;
@@ -46,9 +53,9 @@ class TableWriter {
   std::vector<std::string> columns_;
   std::unique_ptr<db::Recordset> records_;
   std::vector<std::string> allColumns_;
-  std::vector<Row> deleted_;                       // with all columns
-  bool emptied_ = false;                           // every record that stands in the table was added
-  std::map<std::string, std::int64_t> addedKeys_;  // how often each; not kept where the table was emptied
+  std::vector<Row> deleted_;                // with all columns
+  bool emptied_ = false;                    // every record that stands in the table was added
+  std::map<std::string, Alike> addedKeys_;  // not kept where the table was emptied
   std::int64_t added_ = 0;
   std::size_t sum_ = 0;  // over the records added, whatever their order
 };
