@@ -51,6 +51,15 @@ Value columnValue(sqlite3_stmt* statement, int column) {
   return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
 }
 
+std::vector<std::string> columnNames(sqlite3_stmt* statement) {
+  std::vector<std::string> names;
+  for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+    const char* name = sqlite3_column_name(statement, i);
+    names.emplace_back(name == nullptr ? "" : name);
+  }
+  return names;
+}
+
 SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(file) {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
   const int code = sqlite3_open_v2(enginePath(file).c_str(), &handle_, flags, nullptr);
@@ -134,6 +143,12 @@ std::vector<ColumnDefinition> SqliteConnection::columns(std::string_view table) 
         {columnValue(statement.get(), nameColumn).text(), columnValue(statement.get(), typeColumn).text()});
   }
   return result;
+}
+
+Column SqliteConnection::find(const ResultColumns& result, std::string_view name) {
+  const auto found = result.find(name, [this](std::string_view table) { return columns(table); });
+  if (!found) throw error("の検索結果に列「" + std::string(name) + "」がありません。");
+  return *found;
 }
 
 void SqliteConnection::close() {

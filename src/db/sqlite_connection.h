@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "db/database.h"
+#include "db/result_columns.h"
 
 namespace db {
 
@@ -24,6 +25,9 @@ std::string quotedName(std::string_view name);
 
 /// A value as the engine holds it in a column of the row a statement stands on.
 Value columnValue(sqlite3_stmt* statement, int column);
+
+/// The names of a statement's result columns in their order.
+std::vector<std::string> columnNames(sqlite3_stmt* statement);
 
 /// The connection to one database file, shared by the database and its record sets, with the transaction in
 /// which writing is gathered. All members take SQLite's own SQL; failures raise Error.
@@ -66,6 +70,9 @@ class SqliteConnection {
 
   /// The columns of a table as "SELECT *" lists them; empty where there is no such table.
   std::vector<ColumnDefinition> columns(std::string_view table);
+
+  /// The column of that name in a result. Raises Error, naming the column, where there is none.
+  Column find(const ResultColumns& result, std::string_view name);
 
   /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
   /// nothing.

@@ -1,14 +1,12 @@
 #include "db/sqlite_database.h"
 
-#include <optional>
 #include <utility>
 
-#include "db/select_shape.h"
+#include "db/select_columns.h"
 #include "db/sql_tokens.h"
 #include "db/sqlite_dialect.h"
 #include "db/sqlite_editor.h"
 #include "db/sqlite_reader.h"
-#include "text/padding.h"
 
 namespace db {
 namespace {
@@ -19,48 +17,6 @@ bool onlyReads(std::string_view sql, sqlite3_stmt* statement) {
   const std::vector<Token> words = significantTokens(sql);
   return words.empty() || !isWord(words.front(), "PRAGMA");
 }
-
-/// True for a type that SQLite keeps as whole or real numbers, by its own rules of declared types.
-bool isNumberType(std::string_view type) {
-  std::string upper(type);
-  for (char& c : upper)
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  const auto holds = [&upper](const char* part) { return upper.find(part) != std::string::npos; };
-  if (holds("INT")) return true;
-  return !holds("CHAR") && !holds("CLOB") && !holds("TEXT") && !holds("BLOB") &&
-         (holds("REAL") || holds("FLOA") || holds("DOUB"));
-}
-
-/// The columns of a SELECT's tables, looked up where a comparison asks for them.
-class SelectColumns {
- public:
-  SelectColumns(SqliteConnection& connection, std::string_view sql)
-      : connection_(connection), shape_(selectShape(sql)) {
-    if (shape_) tables_.resize(shape_->sources.size());
-  }
-
-  bool holdsNumbers(std::string_view qualifier, std::string_view name) {
-    if (!shape_) return false;
-    for (std::size_t i = 0; i < tables_.size(); ++i) {
-      const SelectSource& source = shape_->sources[i];
-      const std::string& known = source.alias.empty() ? source.table : source.alias;
-      if (!qualifier.empty() && !text::equalIgnoringCase(known, qualifier)) continue;
-      for (const ColumnDefinition& column : columns(i))
-        if (text::equalIgnoringCase(column.name, name)) return isNumberType(column.type);
-    }
-    return false;
-  }
-
- private:
-  const std::vector<ColumnDefinition>& columns(std::size_t source) {
-    if (!tables_[source]) tables_[source] = connection_.columns(shape_->sources[source].table);
-    return *tables_[source];
-  }
-
-  SqliteConnection& connection_;
-  std::optional<SelectShape> shape_;
-  std::vector<std::optional<std::vector<ColumnDefinition>>> tables_;
-};
 
 }  // namespace
 
@@ -76,7 +32,7 @@ SqliteDatabase::~SqliteDatabase() {
 }
 
 std::unique_ptr<Recordset> SqliteDatabase::openRecordset(std::string_view sql, Access access) {
-  SelectColumns columns(*connection_, sql);
+  SelectColumns columns(sql, [this](std::string_view table) { return connection_->columns(table); });
   std::string text = sqliteText(sql, [&columns](std::string_view qualifier, std::string_view name) {
     return columns.holdsNumbers(qualifier, name);
   });

@@ -41,7 +41,7 @@ SqliteEditor::SqliteEditor(std::shared_ptr<SqliteConnection> connection, const s
     : connection_(gathering(std::move(connection))),
       writer_(connection_, editableTable(*connection_, sql)),
       record_(connection_->prepare(recordSql(writer_.table()))),
-      columns_(record_.get(), sql),
+      columns_(columnNames(record_.get()), sql),
       rowids_(selectRowids(*connection_, sql)) {}
 
 void SqliteEditor::moveNext() {

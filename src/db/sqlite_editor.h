@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "db/sqlite_columns.h"
+#include "db/result_columns.h"
 #include "db/sqlite_writer.h"
 
 namespace db {
@@ -20,7 +20,7 @@ class SqliteEditor final : public Recordset {
 
   bool eof() const override { return at_ >= rowids_.size(); }
   void moveNext() override;
-  Column column(std::string_view name) const override { return columns_.find(name, *connection_); }
+  Column column(std::string_view name) const override { return connection_->find(columns_, name); }
   Value value(Column column) const override;
 
   void addNew() override;
@@ -40,7 +40,7 @@ class SqliteEditor final : public Recordset {
   std::shared_ptr<SqliteConnection> connection_;
   SqliteWriter writer_;
   SqliteStatement record_;  // reads the record of one rowid
-  SqliteColumns columns_;
+  ResultColumns columns_;
   std::vector<std::int64_t> rowids_;
   std::size_t at_ = 0;
   bool deleted_ = false;         // the present record

@@ -15,7 +15,7 @@ SqliteStatement prepareSelect(SqliteConnection& connection, std::string_view sql
 SqliteReader::SqliteReader(std::shared_ptr<SqliteConnection> connection, std::string sql)
     : connection_(std::move(connection)),
       statement_(prepareSelect(*connection_, sql)),
-      columns_(statement_.get(), std::move(sql)) {
+      columns_(columnNames(statement_.get()), std::move(sql)) {
   eof_ = !connection_->step(statement_.get());
 }
 
@@ -24,7 +24,7 @@ void SqliteReader::moveNext() {
   eof_ = !connection_->step(statement_.get());
 }
 
-Column SqliteReader::column(std::string_view name) const { return columns_.find(name, *connection_); }
+Column SqliteReader::column(std::string_view name) const { return connection_->find(columns_, name); }
 
 Value SqliteReader::value(Column column) const {
   requireRecord();

@@ -3,7 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "db/sqlite_columns.h"
+#include "db/result_columns.h"
+#include "db/sqlite_connection.h"
 
 namespace db {
 
@@ -31,7 +32,7 @@ class SqliteReader final : public Recordset {
 
   std::shared_ptr<SqliteConnection> connection_;
   SqliteStatement statement_;
-  SqliteColumns columns_;
+  ResultColumns columns_;
   bool eof_ = false;
 };
 

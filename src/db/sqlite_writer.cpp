@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "text/number.h"
+#include "db/column_type.h"
 #include "text/padding.h"
 
 namespace db {
@@ -11,15 +11,6 @@ namespace {
 
 /// How many statements are kept: a save uses two lists of fields, route ends having fewer.
 constexpr std::size_t mostKept = 8;
-
-/// SQLite's rule for column types: CHAR, CLOB and TEXT make a text column, unless INT comes into it.
-bool holdsTexts(std::string_view type) {
-  std::string upper(type);
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-  const auto has = [&upper](const char* part) { return upper.find(part) != std::string::npos; };
-  return !has("INT") && (has("CHAR") || has("CLOB") || has("TEXT"));
-}
 
 void bindNumber(sqlite3_stmt* statement, int parameter, double number) {
   constexpr double exactWhole = 9007199254740992.0;  // 2^53
@@ -33,7 +24,7 @@ void bindNumber(sqlite3_stmt* statement, int parameter, double number) {
 
 SqliteWriter::SqliteWriter(std::shared_ptr<SqliteConnection> connection, std::string table)
     : connection_(std::move(connection)), table_(std::move(table)), columns_(connection_->columns(table_)) {
-  for (const ColumnDefinition& column : columns_) holdsTexts_.push_back(holdsTexts(column.type));
+  for (const ColumnDefinition& column : columns_) holdsTexts_.push_back(isTextType(column.type));
   values_.resize(columns_.size());
   isSet_.resize(columns_.size());
   remove_ = connection_->prepare("DELETE FROM " + quotedName(table_) + " WHERE _rowid_=?1");

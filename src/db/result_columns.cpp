@@ -1,4 +1,6 @@
-#include "db/sqlite_columns.h"
+#include "db/result_columns.h"
+
+#include <utility>
 
 #include "db/select_shape.h"
 #include "text/padding.h"
@@ -12,32 +14,27 @@ bool comesFrom(const SelectSource& source, std::string_view qualifier) {
 
 }  // namespace
 
-SqliteColumns::SqliteColumns(sqlite3_stmt* statement, std::string sql) : sql_(std::move(sql)) {
-  for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-    const char* name = sqlite3_column_name(statement, i);
-    names_.emplace_back(name == nullptr ? "" : name);
-  }
+ResultColumns::ResultColumns(std::vector<std::string> names, std::string sql)
+    : names_(std::move(names)), sql_(std::move(sql)) {}
+
+std::optional<Column> ResultColumns::find(std::string_view name, const ColumnsOf& columnsOf) const {
+  if (const auto column = findPlain(name)) return column;
+  return findQualified(name, columnsOf);
 }
 
-Column SqliteColumns::find(std::string_view name, SqliteConnection& connection) const {
-  if (const auto column = findPlain(name)) return *column;
-  if (const auto column = findQualified(name, connection)) return *column;
-  throw connection.error("の検索結果に列「" + std::string(name) + "」がありません。");
-}
-
-std::optional<Column> SqliteColumns::findPlain(std::string_view name) const {
+std::optional<Column> ResultColumns::findPlain(std::string_view name) const {
   for (std::size_t i = 0; i < names_.size(); ++i)
     if (text::equalIgnoringCase(names_[i], name)) return Column{i};
   return std::nullopt;
 }
 
-std::optional<Column> SqliteColumns::findQualified(std::string_view name,
-                                                   SqliteConnection& connection) const {
+std::optional<Column> ResultColumns::findQualified(std::string_view name,
+                                                   const ColumnsOf& columnsOf) const {
   const std::size_t point = name.find('.');
   if (point == std::string_view::npos) return std::nullopt;
   const std::string_view table = name.substr(0, point);
   const std::string_view column = name.substr(point + 1);
-  const std::vector<Origin> from = origins(connection);
+  const std::vector<Origin> from = origins(columnsOf);
   for (std::size_t i = 0; i < from.size(); ++i) {
     const bool here =
         text::equalIgnoringCase(from[i].alias, table) || text::equalIgnoringCase(from[i].table, table);
@@ -48,7 +45,7 @@ std::optional<Column> SqliteColumns::findQualified(std::string_view name,
 
 /// Lays the select list out over the result, a star being as wide as its table. Empty where they do not
 /// agree.
-std::vector<SqliteColumns::Origin> SqliteColumns::origins(SqliteConnection& connection) const {
+std::vector<ResultColumns::Origin> ResultColumns::origins(const ColumnsOf& columnsOf) const {
   std::vector<Origin> result;
   const auto shape = selectShape(sql_);
   if (!shape) return result;
@@ -58,7 +55,7 @@ std::vector<SqliteColumns::Origin> SqliteColumns::origins(SqliteConnection& conn
       const bool wanted =
           item.qualifier.empty() ? item.all || shape->sources.size() == 1 : comesFrom(source, item.qualifier);
       if (!wanted || (placed && !item.all)) continue;
-      const std::size_t width = item.all ? connection.columns(source.table).size() : 1;
+      const std::size_t width = item.all ? columnsOf(source.table).size() : 1;
       result.insert(result.end(), width, Origin{source.table, source.alias});
       placed = true;
     }
