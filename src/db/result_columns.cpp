@@ -28,8 +28,7 @@ std::optional<Column> ResultColumns::findPlain(std::string_view name) const {
   return std::nullopt;
 }
 
-std::optional<Column> ResultColumns::findQualified(std::string_view name,
-                                                   const ColumnsOf& columnsOf) const {
+std::optional<Column> ResultColumns::findQualified(std::string_view name, const ColumnsOf& columnsOf) const {
   const std::size_t point = name.find('.');
   if (point == std::string_view::npos) return std::nullopt;
   const std::string_view table = name.substr(0, point);

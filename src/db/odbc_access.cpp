@@ -1,0 +1,23 @@
+#include "db/odbc_access.h"
+
+#include "db/odbc_connection.h"
+#include "db/sql_tokens.h"
+
+namespace db {
+namespace {
+
+constexpr const char* readOnly =
+    "は読み取り専用のため書き込めません。使用中の ODBC ドライバー（MDBTools）は Access "
+    "のファイルを読むことしかできません。";
+
+}  // namespace
+
+void OdbcMdbTools::begin(OdbcConnection& connection) { throw connection.error(readOnly); }
+
+std::string OdbcMdbTools::statement(OdbcConnection& connection, std::string_view sql) {
+  const std::vector<Token> words = significantTokens(sql);
+  if (!words.empty() && !isWord(words.front(), "SELECT")) throw connection.error(readOnly);
+  return std::string(sql);
+}
+
+}  // namespace db

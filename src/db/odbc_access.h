@@ -1,0 +1,21 @@
+#pragma once
+
+#include "db/odbc_product.h"
+
+namespace db {
+
+/// Access files through Microsoft's driver, whose SQL is that of the survey suite. Records have no key of
+/// their own there: one is found by all its fields.
+class OdbcAccess : public OdbcProduct {
+ public:
+  std::string quoted(std::string_view name) const override { return "[" + std::string(name) + "]"; }
+};
+
+/// Access files through MDBTools, which can only read them.
+class OdbcMdbTools final : public OdbcAccess {
+ public:
+  void begin(OdbcConnection& connection) override;
+  std::string statement(OdbcConnection& connection, std::string_view sql) override;
+};
+
+}  // namespace db

@@ -1,0 +1,147 @@
+#include "db/odbc_connection.h"
+
+#include <optional>
+
+#include "db/odbc_error.h"
+#include "db/utf16.h"
+
+namespace db {
+
+OdbcConnection::OdbcConnection(std::string_view connectionString, std::string_view file)
+    : file_(file), environment_(odbcEnvironment()), handle_(environment_.get()) {
+  std::u16string text = utf16(connectionString);
+  const SQLRETURN code =
+      SQLDriverConnectW(handle_.get(), nullptr, odbcText(text), static_cast<SQLSMALLINT>(text.size()),
+                        nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  if (!SQL_SUCCEEDED(code)) throw odbcError(handle_.diagnosis(), file_);
+  try {
+    product_ = odbcProduct(handle_.get());
+    product_->prepare(*this);
+  } catch (...) {
+    disconnect();
+    throw;
+  }
+}
+
+OdbcConnection::~OdbcConnection() {
+  try {
+    close();
+  } catch (const Error&) {
+    // Nobody is left to be told; close has already rolled back what could not be committed.
+  }
+}
+
+void OdbcConnection::requireOpen() const {
+  if (!isOpen()) throw error("はすでに閉じられています。");
+}
+
+std::unique_ptr<OdbcStatement> OdbcConnection::prepare(std::string_view sql) {
+  requireOpen();
+  return std::make_unique<OdbcStatement>(*this, sql);
+}
+
+void OdbcConnection::run(std::string_view sql) { prepare(sql)->run(); }
+
+void OdbcConnection::gather(const std::string& table) {
+  requireOpen();
+  requireNothingLost();
+  if (!gathering_) {
+    product_->begin(*this);
+    gathering_ = true;
+  }
+  product_->lock(*this, table);
+}
+
+void OdbcConnection::requireNothingLost() const {
+  if (lost_) throw error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+}
+
+Column OdbcConnection::find(const ResultColumns& result, std::string_view name) {
+  const auto found = result.find(name, [this](std::string_view table) { return columns(table); });
+  if (!found) throw error("の検索結果に列「" + std::string(name) + "」がありません。");
+  return *found;
+}
+
+void OdbcConnection::close() {
+  if (!isOpen()) return;
+  std::optional<Error> failure;
+  try {
+    commit();
+  } catch (const Error& e) {
+    failure = e;
+  }
+  disconnect();
+  if (failure) throw Error(*failure);
+}
+
+Error OdbcConnection::error(std::string_view what) const {
+  return Error("データベース「" + file_ + "」" + std::string(what));
+}
+
+void OdbcConnection::setAutocommit(bool on) {
+  const SQLRETURN code = SQLSetConnectAttrW(handle_.get(), SQL_ATTR_AUTOCOMMIT,
+                                            odbcNumber(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
+  if (!SQL_SUCCEEDED(code)) throw product_->describe(handle_.diagnosis(), file_, {});
+}
+
+void OdbcConnection::control(std::string_view sql) {
+  OdbcHandle<SQL_HANDLE_STMT> statement(handle_.get());
+  std::u16string text = utf16(sql);
+  const SQLRETURN code =
+      SQLExecDirectW(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size()));
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) throw product_->describe(statement.diagnosis(), file_, {});
+}
+
+void OdbcConnection::endTransaction(SQLSMALLINT how) {
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, handle_.get(), how)))
+    throw product_->describe(handle_.diagnosis(), file_, {});
+}
+
+void OdbcConnection::protect() {
+  if (gathering_ && !lost_) product_->protect(*this);
+}
+
+void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view table) {
+  const Error failure = product_->describe(diagnosis, file_, table);
+  settle(diagnosis);
+  throw Error(failure);
+}
+
+/// After a failure of the medium nothing of what was gathered may stay; after any other failure all of it
+/// stays, unless the engine has lost it itself.
+void OdbcConnection::settle(const OdbcDiagnosis& diagnosis) {
+  if (!gathering_ || lost_) return;
+  lost_ = product_->isMediumFailure(diagnosis) || !product_->restore(*this);
+  if (lost_) rollBack();
+}
+
+void OdbcConnection::rollBack() {
+  try {
+    product_->rollBack(*this);
+  } catch (const Error&) {
+    // The engine has rolled back already, or will when the connection ends.
+  }
+}
+
+void OdbcConnection::commit() {
+  requireNothingLost();
+  if (!gathering_) return;
+  try {
+    product_->commit(*this);
+  } catch (const Error&) {
+    rollBack();
+    throw;
+  }
+}
+
+void OdbcConnection::disconnect() {
+  for (OdbcStatement* statement : statements_) {
+    statement->handle_.reset();
+    statement->connection_ = nullptr;
+  }
+  statements_.clear();
+  SQLDisconnect(handle_.get());
+  handle_.reset();
+}
+
+}  // namespace db

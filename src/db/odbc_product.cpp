@@ -1,0 +1,123 @@
+#include "db/odbc_product.h"
+
+#include "db/odbc_access.h"
+#include "db/odbc_connection.h"
+#include "db/odbc_error.h"
+#include "db/odbc_postgres.h"
+#include "db/odbc_sqlite.h"
+#include "db/utf16.h"
+#include "text/padding.h"
+
+namespace db {
+namespace {
+
+std::string productName(SQLHDBC connection) {
+  std::u16string name(128, u'\0');
+  SQLSMALLINT length = 0;
+  SQLGetInfoW(connection, SQL_DBMS_NAME, name.data(),
+              static_cast<SQLSMALLINT>(name.size() * sizeof(char16_t)), &length);
+  return utf8(std::u16string_view(name.c_str()));
+}
+
+/// The columns of SQLColumns' answer that are read, counted from 1.
+constexpr SQLUSMALLINT tableColumn = 3;
+constexpr SQLUSMALLINT nameColumn = 4;
+constexpr SQLUSMALLINT kindColumn = 5;
+constexpr SQLUSMALLINT typeColumn = 6;
+constexpr SQLUSMALLINT sizeColumn = 7;
+
+std::string textOf(SQLHSTMT statement, SQLUSMALLINT column) {
+  std::u16string text(256, u'\0');
+  SQLLEN length = 0;
+  SQLGetData(statement, column, SQL_C_WCHAR, text.data(), static_cast<SQLLEN>(text.size() * sizeof(char16_t)),
+             &length);
+  return length == SQL_NULL_DATA ? std::string() : utf8(std::u16string_view(text.c_str()));
+}
+
+SQLINTEGER numberOf(SQLHSTMT statement, SQLUSMALLINT column) {
+  SQLINTEGER number = 0;
+  SQLLEN length = 0;
+  SQLGetData(statement, column, SQL_C_SLONG, &number, sizeof number, &length);
+  return length == SQL_NULL_DATA ? 0 : number;
+}
+
+/// A type as a job database declares it, whatever the driver calls it.
+std::string declaredType(SQLINTEGER kind, SQLINTEGER size, const std::string& driversName) {
+  switch (kind) {
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+      return "TEXT(" + std::to_string(size) + ")";
+    case SQL_LONGVARCHAR:
+    case SQL_WLONGVARCHAR:
+      return "TEXT";
+    case SQL_BIT:
+    case SQL_TINYINT:
+    case SQL_SMALLINT:
+    case SQL_INTEGER:
+    case SQL_BIGINT:
+      return "INTEGER";
+    case SQL_REAL:
+    case SQL_FLOAT:
+    case SQL_DOUBLE:
+      return "REAL";
+    default:
+      return driversName;
+  }
+}
+
+}  // namespace
+
+std::string OdbcProduct::quoted(std::string_view name) const {
+  std::string result = "\"";
+  for (const char c : name) result.append(c == '"' ? 2 : 1, c);
+  return result + '"';
+}
+
+std::vector<ColumnDefinition> OdbcProduct::columns(OdbcConnection& connection, std::string_view table) {
+  connection.requireOpen();
+  const OdbcHandle<SQL_HANDLE_STMT> statement(connection.handle());
+  std::u16string name = utf16(table);
+  const SQLRETURN code = SQLColumnsW(statement.get(), nullptr, 0, nullptr, 0, odbcText(name),
+                                     static_cast<SQLSMALLINT>(name.size()), nullptr, 0);
+  if (!SQL_SUCCEEDED(code)) throw describe(statement.diagnosis(), connection.file(), {});
+  std::vector<ColumnDefinition> result;
+  while (SQL_SUCCEEDED(SQLFetch(statement.get()))) {
+    // "_" and "%" in the name ask for other tables too.
+    if (!text::equalIgnoringCase(textOf(statement.get(), tableColumn), table)) continue;
+    std::string column = textOf(statement.get(), nameColumn);
+    const SQLINTEGER kind = numberOf(statement.get(), kindColumn);
+    const std::string type = textOf(statement.get(), typeColumn);
+    result.push_back({std::move(column), declaredType(kind, numberOf(statement.get(), sizeColumn), type)});
+  }
+  return result;
+}
+
+std::string OdbcProduct::defaultRecord(const std::vector<ColumnDefinition>& columns) const {
+  return "(" + quoted(columns.front().name) + ") VALUES(NULL)";
+}
+
+void OdbcProduct::begin(OdbcConnection& connection) { connection.setAutocommit(false); }
+void OdbcProduct::commit(OdbcConnection& connection) { connection.endTransaction(SQL_COMMIT); }
+void OdbcProduct::rollBack(OdbcConnection& connection) { connection.endTransaction(SQL_ROLLBACK); }
+
+Error OdbcProduct::describe(const OdbcDiagnosis& diagnosis, std::string_view file,
+                            std::string_view table) const {
+  return odbcError(diagnosis, file, table);
+}
+
+bool OdbcProduct::isMediumFailure(const OdbcDiagnosis& diagnosis) const {
+  return db::isMediumFailure(diagnosis);
+}
+
+std::unique_ptr<OdbcProduct> odbcProduct(SQLHDBC connection) {
+  const std::string name = productName(connection);
+  if (text::equalIgnoringCase(name, "PostgreSQL")) return std::make_unique<OdbcPostgres>();
+  if (text::equalIgnoringCase(text::left(name, 6), "SQLite")) return std::make_unique<OdbcSqlite>();
+  if (text::equalIgnoringCase(name, "MDBTOOLS")) return std::make_unique<OdbcMdbTools>();
+  if (text::equalIgnoringCase(name, "ACCESS")) return std::make_unique<OdbcAccess>();
+  return std::make_unique<OdbcProduct>();
+}
+
+}  // namespace db

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "db/odbc_product.h"
+
+namespace db {
+
+/// SQLite files through their ODBC driver.
+class OdbcSqlite final : public OdbcProduct {
+ public:
+  void prepare(OdbcConnection& connection) override;
+  std::string statement(OdbcConnection& connection, std::string_view sql) override;
+  std::vector<ColumnDefinition> columns(OdbcConnection& connection, std::string_view table) override;
+  std::string keyColumn() const override { return "_rowid_"; }
+  std::string defaultRecord(const std::vector<ColumnDefinition>&) const override { return "DEFAULT VALUES"; }
+  bool convertsTexts() const override { return true; }
+  void begin(OdbcConnection& connection) override;
+  void commit(OdbcConnection& connection) override;
+  void rollBack(OdbcConnection& connection) override;
+  bool restore(OdbcConnection& connection) override;
+  Error describe(const OdbcDiagnosis& diagnosis, std::string_view file,
+                 std::string_view table) const override;
+  bool isMediumFailure(const OdbcDiagnosis& diagnosis) const override;
+};
+
+}  // namespace db

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/database.h"
+#include "db/odbc_handle.h"
+
+namespace db {
+
+class OdbcConnection;
+
+/// A prepared statement with its parameters and, once it was run, the row it stands on. Made by
+/// OdbcConnection::prepare; where the connection closes first, every use raises Error.
+class OdbcStatement {
+ public:
+  OdbcStatement(OdbcConnection& connection, std::string_view sql);
+  ~OdbcStatement();
+  OdbcStatement(const OdbcStatement&) = delete;
+  OdbcStatement& operator=(const OdbcStatement&) = delete;
+
+  /// Sets the parameter at `place`, counted from 1.
+  void bind(std::size_t place, const Value& value);
+
+  /// Runs the statement with its parameters, after which it stands before the first row. `table` names the
+  /// table being written, for the description of a failure.
+  void run(std::string_view table = {});
+
+  /// Goes on to the next row and reads it; false where there is none.
+  bool next();
+
+  /// How many records the run has changed.
+  SQLLEN changes() const { return changes_; }
+
+  /// The names of the result's columns; empty for a statement that yields no records.
+  const std::vector<std::string>& names() const { return names_; }
+  /// A column of the row. A text is as the driver gives it, trailing blanks included.
+  const Value& value(std::size_t column) const { return row_.at(column); }
+
+  /// Has every column read as its text, numbers too.
+  void readTexts() { textsOnly_ = true; }
+
+ private:
+  friend class OdbcConnection;
+
+  /// A parameter's value in the form that the driver reads when the statement runs.
+  struct Parameter {
+    double number = 0;
+    SQLINTEGER whole = 0;
+    std::u16string text;
+    SQLLEN length = 0;
+  };
+  /// How a column of the result is read.
+  enum class Reading { Number, Text, Bytes };
+
+  void bindText(std::size_t place, Parameter& parameter, const std::string& text);
+  void check(SQLRETURN code, std::string_view table = {});
+  void describe();
+  Value read(std::size_t column);
+  Value readNumber(SQLUSMALLINT column);
+  Value readLong(SQLUSMALLINT column, SQLSMALLINT type);
+
+  OdbcConnection* connection_;
+  OdbcHandle<SQL_HANDLE_STMT> handle_;
+  std::deque<Parameter> parameters_;
+  std::vector<std::string> names_;
+  std::vector<Reading> readings_;
+  std::vector<Value> row_;
+  SQLLEN changes_ = 0;
+  bool described_ = false;
+  bool textsOnly_ = false;
+};
+
+}  // namespace db

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vector>
+
+#include "db/postgres_comparison.h"
+#include "db/sql_tokens.h"
+
+namespace db {
+
+/// Writes the names and types that a CREATE TABLE or ALTER TABLE … ADD statement makes: names keep their
+/// letters, types become the server's. Other statements stay as they are.
+void writeDefinitions(const std::vector<Token>& tokens, PostgresWriting& writing);
+
+}  // namespace db
