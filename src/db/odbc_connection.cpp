@@ -3,19 +3,15 @@
 #include <optional>
 
 #include "db/odbc_error.h"
-#include "db/utf16.h"
 
 namespace db {
 
-OdbcConnection::OdbcConnection(std::string_view connectionString, std::string_view file)
-    : file_(file), environment_(odbcEnvironment()), handle_(environment_.get()) {
-  std::u16string text = utf16(connectionString);
-  const SQLRETURN code =
-      SQLDriverConnectW(handle_.get(), nullptr, odbcText(text), static_cast<SQLSMALLINT>(text.size()),
-                        nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-  if (!SQL_SUCCEEDED(code)) throw odbcError(handle_.diagnosis(), file_);
+OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file)
+    : file_(file), calls_(source.narrow), environment_(odbcEnvironment()), handle_(environment_.get()) {
+  if (!SQL_SUCCEEDED(calls_.connect(handle_.get(), source.connectionString)))
+    throw odbcError(diagnosis(), file_);
   try {
-    product_ = odbcProduct(handle_.get());
+    product_ = odbcProduct(calls_, handle_.get());
     product_->prepare(*this);
   } catch (...) {
     disconnect();
@@ -81,20 +77,19 @@ Error OdbcConnection::error(std::string_view what) const {
 void OdbcConnection::setAutocommit(bool on) {
   const SQLRETURN code = SQLSetConnectAttrW(handle_.get(), SQL_ATTR_AUTOCOMMIT,
                                             odbcNumber(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
-  if (!SQL_SUCCEEDED(code)) throw product_->describe(handle_.diagnosis(), file_, {});
+  if (!SQL_SUCCEEDED(code)) throw product_->describe(diagnosis(), file_, {});
 }
 
 void OdbcConnection::control(std::string_view sql) {
   OdbcHandle<SQL_HANDLE_STMT> statement(handle_.get());
-  std::u16string text = utf16(sql);
-  const SQLRETURN code =
-      SQLExecDirectW(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size()));
-  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) throw product_->describe(statement.diagnosis(), file_, {});
+  const SQLRETURN code = calls_.execute(statement.get(), sql);
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
+    throw product_->describe(calls_.diagnosis(SQL_HANDLE_STMT, statement.get()), file_, {});
 }
 
 void OdbcConnection::endTransaction(SQLSMALLINT how) {
   if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, handle_.get(), how)))
-    throw product_->describe(handle_.diagnosis(), file_, {});
+    throw product_->describe(diagnosis(), file_, {});
 }
 
 void OdbcConnection::protect() {

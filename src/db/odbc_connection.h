@@ -7,8 +7,10 @@
 #include <vector>
 
 #include "db/database.h"
+#include "db/odbc_calls.h"
 #include "db/odbc_handle.h"
 #include "db/odbc_product.h"
+#include "db/odbc_source.h"
 #include "db/odbc_statement.h"
 #include "db/result_columns.h"
 
@@ -18,8 +20,8 @@ namespace db {
 /// transaction in which writing is gathered. All members take the engine's own SQL; failures raise Error.
 class OdbcConnection {
  public:
-  /// Connects with an ODBC connection string. `file` is the path that the operator knows the database by.
-  OdbcConnection(std::string_view connectionString, std::string_view file);
+  /// Connects. `file` is the path that the operator knows the database by.
+  OdbcConnection(const OdbcSource& source, std::string_view file);
   ~OdbcConnection();
   OdbcConnection(const OdbcConnection&) = delete;
   OdbcConnection& operator=(const OdbcConnection&) = delete;
@@ -58,6 +60,7 @@ class OdbcConnection {
 
   // What products and statements use.
 
+  const OdbcCalls& calls() const { return calls_; }
   SQLHDBC handle() const { return handle_.get(); }
   /// Turns the driver's own committing after each statement on or off.
   void setAutocommit(bool on);
@@ -71,6 +74,7 @@ class OdbcConnection {
 
   void enlist(OdbcStatement* statement) { statements_.insert(statement); }
   void delist(OdbcStatement* statement) { statements_.erase(statement); }
+  OdbcDiagnosis diagnosis() const { return calls_.diagnosis(SQL_HANDLE_DBC, handle_.get()); }
   void protect();
   [[noreturn]] void raise(const OdbcDiagnosis& diagnosis, std::string_view table);
   void settle(const OdbcDiagnosis& diagnosis);
@@ -79,6 +83,7 @@ class OdbcConnection {
   void disconnect();
 
   std::string file_;
+  OdbcCalls calls_;
   OdbcHandle<SQL_HANDLE_ENV> environment_;
   OdbcHandle<SQL_HANDLE_DBC> handle_;
   std::unique_ptr<OdbcProduct> product_;

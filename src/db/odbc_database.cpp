@@ -28,9 +28,14 @@ bool writes(std::string_view sql) {
   return beginsWith(sql, words);
 }
 
+/// WITH may stand before a statement that writes.
 bool reads(std::string_view sql) {
   static constexpr std::array<std::string_view, 3> words = {"SELECT", "VALUES", "WITH"};
-  return beginsWith(sql, words);
+  const std::vector<Token> all = significantTokens(sql);
+  const bool changes = std::any_of(all.begin(), all.end(), [](const Token& token) {
+    return isWord(token, "INSERT") || isWord(token, "UPDATE") || isWord(token, "DELETE");
+  });
+  return beginsWith(sql, words) && !(changes && isWord(all.front(), "WITH"));
 }
 
 bool defines(std::string_view sql) {
@@ -51,8 +56,8 @@ std::optional<std::string> editableTable(std::string_view sql) {
 /// A job database behind an ODBC driver.
 class OdbcDatabase final : public Database {
  public:
-  OdbcDatabase(const std::string& connectionString, std::string_view path)
-      : connection_(std::make_shared<OdbcConnection>(connectionString, path)) {}
+  OdbcDatabase(const OdbcSource& source, std::string_view path)
+      : connection_(std::make_shared<OdbcConnection>(source, path)) {}
   ~OdbcDatabase() override {
     try {
       connection_->close();
@@ -64,18 +69,18 @@ class OdbcDatabase final : public Database {
   OdbcDatabase& operator=(const OdbcDatabase&) = delete;
 
   std::unique_ptr<Recordset> openRecordset(std::string_view sql, Access access) override {
-    requireOneStatement(sql);
-    if (access == Access::Edit) return openEditor(sql);
-    if (writes(sql)) throw connection_->error("からレコードを読む SQL 文ではありません。");
-    return std::make_unique<OdbcReader>(connection_, connection_->product().statement(*connection_, sql));
+    const std::string one = onlyStatement(sql);
+    if (access == Access::Edit) return openEditor(one);
+    if (writes(one)) throw connection_->error("からレコードを読む SQL 文ではありません。");
+    return std::make_unique<OdbcReader>(connection_, engineText(one));
   }
 
   void execute(std::string_view sql) override {
-    requireOneStatement(sql);
+    const std::string one = onlyStatement(sql);
     connection_->requireNothingLost();
-    if (reads(sql)) throw connection_->error("でレコードを返す SQL 文は実行できません。");
-    connection_->run(connection_->product().statement(*connection_, sql));
-    if (defines(sql)) connection_->product().definitionsChanged();
+    if (reads(one)) throw connection_->error("でレコードを返す SQL 文は実行できません。");
+    connection_->run(engineText(one));
+    if (defines(one)) connection_->product().definitionsChanged();
   }
 
   std::vector<ColumnDefinition> tableDefinition(std::string_view table) override {
@@ -88,21 +93,28 @@ class OdbcDatabase final : public Database {
   void close() override { connection_->close(); }
 
  private:
-  void requireOneStatement(std::string_view sql) const {
+  /// The statement without what stands around it.
+  std::string onlyStatement(std::string_view sql) const {
     connection_->requireOpen();
-    const std::size_t count = splitStatements(sql).size();
-    if (count == 0) throw connection_->error("への SQL 文が空です。");
-    if (count > 1 || sql.find('\0') != std::string_view::npos)
+    std::vector<std::string> statements = splitStatements(sql);
+    if (statements.empty()) throw connection_->error("への SQL 文が空です。");
+    if (statements.size() > 1 || sql.find('\0') != std::string_view::npos)
       throw connection_->error("への SQL 文は一度に一つだけです。二つめ以降があるため実行しませんでした。");
+    return std::move(statements.front());
   }
 
-  std::unique_ptr<Recordset> openEditor(std::string_view sql) {
+  std::string engineText(const std::string& sql) const {
+    return connection_->product().statement(*connection_, sql);
+  }
+
+  /// A text that the engine cannot read either, or that names no table, is described by the engine.
+  std::unique_ptr<Recordset> openEditor(const std::string& sql) {
     connection_->requireNothingLost();
     const auto table = editableTable(sql);
-    if (!table) throw connection_->error("で書き込み用に開けるのは一つのテーブルの SELECT * だけです。");
-    tableDefinition(*table);  // a missing table is told before anything is begun
-    return std::make_unique<OdbcEditor>(connection_, connection_->product().statement(*connection_, sql),
-                                        *table);
+    const bool found = table && !connection_->columns(*table).empty();
+    if (!found && reads(sql)) connection_->run(engineText(sql));
+    if (!found) throw connection_->error("で書き込み用に開けるのは一つのテーブルの SELECT * だけです。");
+    return std::make_unique<OdbcEditor>(connection_, engineText(sql), *table);
   }
 
   std::shared_ptr<OdbcConnection> connection_;
@@ -111,11 +123,11 @@ class OdbcDatabase final : public Database {
 }  // namespace
 
 std::unique_ptr<Database> openAccessFile(std::string_view path) {
-  return std::make_unique<OdbcDatabase>(accessConnection(path), path);
+  return std::make_unique<OdbcDatabase>(accessSource(path), path);
 }
 
 std::unique_ptr<Database> openDataSource(std::string_view path, std::string_view content) {
-  return std::make_unique<OdbcDatabase>(dataSourceConnection(path, content), path);
+  return std::make_unique<OdbcDatabase>(fileSource(path, content), path);
 }
 
 }  // namespace db

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "db/database.h"
-#include "db/odbc_handle.h"
+#include "db/odbc_calls.h"
 
 namespace db {
 

@@ -5,19 +5,10 @@
 #include "db/odbc_error.h"
 #include "db/odbc_postgres.h"
 #include "db/odbc_sqlite.h"
-#include "db/utf16.h"
 #include "text/padding.h"
 
 namespace db {
 namespace {
-
-std::string productName(SQLHDBC connection) {
-  std::u16string name(128, u'\0');
-  SQLSMALLINT length = 0;
-  SQLGetInfoW(connection, SQL_DBMS_NAME, name.data(),
-              static_cast<SQLSMALLINT>(name.size() * sizeof(char16_t)), &length);
-  return utf8(std::u16string_view(name.c_str()));
-}
 
 /// The columns of SQLColumns' answer that are read, counted from 1.
 constexpr SQLUSMALLINT tableColumn = 3;
@@ -26,12 +17,12 @@ constexpr SQLUSMALLINT kindColumn = 5;
 constexpr SQLUSMALLINT typeColumn = 6;
 constexpr SQLUSMALLINT sizeColumn = 7;
 
-std::string textOf(SQLHSTMT statement, SQLUSMALLINT column) {
-  std::u16string text(256, u'\0');
+std::string textOf(const OdbcCalls& calls, SQLHSTMT statement, SQLUSMALLINT column) {
+  std::string room(512, '\0');
   SQLLEN length = 0;
-  SQLGetData(statement, column, SQL_C_WCHAR, text.data(), static_cast<SQLLEN>(text.size() * sizeof(char16_t)),
-             &length);
-  return length == SQL_NULL_DATA ? std::string() : utf8(std::u16string_view(text.c_str()));
+  SQLGetData(statement, column, calls.textType(), room.data(), static_cast<SQLLEN>(room.size()), &length);
+  if (length == SQL_NULL_DATA) return {};
+  return calls.fromDriver(std::string_view(room).substr(0, static_cast<std::size_t>(length)));
 }
 
 SQLINTEGER numberOf(SQLHSTMT statement, SQLUSMALLINT column) {
@@ -78,17 +69,16 @@ std::string OdbcProduct::quoted(std::string_view name) const {
 std::vector<ColumnDefinition> OdbcProduct::columns(OdbcConnection& connection, std::string_view table) {
   connection.requireOpen();
   const OdbcHandle<SQL_HANDLE_STMT> statement(connection.handle());
-  std::u16string name = utf16(table);
-  const SQLRETURN code = SQLColumnsW(statement.get(), nullptr, 0, nullptr, 0, odbcText(name),
-                                     static_cast<SQLSMALLINT>(name.size()), nullptr, 0);
-  if (!SQL_SUCCEEDED(code)) throw describe(statement.diagnosis(), connection.file(), {});
+  const OdbcCalls& calls = connection.calls();
+  if (!SQL_SUCCEEDED(calls.columns(statement.get(), table)))
+    throw describe(calls.diagnosis(SQL_HANDLE_STMT, statement.get()), connection.file(), {});
   std::vector<ColumnDefinition> result;
   while (SQL_SUCCEEDED(SQLFetch(statement.get()))) {
     // "_" and "%" in the name ask for other tables too.
-    if (!text::equalIgnoringCase(textOf(statement.get(), tableColumn), table)) continue;
-    std::string column = textOf(statement.get(), nameColumn);
+    if (!text::equalIgnoringCase(textOf(calls, statement.get(), tableColumn), table)) continue;
+    std::string column = textOf(calls, statement.get(), nameColumn);
     const SQLINTEGER kind = numberOf(statement.get(), kindColumn);
-    const std::string type = textOf(statement.get(), typeColumn);
+    const std::string type = textOf(calls, statement.get(), typeColumn);
     result.push_back({std::move(column), declaredType(kind, numberOf(statement.get(), sizeColumn), type)});
   }
   return result;
@@ -111,8 +101,8 @@ bool OdbcProduct::isMediumFailure(const OdbcDiagnosis& diagnosis) const {
   return db::isMediumFailure(diagnosis);
 }
 
-std::unique_ptr<OdbcProduct> odbcProduct(SQLHDBC connection) {
-  const std::string name = productName(connection);
+std::unique_ptr<OdbcProduct> odbcProduct(const OdbcCalls& calls, SQLHDBC connection) {
+  const std::string name = calls.info(connection, SQL_DBMS_NAME);
   if (text::equalIgnoringCase(name, "PostgreSQL")) return std::make_unique<OdbcPostgres>();
   if (text::equalIgnoringCase(text::left(name, 6), "SQLite")) return std::make_unique<OdbcSqlite>();
   if (text::equalIgnoringCase(name, "MDBTOOLS")) return std::make_unique<OdbcMdbTools>();

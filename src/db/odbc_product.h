@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "db/database.h"
-#include "db/odbc_handle.h"
+#include "db/odbc_calls.h"
 
 namespace db {
 
@@ -62,6 +62,6 @@ class OdbcProduct {
 };
 
 /// The product behind a connection, by what its driver says it is.
-std::unique_ptr<OdbcProduct> odbcProduct(SQLHDBC connection);
+std::unique_ptr<OdbcProduct> odbcProduct(const OdbcCalls& calls, SQLHDBC connection);
 
 }  // namespace db

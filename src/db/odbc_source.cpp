@@ -8,27 +8,27 @@
 #include "db/data_source.h"
 #include "db/database.h"
 #include "db/odbc_handle.h"
-#include "db/utf16.h"
 #include "platform/files.h"
 #include "text/padding.h"
 
 namespace db {
 namespace {
 
-/// Every driver that the machine offers programs of this bitness.
+/// Every driver that the machine offers programs of this bitness; their names are ASCII.
 std::vector<std::string> installedDrivers() {
   const auto environment = odbcEnvironment();
   std::vector<std::string> result;
   SQLUSMALLINT direction = SQL_FETCH_FIRST;
   for (;; direction = SQL_FETCH_NEXT) {
-    std::u16string name(256, u'\0');
-    std::u16string attributes(1024, u'\0');
+    std::string name(256, '\0');
+    std::string attributes(1024, '\0');
     SQLSMALLINT length = 0;
-    const SQLRETURN code =
-        SQLDriversW(environment.get(), direction, odbcText(name), static_cast<SQLSMALLINT>(name.size()),
-                    &length, odbcText(attributes), static_cast<SQLSMALLINT>(attributes.size()), &length);
+    const SQLRETURN code = SQLDrivers(environment.get(), direction, reinterpret_cast<SQLCHAR*>(name.data()),
+                                      static_cast<SQLSMALLINT>(name.size()), &length,
+                                      reinterpret_cast<SQLCHAR*>(attributes.data()),
+                                      static_cast<SQLSMALLINT>(attributes.size()), &length);
     if (!SQL_SUCCEEDED(code)) return result;
-    result.push_back(utf8(std::u16string_view(name.c_str())));
+    result.emplace_back(name.c_str());
   }
 }
 
@@ -56,6 +56,15 @@ bool holdsIgnoringCase(std::string_view text, std::string_view part) {
   return false;
 }
 
+/// True for the drivers without wide functions; on Windows the driver manager itself converts for them.
+bool isNarrow([[maybe_unused]] std::string_view driver) {
+#ifdef _WIN32
+  return false;
+#else
+  return holdsIgnoringCase(driver, "sqlite") || holdsIgnoringCase(driver, "mdb");
+#endif
+}
+
 /// What a driver has to be told so that it behaves as job databases do.
 void addSettings(DataSource& source, std::string_view driver) {
   if (holdsIgnoringCase(driver, "sqlite")) {
@@ -69,7 +78,7 @@ void addSettings(DataSource& source, std::string_view driver) {
 
 }  // namespace
 
-std::string accessConnection(std::string_view path) {
+OdbcSource accessSource(std::string_view path) {
   static constexpr std::array<std::string_view, 3> fitting = {"Microsoft Access Driver (*.mdb, *.accdb)",
                                                               "Microsoft Access Driver (*.mdb)", "MDBTools"};
   const std::vector<std::string> drivers = installedDrivers();
@@ -78,12 +87,12 @@ std::string accessConnection(std::string_view path) {
     DataSource source;
     source.setDefault("DRIVER", driver);
     source.setDefault("DBQ", driverPath(path));
-    return source.connectionString();
+    return {source.connectionString(), isNarrow(driver)};
   }
   throw missingDriver(path, fitting[0]);
 }
 
-std::string dataSourceConnection(std::string_view path, std::string_view content) {
+OdbcSource fileSource(std::string_view path, std::string_view content) {
   DataSource source = readDataSource(content);
   const std::string driver = source.value("DRIVER");
   if (driver.empty() && source.value("DSN").empty())
@@ -93,7 +102,7 @@ std::string dataSourceConnection(std::string_view path, std::string_view content
   if (!driver.empty() && !library && !isInstalled(installedDrivers(), driver))
     throw missingDriver(path, driver);
   addSettings(source, driver);
-  return source.connectionString();
+  return {source.connectionString(), isNarrow(driver)};
 }
 
 }  // namespace db

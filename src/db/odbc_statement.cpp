@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "db/odbc_connection.h"
-#include "db/utf16.h"
+#include "text/number.h"
 
 namespace db {
 namespace {
@@ -19,8 +19,6 @@ bool isWhole(double number) {
 
 bool holdsNumbers(SQLSMALLINT type) {
   switch (type) {
-    case SQL_DECIMAL:
-    case SQL_NUMERIC:
     case SQL_SMALLINT:
     case SQL_INTEGER:
     case SQL_REAL:
@@ -35,26 +33,20 @@ bool holdsNumbers(SQLSMALLINT type) {
   }
 }
 
+bool holdsDecimals(SQLSMALLINT type) { return type == SQL_DECIMAL || type == SQL_NUMERIC; }
+
 bool holdsBytes(SQLSMALLINT type) {
   return type == SQL_BINARY || type == SQL_VARBINARY || type == SQL_LONGVARBINARY;
-}
-
-/// The bytes of UTF-16 as UTF-8.
-std::string wideText(const std::string& bytes) {
-  std::u16string text(bytes.size() / sizeof(char16_t), u'\0');
-  bytes.copy(reinterpret_cast<char*>(text.data()), text.size() * sizeof(char16_t));
-  return utf8(text);
 }
 
 }  // namespace
 
 OdbcStatement::OdbcStatement(OdbcConnection& connection, std::string_view sql)
-    : connection_(&connection), handle_(connection.handle()) {
+    : connection_(&connection), calls_(connection.calls()), handle_(connection.handle()) {
   if (!handle_) throw connection.error("への ODBC の接続を使えません。");
   connection_->enlist(this);
   try {
-    std::u16string text = utf16(sql);
-    check(SQLPrepareW(handle_.get(), odbcText(text), static_cast<SQLINTEGER>(text.size())));
+    check(calls_.prepare(handle_.get(), sql));
   } catch (...) {
     connection_->delist(this);
     throw;
@@ -86,12 +78,12 @@ void OdbcStatement::bind(std::size_t place, const Value& value) {
 }
 
 void OdbcStatement::bindText(std::size_t place, Parameter& parameter, const std::string& text) {
-  parameter.text = utf16(text);
-  const std::size_t count = parameter.text.size();
-  parameter.length = static_cast<SQLLEN>(count * sizeof(char16_t));
-  const SQLSMALLINT type = count > longestPlain ? SQL_WLONGVARCHAR : SQL_WVARCHAR;
-  check(SQLBindParameter(handle_.get(), static_cast<SQLUSMALLINT>(place), SQL_PARAM_INPUT, SQL_C_WCHAR, type,
-                         count == 0 ? 1 : count, 0, odbcText(parameter.text), parameter.length,
+  parameter.text = calls_.toDriver(text);
+  parameter.length = static_cast<SQLLEN>(parameter.text.size());
+  const std::size_t count = parameter.text.size() / calls_.width();
+  const SQLSMALLINT type = count > longestPlain ? calls_.longText() : calls_.shortText();
+  check(SQLBindParameter(handle_.get(), static_cast<SQLUSMALLINT>(place), SQL_PARAM_INPUT, calls_.textType(),
+                         type, count == 0 ? 1 : count, 0, parameter.text.data(), parameter.length,
                          &parameter.length));
 }
 
@@ -102,32 +94,32 @@ void OdbcStatement::run(std::string_view table) {
   connection_->protect();
   const SQLRETURN code = SQLExecute(handle_.get());
   if (code != SQL_NO_DATA) check(code, table);
+  ended_ = code == SQL_NO_DATA;
   changes_ = 0;
-  if (code != SQL_NO_DATA) SQLRowCount(handle_.get(), &changes_);
-  if (!described_) describe();
+  if (!ended_) SQLRowCount(handle_.get(), &changes_);
+  if (!described_ && !ended_) describe();
 }
 
 void OdbcStatement::check(SQLRETURN code, std::string_view table) {
   if (SQL_SUCCEEDED(code)) return;
-  connection_->raise(handle_.diagnosis(), table);
+  connection_->raise(calls_.diagnosis(SQL_HANDLE_STMT, handle_.get()), table);
+}
+
+OdbcStatement::Reading OdbcStatement::readingOf(SQLSMALLINT type) {
+  if (holdsDecimals(type)) return Reading::Decimal;
+  if (holdsNumbers(type)) return Reading::Number;
+  return holdsBytes(type) ? Reading::Bytes : Reading::Text;
 }
 
 void OdbcStatement::describe() {
   SQLSMALLINT count = 0;
   check(SQLNumResultCols(handle_.get(), &count));
   for (SQLSMALLINT i = 1; i <= count; ++i) {
-    std::u16string name(256, u'\0');
-    SQLSMALLINT length = 0;
+    std::string name;
     SQLSMALLINT type = 0;
-    SQLSMALLINT digits = 0;
-    SQLSMALLINT nullable = 0;
-    SQLULEN size = 0;
-    check(SQLDescribeColW(handle_.get(), static_cast<SQLUSMALLINT>(i), odbcText(name),
-                          static_cast<SQLSMALLINT>(name.size()), &length, &type, &size, &digits, &nullable));
-    names_.push_back(utf8(std::u16string_view(name.c_str())));
-    readings_.push_back(holdsNumbers(type) ? Reading::Number
-                        : holdsBytes(type) ? Reading::Bytes
-                                           : Reading::Text);
+    check(calls_.describe(handle_.get(), static_cast<SQLUSMALLINT>(i), name, type));
+    names_.push_back(std::move(name));
+    readings_.push_back(readingOf(type));
   }
   row_.resize(names_.size());
   described_ = true;
@@ -135,9 +127,11 @@ void OdbcStatement::describe() {
 
 bool OdbcStatement::next() {
   if (connection_ == nullptr) throw Error("データベースはすでに閉じられています。");
+  if (ended_) return false;
   const SQLRETURN code = SQLFetch(handle_.get());
   if (code == SQL_NO_DATA) {
     SQLFreeStmt(handle_.get(), SQL_CLOSE);
+    ended_ = true;
     return false;
   }
   check(code);
@@ -147,16 +141,18 @@ bool OdbcStatement::next() {
 
 Value OdbcStatement::read(std::size_t column) {
   const auto number = static_cast<SQLUSMALLINT>(column + 1);
-  if (textsOnly_) return readLong(number, SQL_C_WCHAR);
+  if (textsOnly_) return readLong(number, calls_.textType());
   switch (readings_[column]) {
     case Reading::Number:
       return readNumber(number);
+    case Reading::Decimal:
+      return readDecimal(number);
     case Reading::Bytes:
       return readLong(number, SQL_C_BINARY);
     case Reading::Text:
       break;
   }
-  return readLong(number, SQL_C_WCHAR);
+  return readLong(number, calls_.textType());
 }
 
 Value OdbcStatement::readNumber(SQLUSMALLINT column) {
@@ -166,10 +162,17 @@ Value OdbcStatement::readNumber(SQLUSMALLINT column) {
   return length == SQL_NULL_DATA ? Value() : Value(number);
 }
 
+/// An engine may keep any text in a column of decimals.
+Value OdbcStatement::readDecimal(SQLUSMALLINT column) {
+  Value value = readLong(column, calls_.textType());
+  const std::string words = value.text();
+  return text::isNumeric(words) ? Value(text::readNumber(words)) : value;
+}
+
 /// A driver hands long data over piece by piece; each piece of a text ends with a zero character.
 Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
-  alignas(char16_t) std::array<char, 1024> piece{};
-  const std::size_t end = type == SQL_C_WCHAR ? sizeof(char16_t) : 0;
+  alignas(SQLWCHAR) std::array<char, 1024> piece{};
+  const std::size_t end = type == SQL_C_BINARY ? 0 : calls_.width();
   std::string bytes;
   for (;;) {
     SQLLEN length = 0;
@@ -182,7 +185,7 @@ Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
     bytes.append(piece.data(), more ? room : static_cast<std::size_t>(length));
     if (!more) break;
   }
-  return Value(type == SQL_C_WCHAR ? wideText(bytes) : bytes);
+  return Value(type == SQL_C_BINARY ? bytes : calls_.fromDriver(bytes));
 }
 
 }  // namespace db

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "db/database.h"
-#include "db/odbc_handle.h"
+#include "db/odbc_calls.h"
 
 namespace db {
 
@@ -50,20 +50,23 @@ class OdbcStatement {
   struct Parameter {
     double number = 0;
     SQLINTEGER whole = 0;
-    std::u16string text;
+    std::string text;
     SQLLEN length = 0;
   };
   /// How a column of the result is read.
-  enum class Reading { Number, Text, Bytes };
+  enum class Reading { Number, Decimal, Text, Bytes };
 
   void bindText(std::size_t place, Parameter& parameter, const std::string& text);
   void check(SQLRETURN code, std::string_view table = {});
+  static Reading readingOf(SQLSMALLINT type);
   void describe();
   Value read(std::size_t column);
   Value readNumber(SQLUSMALLINT column);
+  Value readDecimal(SQLUSMALLINT column);
   Value readLong(SQLUSMALLINT column, SQLSMALLINT type);
 
   OdbcConnection* connection_;
+  OdbcCalls calls_;
   OdbcHandle<SQL_HANDLE_STMT> handle_;
   std::deque<Parameter> parameters_;
   std::vector<std::string> names_;
@@ -71,6 +74,7 @@ class OdbcStatement {
   std::vector<Value> row_;
   SQLLEN changes_ = 0;
   bool described_ = false;
+  bool ended_ = false;  // the run yielded nothing at all
   bool textsOnly_ = false;
 };
 

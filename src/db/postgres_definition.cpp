@@ -80,6 +80,8 @@ class DefinitionWriter {
     if (isKey(n, "MEMO") || isKey(n, "LONGTEXT")) writing_.written[n] = "text";
     if (isKey(n, "REAL") || (isKey(n, "DOUBLE") && !isKey(n + 1, "PRECISION")))
       writing_.written[n] = "double precision";
+    if (isKey(n, "BLOB")) writing_.written[n] = "bytea";
+    if (isSign(n, ",") || isSign(n, ")")) writing_.after[n - 1] += " text";  // any value
     if (isKey(n, "LONG")) writing_.written[n] = "integer";
     if (isKey(n, "BYTE")) writing_.written[n] = "smallint";
     for (std::size_t i = n; i < tokens_.size() && !isSign(i, ","); ++i)

@@ -40,6 +40,8 @@ class Translation {
 
   void writeToken(std::size_t n) {
     std::string& written = writing_.written[n];
+    if (tokens_[n].kind == TokenKind::Text && !tokens_[n].text.starts_with('\''))
+      written = "CAST('\\x" + std::string(tokens_[n].text.substr(2)) + " AS bytea)";
     if (!isName(tokens_[n])) return;
     if (const PostgresTable* table = scope_.tableAt(n)) {
       written = postgresName(table->name);

@@ -19,9 +19,7 @@ class EditRecords : public DatabaseTest {
     return database_->openRecordset(sql, db::Access::Edit);
   }
   std::string named(const std::string& rest) const { return "データベース「" + path_ + "」" + rest; }
-  std::string remarks() const {
-    return ask("SELECT group_concat(備考, '') FROM (SELECT 備考 FROM T ORDER BY SaveOrder)");
-  }
+  std::string remarks() const { return listed("SELECT 備考 FROM T ORDER BY SaveOrder", "備考", ""); }
 
   std::unique_ptr<db::Database> database_;
 };
@@ -78,9 +76,7 @@ TEST_F(EditRecords, FieldsOfTheRecordBeforeAreNotKept) {
     records->update();
   }
   database_->close();
-  EXPECT_EQ(ask("SELECT group_concat(ifnull(備考,'-'),'') FROM (SELECT 備考 FROM T WHERE JobId='5' ORDER BY "
-                "_rowid_)"),
-            "x-y");
+  EXPECT_EQ(listed("SELECT 備考 FROM T WHERE JobId='5'", "備考", ","), "x,-,y");
 }
 
 TEST_F(EditRecords, ARecordOfNullsCanBeAdded) {

@@ -29,7 +29,7 @@ class Gathering : public DatabaseTest {
     for (; !records->eof(); records->moveNext()) records->remove();
     return records;
   }
-  std::string numbers() const { return ask("SELECT group_concat(n) FROM (SELECT n FROM T ORDER BY n)"); }
+  std::string numbers() const { return listed("SELECT n FROM T ORDER BY n", "n", ","); }
   std::string named(const std::string& rest) const { return "データベース「" + path_ + "」" + rest; }
 };
 

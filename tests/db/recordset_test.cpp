@@ -84,14 +84,17 @@ TEST_F(ReadRecords, MissingNamesAreNamed) {
   EXPECT_EQ(sqlFailure("SELECT * FROM 無い表"),
             named("にテーブル「無い表」がありません: no such table: 無い表"));
   EXPECT_EQ(sqlFailure("SELECT 無い列 FROM T"), named("に列「無い列」がありません: no such column: 無い列"));
-  EXPECT_EQ(sqlFailure("SELECT \"無い列\" FROM T"),
-            named("に列「無い列」がありません: no such column: 無い列"));
   EXPECT_EQ(sqlFailure("SELECT 標高 FROM T, U"),
             named("で列「標高」がどのテーブルのものか決まりません: ambiguous column name: 標高"));
   EXPECT_EQ(sqlFailure("SELECT FORMAT2(標高) FROM T"),
             named("で関数「FORMAT2」は使えません: no such function: FORMAT2"));
   const auto records = database_->openRecordset("SELECT * FROM T");
   EXPECT_EQ(failure([&] { records->field("水準点"); }), named("の検索結果に列「水準点」がありません。"));
+}
+
+TEST_F(ReadRecords, ANameInQuotesIsNoText) {
+  EXPECT_EQ(sqlFailure("SELECT \"無い列\" FROM T"),
+            named("に列「無い列」がありません: no such column: 無い列"));
 }
 
 TEST_F(ReadRecords, FaultyTextsAreTheEnginesOwnErrors) {
