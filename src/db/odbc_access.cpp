@@ -1,6 +1,7 @@
 #include "db/odbc_access.h"
 
 #include "db/odbc_connection.h"
+#include "db/select_shape.h"
 #include "db/sql_tokens.h"
 
 namespace db {
@@ -17,6 +18,11 @@ void OdbcMdbTools::begin(OdbcConnection& connection) { throw connection.error(re
 std::string OdbcMdbTools::statement(OdbcConnection& connection, std::string_view sql) {
   const std::vector<Token> words = significantTokens(sql);
   if (!words.empty() && !isWord(words.front(), "SELECT")) throw connection.error(readOnly);
+  // Of a missing table the driver says only that it cannot read the SQL text.
+  if (const auto shape = selectShape(sql))
+    for (const SelectSource& source : shape->sources)
+      if (!source.table.empty() && columns(connection, source.table).empty())
+        throw connection.error("にテーブル「" + source.table + "」がありません。");
   return std::string(sql);
 }
 

@@ -14,6 +14,7 @@ class OdbcAccess : public OdbcProduct {
 /// Access files through MDBTools, which can only read them.
 class OdbcMdbTools final : public OdbcAccess {
  public:
+  bool givesNumbers() const override { return false; }
   void begin(OdbcConnection& connection) override;
   std::string statement(OdbcConnection& connection, std::string_view sql) override;
 };

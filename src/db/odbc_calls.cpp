@@ -86,13 +86,14 @@ SQLRETURN OdbcCalls::describe(SQLHSTMT statement, SQLUSMALLINT column, std::stri
 }
 
 std::string OdbcCalls::info(SQLHDBC connection, SQLUSMALLINT what) const {
-  std::string room(512, '\0');
-  SQLSMALLINT length = 0;
-  const auto size = static_cast<SQLSMALLINT>(room.size());
-  const SQLRETURN code = narrow_ ? SQLGetInfo(connection, what, room.data(), size, &length)
-                                 : SQLGetInfoW(connection, what, room.data(), size, &length);
+  constexpr SQLSMALLINT room = 256;
+  SQLSMALLINT length = 0;  // not every driver tells it
+  std::string bytes(room, '\0');
+  std::u16string wide(room, u'\0');
+  const SQLRETURN code = narrow_ ? SQLGetInfo(connection, what, bytes.data(), room, &length)
+                                 : SQLGetInfoW(connection, what, wide.data(), room, &length);
   if (!SQL_SUCCEEDED(code)) return {};
-  return fromDriver(std::string_view(room).substr(0, static_cast<std::size_t>(length)));
+  return narrow_ ? written(bytes) : written(wide);
 }
 
 OdbcDiagnosis OdbcCalls::diagnosis(SQLSMALLINT type, SQLHANDLE handle) const {

@@ -11,7 +11,7 @@ OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file)
   if (!SQL_SUCCEEDED(calls_.connect(handle_.get(), source.connectionString)))
     throw odbcError(diagnosis(), file_);
   try {
-    product_ = odbcProduct(calls_, handle_.get());
+    product_ = odbcProduct(calls_, handle_.get(), source.driver);
     product_->prepare(*this);
   } catch (...) {
     disconnect();
@@ -93,7 +93,14 @@ void OdbcConnection::endTransaction(SQLSMALLINT how) {
 }
 
 void OdbcConnection::protect() {
-  if (gathering_ && !lost_) product_->protect(*this);
+  if (!gathering_ || lost_) return;
+  try {
+    product_->protect(*this);
+  } catch (const Error&) {
+    lost_ = true;  // the transaction is gone, with the connection or without
+    rollBack();
+    throw;
+  }
 }
 
 void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view table) {

@@ -84,6 +84,12 @@ void OdbcPostgres::lock(OdbcConnection& connection, const std::string& table) {
   locked_.insert(table);
 }
 
+/// The driver takes the end of a transaction that is gone for a success; releasing the savepoint tells.
+void OdbcPostgres::commit(OdbcConnection& connection) {
+  if (protected_) connection.control("RELEASE SAVEPOINT step");
+  OdbcProduct::commit(connection);
+}
+
 void OdbcPostgres::protect(OdbcConnection& connection) {
   connection.control(protected_ ? "RELEASE SAVEPOINT step; SAVEPOINT step" : "SAVEPOINT step");
   protected_ = true;

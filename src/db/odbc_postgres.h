@@ -22,6 +22,7 @@ class OdbcPostgres final : public OdbcProduct {
   std::string defaultRecord(const std::vector<ColumnDefinition>&) const override { return "DEFAULT VALUES"; }
   void begin(OdbcConnection& connection) override;
   void lock(OdbcConnection& connection, const std::string& table) override;
+  void commit(OdbcConnection& connection) override;
   void protect(OdbcConnection& connection) override;
   bool restore(OdbcConnection& connection) override;
 

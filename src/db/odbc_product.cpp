@@ -39,7 +39,7 @@ std::string declaredType(SQLINTEGER kind, SQLINTEGER size, const std::string& dr
     case SQL_VARCHAR:
     case SQL_WCHAR:
     case SQL_WVARCHAR:
-      return "TEXT(" + std::to_string(size) + ")";
+      return size > 0 ? "TEXT(" + std::to_string(size) + ")" : "TEXT";
     case SQL_LONGVARCHAR:
     case SQL_WLONGVARCHAR:
       return "TEXT";
@@ -101,8 +101,10 @@ bool OdbcProduct::isMediumFailure(const OdbcDiagnosis& diagnosis) const {
   return db::isMediumFailure(diagnosis);
 }
 
-std::unique_ptr<OdbcProduct> odbcProduct(const OdbcCalls& calls, SQLHDBC connection) {
-  const std::string name = calls.info(connection, SQL_DBMS_NAME);
+std::unique_ptr<OdbcProduct> odbcProduct(const OdbcCalls& calls, SQLHDBC connection,
+                                         std::string_view driver) {
+  std::string name = calls.info(connection, SQL_DBMS_NAME);
+  if (name.empty()) name = driver;
   if (text::equalIgnoringCase(name, "PostgreSQL")) return std::make_unique<OdbcPostgres>();
   if (text::equalIgnoringCase(text::left(name, 6), "SQLite")) return std::make_unique<OdbcSqlite>();
   if (text::equalIgnoringCase(name, "MDBTOOLS")) return std::make_unique<OdbcMdbTools>();

@@ -45,6 +45,9 @@ class OdbcProduct {
   /// True where the engine itself makes numbers of the texts that are written into a number's column.
   virtual bool convertsTexts() const { return false; }
 
+  /// False where the driver tells numbers as texts alone.
+  virtual bool givesNumbers() const { return true; }
+
   /// Begins a transaction. Raises Error where the database can only be read.
   virtual void begin(OdbcConnection& connection);
   /// Keeps other writers of the table out until the transaction ends.
@@ -61,7 +64,8 @@ class OdbcProduct {
   virtual bool isMediumFailure(const OdbcDiagnosis& diagnosis) const;
 };
 
-/// The product behind a connection, by what its driver says it is.
-std::unique_ptr<OdbcProduct> odbcProduct(const OdbcCalls& calls, SQLHDBC connection);
+/// The product behind a connection, by what its driver says it is; by the driver's own name where it says
+/// nothing.
+std::unique_ptr<OdbcProduct> odbcProduct(const OdbcCalls& calls, SQLHDBC connection, std::string_view driver);
 
 }  // namespace db

@@ -87,7 +87,7 @@ OdbcSource accessSource(std::string_view path) {
     DataSource source;
     source.setDefault("DRIVER", driver);
     source.setDefault("DBQ", driverPath(path));
-    return {source.connectionString(), isNarrow(driver)};
+    return {source.connectionString(), isNarrow(driver), std::string(driver)};
   }
   throw missingDriver(path, fitting[0]);
 }
@@ -102,7 +102,7 @@ OdbcSource fileSource(std::string_view path, std::string_view content) {
   if (!driver.empty() && !library && !isInstalled(installedDrivers(), driver))
     throw missingDriver(path, driver);
   addSettings(source, driver);
-  return {source.connectionString(), isNarrow(driver)};
+  return {source.connectionString(), isNarrow(driver), std::string(driver)};
 }
 
 }  // namespace db

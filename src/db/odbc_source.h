@@ -10,6 +10,7 @@ struct OdbcSource {
   std::string connectionString;
   /// The driver takes texts in bytes alone, and unixODBC would spoil a wide connection string for it.
   bool narrow = false;
+  std::string driver;  ///< its name; "" where a data source of the system names it
 };
 
 /// The way to an Access file: with Microsoft's driver, or what unixODBC offers for such files. Raises Error

@@ -105,9 +105,9 @@ void OdbcStatement::check(SQLRETURN code, std::string_view table) {
   connection_->raise(calls_.diagnosis(SQL_HANDLE_STMT, handle_.get()), table);
 }
 
-OdbcStatement::Reading OdbcStatement::readingOf(SQLSMALLINT type) {
+OdbcStatement::Reading OdbcStatement::readingOf(SQLSMALLINT type) const {
   if (holdsDecimals(type)) return Reading::Decimal;
-  if (holdsNumbers(type)) return Reading::Number;
+  if (holdsNumbers(type)) return connection_->product().givesNumbers() ? Reading::Number : Reading::Decimal;
   return holdsBytes(type) ? Reading::Bytes : Reading::Text;
 }
 

@@ -58,7 +58,7 @@ class OdbcStatement {
 
   void bindText(std::size_t place, Parameter& parameter, const std::string& text);
   void check(SQLRETURN code, std::string_view table = {});
-  static Reading readingOf(SQLSMALLINT type);
+  Reading readingOf(SQLSMALLINT type) const;
   void describe();
   Value read(std::size_t column);
   Value readNumber(SQLUSMALLINT column);

@@ -48,7 +48,10 @@ void PostgresOrder::findParts() {
     if (depth > 0) continue;
     if (from_ == 0 && isKey(n, "FROM")) from_ = n;
     if (isKey(n, "ORDER") && isKey(n + 1, "BY")) order_ = n + 2;
-    if (order_ != 0 && (isKey(n, "LIMIT") || isKey(n, "OFFSET") || isKey(n, "FOR"))) end_ = n;
+    if (order_ != 0 && (isKey(n, "LIMIT") || isKey(n, "OFFSET") || isKey(n, "FOR"))) {
+      end_ = n;
+      limited_ = true;
+    }
   }
 }
 
@@ -89,7 +92,7 @@ bool PostgresOrder::namesResult(std::size_t n) const {
 /// True where every record of the result is one record of a single stored table.
 bool PostgresOrder::followsRecords() const {
   const PostgresTable* table = scope_.onlyTable();
-  if (table == nullptr || !table->stored || distinct_ || end_ != tokens_.size() || from_ == 0) return false;
+  if (table == nullptr || !table->stored || distinct_ || limited_ || from_ == 0) return false;
   for (std::size_t n = 1; n < end_; ++n) {
     if (n < from_ && isSign(n, "(")) return false;
     if (isKey(n, "GROUP") || isKey(n, "HAVING") || isKey(n, "LIMIT") || isKey(n, "UNION") ||

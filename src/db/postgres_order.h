@@ -36,6 +36,7 @@ class PostgresOrder {
   std::size_t order_ = 0;  // the first token behind the main ORDER BY; 0 where there is none
   std::size_t end_ = 0;    // behind the last token that counts
   bool distinct_ = false;
+  bool limited_ = false;  // LIMIT or the like stands behind the order
 };
 
 }  // namespace db

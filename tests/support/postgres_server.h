@@ -46,7 +46,7 @@ class PostgresServer {
     awaitReady();
   }
   ~PostgresServer() {
-    kill(server_, SIGINT);  // fast shutdown
+    kill(server_, SIGQUIT);  // at once: nothing is kept
     wait(server_);
   }
   PostgresServer(const PostgresServer&) = delete;
