@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034
 
 # Compiling everything but the windows.
-packages_build=(cmake ninja-build g++ libsqlite3-dev)
+packages_build=(cmake ninja-build g++ libsqlite3-dev unixodbc-dev)
 
 # Compiling and showing the windows, with Japanese letters in them.
 packages_window=(qt6-base-dev libgl-dev libopengl-dev libegl1 fontconfig fonts-ipafont-gothic)
@@ -10,8 +10,8 @@ packages_window=(qt6-base-dev libgl-dev libopengl-dev libegl1 fontconfig fonts-i
 # Showing the windows on a Wayland desktop that offers no X.
 packages_wayland=(qt6-wayland)
 
-# Building and running the tests.
-packages_test=(libgtest-dev)
+# Building and running the tests; those of other database engines need their drivers and a server.
+packages_test=(libgtest-dev libsqliteodbc odbc-postgresql odbc-mdbtools postgresql)
 
 # The sanitizer, fuzz and format runs.
 packages_ci=(clang libclang-rt-14-dev clang-format)
