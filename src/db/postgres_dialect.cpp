@@ -47,13 +47,18 @@ class Translation {
       written = postgresName(table->name);
     } else if (const ColumnDefinition* column = scope_.columnAt(n)) {
       written = postgresName(column->name);
-    } else if (tokens_[n].kind == TokenKind::QuotedName) {
+    } else if (tokens_[n].kind == TokenKind::QuotedName || isMissingTable(n)) {
       written = postgresName(nameOf(tokens_[n]));
     } else if (isKey(n, "DISTINCTROW") && isKey(n - 1, "SELECT")) {
       written.clear();
     } else if (isKey(n, "MID") && isSign(n + 1, "(")) {
       writeMid(n);
     }
+  }
+
+  /// The server tells a missing table by the name as it was written, not in small letters.
+  bool isMissingTable(std::size_t n) const {
+    return scope_.isUnknownTable(n) && !isSign(n + 1, "(") && !isSign(n + 1, ".") && !isKey(0, "WITH");
   }
 
   /// MID of a number's column cuts its text.

@@ -32,6 +32,8 @@ class PostgresScope {
 
   /// The table that the name at `n` stands for where a table is named; null elsewhere and for unknown tables.
   const PostgresTable* tableAt(std::size_t n) const;
+  /// True where a table is named that the server does not have.
+  bool isUnknownTable(std::size_t n) const { return roles_[n] == Role::Table && tablesAt_[n] == nullptr; }
   /// The column that the name at `n` stands for, null where it stands for none of the statement's tables.
   const ColumnDefinition* columnAt(std::size_t n) const;
   /// True where the token at `n` names an alias where that is made.

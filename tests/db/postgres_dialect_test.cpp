@@ -33,7 +33,9 @@ TEST(PostgresDialect, NamesAreThoseOfTheServer) {
             "INSERT INTO \"Kansoku\"(\"JobId\") VALUES('1')");
   EXPECT_EQ(translated("DELETE FROM [kansoku] WHERE [標高] IS NULL"),
             "DELETE FROM \"Kansoku\" WHERE \"標高\" IS NULL");
-  EXPECT_EQ(translated("DELETE FROM 無い"), "DELETE FROM 無い");
+  EXPECT_EQ(translated("DELETE FROM Nirgends"), "DELETE FROM \"Nirgends\"");
+  EXPECT_EQ(translated("SELECT i FROM generate_series(1, 2) AS g(i)"),
+            "SELECT i FROM generate_series(1, 2) AS g(i)");
 }
 
 TEST(PostgresDialect, TextsCompareWithoutTrailingBlanks) {

@@ -1,0 +1,80 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <exception>
+#include <fstream>
+
+#include "db/database.h"
+#include "platform/files.h"
+#include "support/postgres_server.h"
+
+// Runs a command on a copy of a job in a PostgreSQL server that lives as long as the command:
+//
+//   postgres_job JOB.sqlite JOB.dsn STATEMENTS.sql COMMAND ARGUMENT …
+//
+// JOB.dsn is written; its file data source names the copy. STATEMENTS.sql, where there is such a file, holds
+// what the copy does not bring over, such as a constraint in the place of a trigger. The exit status is that
+// of the command, 77 where no server is installed.
+
+namespace {
+
+void copyTable(db::Database& from, db::Database& to, const std::string& table) {
+  const auto columns = from.tableDefinition(table);
+  std::string list;
+  for (const auto& column : columns) list += (list.empty() ? "" : ",") + column.name + " " + column.type;
+  to.execute("CREATE TABLE " + table + "(" + list + ")");
+  const auto written = to.openRecordset("SELECT * FROM " + table, db::Access::Edit);
+  for (const auto read = from.openRecordset("SELECT * FROM " + table); !read->eof(); read->moveNext()) {
+    written->addNew();
+    for (const auto& column : columns) written->set(column.name, read->field(column.name));
+    written->update();
+  }
+}
+
+void copyJob(const std::string& from, const std::string& to) {
+  const auto source = db::openDatabase(from);
+  const auto target = db::openDatabase(to);
+  const auto tables =
+      source->openRecordset("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name");
+  std::vector<std::string> names;
+  for (; !tables->eof(); tables->moveNext()) names.push_back(tables->field("name").text());
+  for (const std::string& name : names) copyTable(*source, *target, name);
+  target->close();
+}
+
+void carryOut(const std::string& statements, const std::string& path) {
+  const auto database = db::openDatabase(path);
+  for (const std::string& statement : db::splitStatements(platform::readFile(statements).value_or("")))
+    database->execute(statement);
+  database->close();
+}
+
+int run(char** arguments) {
+  const pid_t child = fork();
+  if (child == 0) {
+    execv(arguments[0], arguments);
+    _exit(127);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  constexpr int skipped = 77;
+  if (count < 5) return 64;
+  if (test::PostgresServer::programs().empty()) return skipped;
+  try {
+    test::PostgresServer server;
+    std::ofstream(arguments[2]) << server.newDatabase();
+    copyJob(arguments[1], arguments[2]);
+    carryOut(arguments[3], arguments[2]);
+    return run(arguments + 4);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+}
