@@ -1,5 +1,6 @@
 #include "db/odbc_access.h"
 
+#include "db/column_type.h"
 #include "db/odbc_connection.h"
 #include "db/select_shape.h"
 #include "db/sql_tokens.h"
@@ -12,6 +13,11 @@ constexpr const char* readOnly =
     "のファイルを読むことしかできません。";
 
 }  // namespace
+
+std::string OdbcAccess::fieldCondition(const ColumnDefinition& column) const {
+  if (!isTextType(column.type)) return OdbcProduct::fieldCondition(column);
+  return "StrComp(" + quoted(column.name) + ",?,0)=0";
+}
 
 void OdbcMdbTools::begin(OdbcConnection& connection) { throw connection.error(readOnly); }
 

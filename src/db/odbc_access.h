@@ -9,6 +9,8 @@ namespace db {
 class OdbcAccess : public OdbcProduct {
  public:
   std::string quoted(std::string_view name) const override { return "[" + std::string(name) + "]"; }
+  /// "=" takes small and capital letters for the same there.
+  std::string fieldCondition(const ColumnDefinition& column) const override;
 };
 
 /// Access files through MDBTools, which can only read them.

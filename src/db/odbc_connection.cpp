@@ -1,17 +1,23 @@
 #include "db/odbc_connection.h"
 
 #include <optional>
+#include <utility>
 
 #include "db/odbc_error.h"
 
 namespace db {
 
-OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file)
-    : file_(file), calls_(source.narrow), environment_(odbcEnvironment()), handle_(environment_.get()) {
+OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file,
+                               std::unique_ptr<OdbcProduct> product)
+    : file_(file),
+      calls_(source.narrow),
+      environment_(odbcEnvironment()),
+      handle_(environment_.get()),
+      product_(std::move(product)) {
   if (!SQL_SUCCEEDED(calls_.connect(handle_.get(), source.connectionString)))
     throw odbcError(diagnosis(), file_);
   try {
-    product_ = odbcProduct(calls_, handle_.get(), source.driver);
+    if (!product_) product_ = odbcProduct(calls_, handle_.get(), source.driver);
     product_->prepare(*this);
   } catch (...) {
     disconnect();

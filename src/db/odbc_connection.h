@@ -20,8 +20,10 @@ namespace db {
 /// transaction in which writing is gathered. All members take the engine's own SQL; failures raise Error.
 class OdbcConnection {
  public:
-  /// Connects. `file` is the path that the operator knows the database by.
-  OdbcConnection(const OdbcSource& source, std::string_view file);
+  /// Connects. `file` is the path that the operator knows the database by; without `product` the driver tells
+  /// what it is.
+  OdbcConnection(const OdbcSource& source, std::string_view file,
+                 std::unique_ptr<OdbcProduct> product = nullptr);
   ~OdbcConnection();
   OdbcConnection(const OdbcConnection&) = delete;
   OdbcConnection& operator=(const OdbcConnection&) = delete;

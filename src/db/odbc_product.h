@@ -38,6 +38,10 @@ class OdbcProduct {
   virtual std::string keyColumn() const { return {}; }
   /// The condition that a record has the key given as the one parameter.
   virtual std::string keyCondition() const { return keyColumn() + "=?"; }
+  /// The condition that a column holds exactly the value given as the parameter.
+  virtual std::string fieldCondition(const ColumnDefinition& column) const {
+    return quoted(column.name) + "=?";
+  }
   /// True where a change of a record gives it another key, which "RETURNING" tells.
   virtual bool keyChanges() const { return false; }
   /// What follows INSERT INTO table for a record whose fields are all left to their defaults.

@@ -5,7 +5,7 @@
 namespace db {
 
 /// SQLite files through their ODBC driver.
-class OdbcSqlite final : public OdbcProduct {
+class OdbcSqlite : public OdbcProduct {
  public:
   void prepare(OdbcConnection& connection) override;
   std::string statement(OdbcConnection& connection, std::string_view sql) override;

@@ -142,8 +142,8 @@ std::string OdbcWriter::condition(const Key& key) const {
   std::string result;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     result += result.empty() ? " WHERE " : " AND ";
-    result += connection_->product().quoted(columns_[i].name);
-    result += key[i].isNull() ? " IS NULL" : "=?";
+    result += key[i].isNull() ? connection_->product().quoted(columns_[i].name) + " IS NULL"
+                              : connection_->product().fieldCondition(columns_[i]);
   }
   return result;
 }
