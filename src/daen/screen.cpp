@@ -17,7 +17,6 @@ namespace {
 constexpr float designWidth = 8955;
 constexpr float designHeight = 6105;
 constexpr int rowHeight = 260;
-constexpr int sectionColumnWidth = 1134;
 constexpr auto left = ui::Align::Left;
 constexpr auto right = ui::Align::Right;
 constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1400, right},
