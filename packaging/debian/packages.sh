@@ -5,13 +5,21 @@
 packages_build=(cmake ninja-build g++ libsqlite3-dev unixodbc-dev)
 
 # Compiling and showing the windows, with Japanese letters in them.
-packages_window=(qt6-base-dev libgl-dev libopengl-dev libegl1 fontconfig fonts-ipafont-gothic)
+packages_window=(qt6-base-dev qt6-translations-l10n libgl-dev libopengl-dev libegl1 fontconfig fonts-ipafont-gothic)
 
 # Showing the windows on a Wayland desktop that offers no X.
 packages_wayland=(qt6-wayland)
 
 # Building and running the tests; those of other database engines need their drivers and a server.
 packages_test=(libgtest-dev libsqliteodbc odbc-postgresql odbc-mdbtools postgresql)
+
+# Compiling the Windows program: cross compiler, what unpacks and builds the toolkit's and the database's sources, the
+# toolkit's own tools for this machine.
+packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64 binutils-mingw-w64-x86-64 qt6-base-dev-tools libgtest-dev
+  libsqlite3-dev dpkg-dev tclsh make gcc python3 zip)
+
+# Running it here and looking at it.
+packages_wine=(wine64 fonts-wine xvfb xauth xdotool xclip imagemagick x11-utils fonts-ipafont-gothic libsqliteodbc)
 
 # The sanitizer, fuzz and format runs.
 packages_ci=(clang libclang-rt-14-dev clang-format)

@@ -1,21 +1,25 @@
 #include "qt/application.h"
 
 #include <QFont>
-#include <QLibraryInfo>
-#include <QLocale>
+#include <QIcon>
 #include <QTranslator>
 #include <new>
 #include <utility>
 
 #include "qt/convert.h"
 
+/// The linker takes the resources of a library along only where somebody asks for them.
+static void takeResourcesAlong() { Q_INIT_RESOURCE(house); }
+
 namespace qt {
 
 Application::Application(std::string programName)
     : ProgramName{std::move(programName)}, QApplication(argc, argv) {
   setQuitOnLastWindowClosed(false);
+  takeResourcesAlong();
   setUpFont();
   setUpTranslation();
+  setUpIcon();
 }
 
 /// The font of the house where the system has it, else the nearest Japanese one of fixed width.
@@ -27,12 +31,17 @@ void Application::setUpFont() {
   setFont(QFont(house, 9));
 }
 
-/// The toolkit's own words (menus of text boxes) in Japanese, where its translation is installed.
+/// The toolkit's own words (menus of text boxes, buttons of its dialogs) in Japanese, whatever the system
+/// speaks.
 void Application::setUpTranslation() {
   auto* words = new QTranslator(this);
-  if (words->load(QLocale(QLocale::Japanese), QStringLiteral("qtbase"), QStringLiteral("_"),
-                  QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    installTranslator(words);
+  if (words->load(QStringLiteral(":/house/qtbase_ja.qm"))) installTranslator(words);
+}
+
+void Application::setUpIcon() {
+  QIcon icon;
+  for (const int size : {16, 32, 64, 256}) icon.addFile(QStringLiteral(":/house/seikahyou-%1.png").arg(size));
+  setWindowIcon(icon);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -28,6 +28,7 @@ class Application : private ProgramName, public QApplication {
  private:
   void setUpFont();
   void setUpTranslation();
+  void setUpIcon();
 
   std::function<void(std::exception_ptr)> failed_;
 };
