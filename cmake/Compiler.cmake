@@ -12,6 +12,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # GCC 12 sees overlapping copies in every assignment of a literal to a std::string (GCC bug 105651).
   target_compile_options(house_compiler INTERFACE -Wno-restrict)
 endif()
+if(MINGW)
+  # What runs on an operator's machine brings everything with it but the DLLs of Windows.
+  target_link_options(house_compiler INTERFACE -static)
+endif()
 if(SEIKAHYOU_SANITIZE)
   target_compile_options(house_compiler INTERFACE
     -fsanitize=${SEIKAHYOU_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

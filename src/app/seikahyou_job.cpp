@@ -5,5 +5,6 @@
 
 /// seikahyou-job: makes, moves, exchanges and checks job databases.
 int main(int argc, char** argv) {
+  platform::useByteStreams();
   return exchange::run(platform::commandLineWords(argc, argv), std::cout, std::cerr);
 }

@@ -7,20 +7,82 @@
 
 #include "text/error.h"
 
+#ifdef _WIN32
+#include <windows.h>
+
+#include "platform/wide.h"
+#endif
+
 namespace platform {
 namespace {
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
-std::u8string utf8(std::string_view text) { return {text.begin(), text.end()}; }
+}  // namespace
+
+#ifdef _WIN32
+
+namespace {
+
+/// What stands at a path, as the system says it; without FILE_ATTRIBUTE_DIRECTORY it is a file.
+std::optional<DWORD> attributesOf(std::string_view path) {
+  const DWORD attributes = GetFileAttributesW(nativePath(path).c_str());
+  return attributes == INVALID_FILE_ATTRIBUTES ? std::nullopt : std::optional(attributes);
+}
+
+/// Puts a file in the place of another, which is never missing in between.
+bool putInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {
+  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
+}
+
+bool copyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+  return CopyFileW(from.c_str(), to.c_str(), FALSE) != FALSE;
+}
+
+bool removeNative(const std::filesystem::path& path) { return DeleteFileW(path.c_str()) != FALSE; }
+
+}  // namespace
+
+std::filesystem::path nativePath(std::string_view path) { return {wide(path)}; }
+
+std::string pathText(const std::filesystem::path& path) { return utf8(path.native()); }
+
+bool isFile(std::string_view path) {
+  const auto attributes = attributesOf(path);
+  return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool isFolder(std::string_view path) {
+  const auto attributes = attributesOf(path);
+  return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+#else
+
+namespace {
+
+bool putInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::error_code error;
+  std::filesystem::rename(from, to, error);
+  return !error;
+}
+
+bool copyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::error_code error;
+  std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, error);
+  return !error;
+}
+
+bool removeNative(const std::filesystem::path& path) {
+  std::error_code error;
+  return std::filesystem::remove(path, error);
+}
 
 }  // namespace
 
 std::filesystem::path nativePath(std::string_view path) {
-  std::u8string text = utf8(path);
-#ifndef _WIN32
+  std::u8string text(path.begin(), path.end());
   std::replace(text.begin(), text.end(), u8'\\', u8'/');
-#endif
   return {text};
 }
 
@@ -38,6 +100,8 @@ bool isFolder(std::string_view path) {
   std::error_code ignored;
   return std::filesystem::is_directory(nativePath(path), ignored);
 }
+
+#endif
 
 std::optional<std::string> firstLine(std::string_view path) {
   std::ifstream file(nativePath(path), std::ios::binary);
@@ -74,10 +138,8 @@ void writeFile(std::string_view path, std::string_view content) {
   std::ofstream file(growing, std::ios::binary);
   file.write(content.data(), static_cast<std::streamsize>(content.size()));
   file.close();
-  std::error_code error;
-  if (file) std::filesystem::rename(growing, target, error);
-  if (file && !error) return;
-  std::filesystem::remove(growing, error);
+  if (file && putInPlace(growing, target)) return;
+  removeNative(growing);
   throw text::RuntimeError(text::ErrorCode::PathNotFound);
 }
 
@@ -89,15 +151,11 @@ void makeFolder(std::string_view path) {
 
 void copyFile(std::string_view from, std::string_view to) {
   if (!isFile(from)) throw text::RuntimeError(text::ErrorCode::FileNotFound);
-  std::error_code error;
-  std::filesystem::copy_file(nativePath(from), nativePath(to),
-                             std::filesystem::copy_options::overwrite_existing, error);
-  if (error) throw text::RuntimeError(text::ErrorCode::PathNotFound);
+  if (!copyOver(nativePath(from), nativePath(to))) throw text::RuntimeError(text::ErrorCode::PathNotFound);
 }
 
 void removeFile(std::string_view path) {
-  std::error_code error;
-  if (isFolder(path) || !std::filesystem::remove(nativePath(path), error))
+  if (isFolder(path) || !removeNative(nativePath(path)))
     throw text::RuntimeError(text::ErrorCode::FileNotFound);
 }
 

@@ -34,9 +34,9 @@ namespace {
 struct Process::Handle {
   explicit Handle(std::string_view path) {
     std::wstring command = L"\"" + nativePath(path).wstring() + L"\"";
-    STARTUPINFOW window{};
+    STARTUPINFOW window{};  // of the standard streams none is handed on
     window.cb = sizeof window;
-    window.dwFlags = STARTF_USESHOWWINDOW;
+    window.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
     window.wShowWindow = SW_SHOWNORMAL;
     PROCESS_INFORMATION started{};
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &window,

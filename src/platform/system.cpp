@@ -3,42 +3,46 @@
 #include "platform/files.h"
 
 #ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 // windows.h first: the others need its types.
 #include <psapi.h>
 #include <shellapi.h>
+
+#include <cstdio>
+
+#include "platform/wide.h"
 #else
 #include <sys/resource.h>
 #endif
 
 namespace platform {
 
+std::string_view behindProgramName(std::string_view text) {
+  constexpr std::string_view blanks = " \t";
+  std::size_t end = text.starts_with('"') ? text.find('"', 1) : text.find_first_of(blanks);
+  if (end == std::string_view::npos) return {};
+  end = text.find_first_not_of(blanks, text[end] == '"' ? end + 1 : end);
+  return end == std::string_view::npos ? std::string_view() : text.substr(end);
+}
+
 #ifdef _WIN32
 
-namespace {
-
-/// What follows the program's name in the text that the system keeps: the name ends at the closing quote
-/// where it begins with one, else at the first blank or tab.
-std::wstring behindProgramName(std::wstring text) {
-  std::size_t end = text.starts_with(L'"') ? text.find(L'"', 1) : text.find_first_of(L" \t");
-  if (end == std::wstring::npos) return {};
-  end = text.find_first_not_of(L" \t", text[end] == L'"' ? end + 1 : end);
-  return end == std::wstring::npos ? std::wstring() : text.substr(end);
-}
-
-}  // namespace
-
-std::string commandLineText(int, char**) {
-  return pathText(std::filesystem::path(behindProgramName(GetCommandLineW())));
-}
+std::string commandLineText(int, char**) { return std::string(behindProgramName(utf8(GetCommandLineW()))); }
 
 std::vector<std::string> commandLineWords(int, char**) {
   int count = 0;
   LPWSTR* const all = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> words;
-  for (int i = 1; all != nullptr && i < count; ++i) words.push_back(pathText(std::filesystem::path(all[i])));
+  for (int i = 1; all != nullptr && i < count; ++i) words.push_back(utf8(all[i]));
   LocalFree(all);
   return words;
+}
+
+void useByteStreams() {
+  for (std::FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+  SetConsoleOutputCP(CP_UTF8);  // nothing happens without a console
 }
 
 std::string programFolder() {
@@ -68,6 +72,8 @@ std::string commandLineText(int argc, char** argv) {
 std::vector<std::string> commandLineWords(int argc, char** argv) {
   return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
+
+void useByteStreams() {}
 
 std::string programFolder() {
   return pathText(std::filesystem::read_symlink("/proc/self/exe").parent_path());

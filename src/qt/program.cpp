@@ -70,10 +70,10 @@ class Session {
 
 }  // namespace
 
-int runProgram(int argc, char** argv) {
+int runProgram(std::string name, std::string commandLine) {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-  Application application(argc > 0 ? argv[0] : "seikahyou");
-  return Session(application, {platform::commandLineText(argc, argv), platform::programFolder()}).run();
+  Application application(std::move(name));
+  return Session(application, {std::move(commandLine), platform::programFolder()}).run();
 }
 
 }  // namespace qt

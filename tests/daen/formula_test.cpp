@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 #include "daen/calculation.h"
@@ -50,8 +51,8 @@ TEST(FcDaenHoseichi, AgreesWithTheTextbookFormInExtendedPrecision) {
 // takes the arc for its sine, which is too large by a part of (B1 − B2)² / 6 and no more.
 TEST(FcDaenHoseichi, StandsForTheIntegralAlongTheMeridian) {
   for (const Case& c : cases) {
-    const double b1 = c.start * M_PI / 180;
-    const double b2 = c.end * M_PI / 180;
+    const double b1 = c.start * std::numbers::pi / 180;
+    const double b2 = c.end * std::numbers::pi / 180;
     const double integral = c.height * 5.28 * (std::sin(b1) * std::sin(b1) - std::sin(b2) * std::sin(b2));
     const double arc = b1 - b2;
     EXPECT_NEAR(correction(c.start, c.end, c.height), integral * (1 + arc * arc / 6),

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -11,7 +10,7 @@
 #include "daen/route_maker.h"
 #include "platform/files.h"
 #include "support/recording_desktop.h"
-#include "support/tool_script.h"
+#include "support/tool.h"
 
 namespace {
 
@@ -324,9 +323,7 @@ TEST_F(EllipsoidalScreen, AFailingSectionTableIsReportedUnderTheReopenButton) {
 }
 
 TEST_F(EllipsoidalScreen, FilesAPictureUnderItsOwnName) {
-  std::filesystem::create_directories(job.folder().path("data/map_app"));
-  test::writeTool(job.folder(), "data/map_app/PicturePaste.exe",
-                  "printf map > \"$(dirname \"$0\")/temp.bmp\"");
+  test::placeTool(job.folder(), "data/map_app/PicturePaste.exe", "write temp.bmp|map");
   screen.cmdMap.press();
   EXPECT_TRUE(desktop.messages.empty());
   EXPECT_EQ(platform::readFile(job.folder().path("data/3/bmp_data/成果表楕円補正.bmp")), "map");

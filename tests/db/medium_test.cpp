@@ -103,6 +103,12 @@ TEST_F(Medium, AFileWithoutRightsIsNotRead) {
   EXPECT_EQ(said, named("を読む権限がありません。"));
 }
 
+TEST_F(Medium, APipeIsNotWaitedFor) {
+  const std::string path = folder_.path("pipe");
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  EXPECT_EQ(failure([&] { db::openDatabase(path); }), "「" + path + "」はファイルではありません。");
+}
+
 TEST_F(Medium, ADamagedPageIsTold) {
   make(
       "INSERT INTO T SELECT hex(randomblob(1000)) FROM (SELECT 1 UNION SELECT 2 UNION SELECT 3 UNION SELECT "

@@ -1,6 +1,3 @@
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <chrono>
 
 #include "fixture.h"
@@ -56,15 +53,9 @@ TEST_F(OpenDatabase, ATextFileIsNoDatabase) {
             "「" + folder_.path("short") + "」はデータベースではありません。");
 }
 
-TEST_F(OpenDatabase, APipeIsNotWaitedFor) {
-  const std::string path = folder_.path("pipe");
-  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-  EXPECT_EQ(openFailure(path), "「" + path + "」はファイルではありません。");
-}
-
 TEST_F(OpenDatabase, ATruncatedDatabaseIsDamaged) {
   make("CREATE TABLE T(a); INSERT INTO T VALUES(zeroblob(20000))");
-  ASSERT_EQ(truncate(path_.c_str(), 5000), 0);
+  std::filesystem::resize_file(platform::nativePath(path_), 5000);
   EXPECT_EQ(openFailure(path_),
             "データベース「" + path_ + "」は壊れています: database disk image is malformed");
 }

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "hksnb/book_screen.h"
 #include "hksnb/screen.h"
 #include "platform/files.h"
-#include "support/tool_script.h"
+#include "support/tool.h"
 
 // The way from the choice to the stored book and its picture.
 
@@ -98,18 +97,14 @@ TEST_F(BookSteps, WithoutTheToolTheOperatorIsTold) {
   EXPECT_EQ(desktop.messages[1].title, "FcPicturePaste");
 }
 
-/// A tool that leaves a picture with `word` in it in the data folder.
-void installTool(const test::SmallJob& job, const std::string& programFolder, const std::string& word) {
-  const std::filesystem::path folder = std::filesystem::path(programFolder) / "map_app";
-  std::filesystem::create_directories(folder);
-  std::filesystem::create_directories(job.folder().path("data/map_app"));
-  const std::string made = test::writeTool(
-      job.folder(), "tool", "printf " + word + " > '" + job.folder().path("data/map_app/temp.bmp") + "'");
-  std::filesystem::rename(made, folder / "PicturePaste.exe");
+/// A tool in the folder `owner` that leaves a picture with the owner's name in it in the data folder.
+void installTool(const test::SmallJob& job, const std::string& owner) {
+  test::placeTool(job.folder(), owner + "/map_app/PicturePaste.exe",
+                  "write " + job.folder().path("data/map_app/temp.bmp") + "|" + owner);
 }
 
 TEST_F(BookSteps, ThePictureIsFiledUnderKindAndNumber) {
-  installTool(job, job.folder().path("data"), "data");
+  installTool(job, "data");
   screen.txtHksnbNo.edit("12");
   screen.cmdMap.press();
   EXPECT_EQ(platform::readFile(job.folder().path("data/3/bmp_data/成果変動図正標高12.bmp")), "data");
@@ -121,8 +116,8 @@ TEST_F(BookSteps, ThePictureIsFiledUnderKindAndNumber) {
 }
 
 TEST_F(BookSteps, TheToolBesideTheProgramComesFirst) {
-  installTool(job, job.folder().path("data"), "data");
-  installTool(job, job.folder().path("program"), "program");
+  installTool(job, "data");
+  installTool(job, "program");
   job::JobContext context = job.context();
   context.gAppPath = job.folder().path("program") + "\\";
   hksnb::fHHksb other(context, desktop);

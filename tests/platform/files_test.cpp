@@ -160,7 +160,7 @@ TEST(Files, AreTheSameUnderTwoNames) {
   const TemporaryFolder folder;
   const std::string path = folder.write("一.txt", "1");
   folder.write("二.txt", "1");
-  std::filesystem::create_hard_link(path, folder.path("三.txt"));
+  std::filesystem::create_hard_link(platform::nativePath(path), platform::nativePath(folder.path("三.txt")));
   EXPECT_TRUE(platform::isSameFile(path, folder.path() + "\\.\\一.txt"));
   EXPECT_TRUE(platform::isSameFile(path, folder.path("三.txt")));
   EXPECT_FALSE(platform::isSameFile(path, folder.path("二.txt")));

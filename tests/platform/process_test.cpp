@@ -8,7 +8,7 @@
 
 #include "platform/files.h"
 #include "support/temporary_folder.h"
-#include "support/tool_script.h"
+#include "support/tool.h"
 #include "text/error.h"
 
 namespace {
@@ -26,7 +26,7 @@ unsigned long waitFor(platform::Process& process) {
 
 TEST(Process, AnswersStillActiveUntilTheProgramHasEnded) {
   const test::TemporaryFolder folder;
-  platform::Process process(test::writeTool(folder, "tool", "sleep 0.3; exit 7"));
+  platform::Process process(test::placeTool(folder, "tool", "sleep 300\nexit 7"));
   EXPECT_EQ(process.exitCode(), platform::stillActive);
   EXPECT_EQ(waitFor(process), 7U);
   EXPECT_EQ(process.exitCode(), 7U) << "the code stays, however often it is asked for";
@@ -34,16 +34,15 @@ TEST(Process, AnswersStillActiveUntilTheProgramHasEnded) {
 
 TEST(Process, StartsAtPathsWithBlanksAndJapanese) {
   const test::TemporaryFolder folder;
-  std::filesystem::create_directory(folder.path("測量 データ"));
-  const std::string tool = test::writeTool(folder, "測量 データ/画像 貼付.exe", "echo ok > \"$0.out\"");
+  const std::string tool = test::placeTool(folder, "測量 データ/画像 貼付.exe", "write 結果.txt|ok");
   platform::Process process(tool);
   EXPECT_EQ(waitFor(process), 0U);
-  EXPECT_EQ(platform::readFile(tool + ".out"), "ok\n");
+  EXPECT_EQ(platform::readFile(folder.path("測量 データ/結果.txt")), "ok");
 }
 
 TEST(Process, TakesPathsWithBackslashes) {
   const test::TemporaryFolder folder;
-  std::string tool = test::writeTool(folder, "tool", "exit 3");
+  std::string tool = test::placeTool(folder, "tool", "exit 3");
   std::replace(tool.begin(), tool.end(), '/', '\\');
   platform::Process process(tool);
   EXPECT_EQ(waitFor(process), 3U);
@@ -52,20 +51,24 @@ TEST(Process, TakesPathsWithBackslashes) {
 TEST(Process, TheProgramReadsNothingFromUsAndWritesNothingIntoOurOutput) {
   const test::TemporaryFolder folder;
   testing::internal::CaptureStdout();
-  platform::Process process(test::writeTool(folder, "tool", "cat; echo chatter"));
+  platform::Process process(test::placeTool(folder, "tool", "listen\nsay chatter"));
   EXPECT_EQ(waitFor(process), 0U);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
-TEST(Process, AProgramThatASignalEndsAnswersAsAShellSays) {
+TEST(Process, AProgramThatASignalEndsAnswersAsItsSystemSays) {
   const test::TemporaryFolder folder;
-  platform::Process process(test::writeTool(folder, "tool", "kill -9 $$"));
-  EXPECT_EQ(waitFor(process), 137U);  // 128 + signal 9
+  platform::Process process(test::placeTool(folder, "tool", "abort"));
+#ifdef _WIN32
+  EXPECT_EQ(waitFor(process), 3U);  // the C library's own code for it
+#else
+  EXPECT_EQ(waitFor(process), 134U);  // as a shell says: 128 + signal 6
+#endif
 }
 
 TEST(Process, ClosedItAnswersZero) {
   const test::TemporaryFolder folder;
-  platform::Process process(test::writeTool(folder, "tool", "touch \"$0.on\"; sleep 0.2"));
+  platform::Process process(test::placeTool(folder, "tool", "write tool.on|\nsleep 200"));
   while (!platform::isFile(folder.path("tool.on"))) platform::pause(1ms);
   process.close();
   process.close();

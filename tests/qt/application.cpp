@@ -4,13 +4,15 @@
 
 #include <memory>
 
+#include "qt/offscreen.h"
+
 namespace {
 
 /// One application for all window tests, without a display.
 class Offscreen : public testing::Environment {
  public:
   void SetUp() override {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    test::chooseOffscreen();
     application_ = std::make_unique<qt::Application>("qt_test");
   }
   void TearDown() override { application_.reset(); }

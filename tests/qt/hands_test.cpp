@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <cstdlib>
 #include <memory>
 #include <sstream>
 
 #include "platform/files.h"
+#include "qt/offscreen.h"
 #include "qt/window_hands.h"
 #include "script/headless.h"
 #include "script/runner.h"
@@ -46,7 +46,7 @@ class OneScreen : public script::Subject {
 };
 
 std::unique_ptr<script::Hands> windowHands() {
-  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  test::chooseOffscreen();
   static int argc = 1;
   static char name[] = "qt_hands_test";
   static char* argv[] = {name, nullptr};

@@ -3,12 +3,11 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <filesystem>
 
 #include "platform/files.h"
 #include "qt/desk.h"
 #include "support/temporary_folder.h"
-#include "support/tool_script.h"
+#include "support/tool.h"
 #include "ui/picture_paste.h"
 
 namespace {
@@ -30,9 +29,7 @@ class PaintCounter : public QObject {
 class PictureRoad : public testing::Test {
  protected:
   PictureRoad() : button(open.widget<QPushButton>(open.screen.cmdGo)) {
-    std::filesystem::create_directories(folder.path("map_app"));
-    test::writeTool(folder, "map_app/PicturePaste.exe",
-                    "sleep 2; printf map > \"$(dirname \"$0\")/temp.bmp\"");
+    test::placeTool(folder, "map_app/PicturePaste.exe", "sleep 2000\nwrite temp.bmp|map");
     context.gExeDir = folder.path() + "/";
     context.gJobId = "3";
     open.screen.SSTab1.setCurrent(1);

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "qt/grid_view.h"
+#include "qt/offscreen.h"
 #include "support/start_desk.h"
 
 namespace {
@@ -57,12 +58,9 @@ void answer() {
 }
 
 int run(const std::string& commandLine) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  test::chooseOffscreen();
   seen.clear();
-  std::string name = "seikahyou";
-  std::string path = commandLine;
-  std::vector<char*> argv = {name.data(), path.data(), nullptr};
-  return qt::runProgram(path.empty() ? 1 : 2, argv.data());
+  return qt::runProgram("seikahyou", commandLine);
 }
 
 TEST(Program, TellsTheOperatorOfAnErrorThatNothingTrapsAndEnds) {

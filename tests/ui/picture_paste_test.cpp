@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,7 +10,7 @@
 #include "platform/files.h"
 #include "support/recording_desktop.h"
 #include "support/temporary_folder.h"
-#include "support/tool_script.h"
+#include "support/tool.h"
 
 namespace {
 
@@ -23,14 +22,14 @@ const ui::Message noPicture{"FcPicturePaste", "ファイルが見つかりませ
 class PicturePaste : public testing::Test {
  protected:
   PicturePaste() {
-    std::filesystem::create_directories(folder.path("測量 データ/map_app"));
+    platform::makeFolder(folder.path("測量 データ/map_app"));
     context.gExeDir = folder.path("測量 データ") + "\\";
     context.gJobId = "3";
   }
 
-  /// Installs a tool that carries out these commands in its own folder.
-  void install(const std::string& commands) {
-    test::writeTool(folder, "測量 データ/map_app/PicturePaste.exe", "cd \"$(dirname \"$0\")\"\n" + commands);
+  /// Installs a tool that carries out these steps.
+  void install(const std::string& steps) {
+    test::placeTool(folder, "測量 データ/map_app/PicturePaste.exe", steps);
   }
 
   bool paste() {
@@ -50,7 +49,7 @@ class PicturePaste : public testing::Test {
 };
 
 TEST_F(PicturePaste, FilesThePictureInAFolderMadeForIt) {
-  install("printf picture > temp.bmp");
+  install("write temp.bmp|picture");
   EXPECT_FALSE(paste()) << "false always";
   EXPECT_EQ(filed(), "picture");
   EXPECT_FALSE(pictureLeft());
@@ -58,16 +57,16 @@ TEST_F(PicturePaste, FilesThePictureInAFolderMadeForIt) {
 }
 
 TEST_F(PicturePaste, MakesTheFolderInAnExistingJobFolder) {
-  std::filesystem::create_directory(folder.path("測量 データ/3"));
-  install("printf picture > temp.bmp");
+  platform::makeFolder(folder.path("測量 データ/3"));
+  install("write temp.bmp|picture");
   paste();
   EXPECT_EQ(filed(), "picture");
 }
 
 TEST_F(PicturePaste, ReplacesAPictureOfTheSameName) {
-  install("printf first > temp.bmp");
+  install("write temp.bmp|first");
   paste();
-  install("printf second > temp.bmp");
+  install("write temp.bmp|second");
   paste();
   EXPECT_EQ(filed(), "second");
   EXPECT_FALSE(pictureLeft());
@@ -89,7 +88,7 @@ TEST_F(PicturePaste, APictureThatLiesReadyIsFiledEvenWithoutTheTool) {
 }
 
 TEST_F(PicturePaste, AToolThatLeavesNoPictureKeepsTheOneFiledBefore) {
-  install("printf first > temp.bmp");
+  install("write temp.bmp|first");
   paste();
   install("exit 0");
   paste();
@@ -98,7 +97,7 @@ TEST_F(PicturePaste, AToolThatLeavesNoPictureKeepsTheOneFiledBefore) {
 }
 
 TEST_F(PicturePaste, TheWindowBreathesWhileTheToolRuns) {
-  install("sleep 2; printf late > temp.bmp");
+  install("sleep 2000\nwrite temp.bmp|late");
   const auto begun = std::chrono::steady_clock::now();
   paste();
   EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::seconds(2));
@@ -118,7 +117,7 @@ TEST_F(PicturePaste, AToolThatCannotBeStartedIsReported) {
 }
 
 TEST_F(PicturePaste, AFolderThatCannotBeMadeIsReported) {
-  install("printf picture > temp.bmp");
+  install("write temp.bmp|picture");
   folder.write("測量 データ/3", "a file in the way");
   paste();
   EXPECT_EQ(desktop.messages, (Messages{{"FcPicturePaste", "パスが見つかりません。", ui::Icon::Critical}}));
