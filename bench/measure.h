@@ -1,8 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "bare.h"
 
 namespace bench {
 
@@ -13,6 +16,7 @@ struct Measure {
   std::function<void()> prepare;  ///< before each turn of the program's work, not timed; may be empty
   std::function<void()> program;
   std::function<void()> bare;
+  bool readsOrSaves = false;  ///< works on the job database, not in the grid alone
 };
 
 /// What a measure came to: the best of several turns each, in seconds.
@@ -29,8 +33,9 @@ Result run(const Measure& measure, int turns);
 
 /// The measuring job: one route, made by the sample generator.
 struct Job {
-  std::string path;    ///< database file
-  int benchMarks = 0;  ///< of its only route
+  std::string path;                             ///< by which the program opens it
+  int benchMarks = 0;                           ///< of its only route
+  std::function<std::unique_ptr<Bare>()> bare;  ///< opens it with its engine's own client
 };
 
 // One family of measures for each floor of the house.
@@ -40,6 +45,10 @@ std::vector<Measure> daenMeasures(const Job& job);
 std::vector<Measure> hendMeasures(const Job& job);
 std::vector<Measure> tanrosenMeasures(const Job& job);
 std::vector<Measure> hksnbMeasures(const Job& job);
+
+/// What the families above measure of reading and saving, on the job in another engine: their names end with
+/// the engine's.
+std::vector<Measure> engineMeasures(const Job& job, const std::string& engine);
 
 /// Bytes of memory that a loaded route takes for each bench mark, at its peak.
 double memoryPerBenchMark(const Job& job);

@@ -9,6 +9,7 @@ namespace db {
 
 /// Writes the names and types that a CREATE TABLE or ALTER TABLE … ADD statement makes: names keep their
 /// letters, types become the server's. Other statements stay as they are.
-void writeDefinitions(const std::vector<Token>& tokens, PostgresWriting& writing);
+void writeDefinitions(const std::vector<Token>& tokens, const PostgresTables& tables,
+                      PostgresWriting& writing);
 
 }  // namespace db

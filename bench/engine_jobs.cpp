@@ -1,0 +1,55 @@
+#include "engine_jobs.h"
+
+#include <fstream>
+#include <stdexcept>
+
+#include "db/database.h"
+#ifdef SEIKAHYOU_MEASURE_POSTGRES
+#include <sstream>
+
+#include "bare_postgres.h"
+#include "exchange/copy.h"
+#include "support/postgres_server.h"
+#endif
+
+namespace bench {
+namespace {
+
+/// Writes a file data source; returns its path.
+std::string written(const std::string& path, const std::string& content) {
+  std::ofstream(path, std::ios::binary) << content;
+  return path;
+}
+
+}  // namespace
+
+Job sqliteOverOdbc(const Job& job, const std::string& folder) {
+  Job result = job;
+  result.path = written(folder + "/sqlite.dsn", "[ODBC]\nDRIVER=SQLite3\nDATABASE=" + job.path + "\n");
+  db::openDatabase(result.path)->close();
+  return result;
+}
+
+#ifdef SEIKAHYOU_MEASURE_POSTGRES
+
+Job onPostgres(const Job& job, const std::string& folder) {
+  if (test::PostgresServer::programs().empty())
+    throw std::runtime_error("no PostgreSQL server here (Debian: postgresql)");
+  const auto server = std::make_shared<test::PostgresServer>();
+  const std::string source = server->newDatabase();
+  Job result{written(folder + "/postgres.dsn", source), job.benchMarks,
+             [server, source] { return std::make_unique<BarePostgres>(source); }};
+  std::ostringstream progress;
+  exchange::copyJob(job.path, result.path, false, progress);
+  return result;
+}
+
+#else
+
+Job onPostgres(const Job&, const std::string&) {
+  throw std::runtime_error("built without libpq or ODBC (Debian: libpq-dev, unixodbc-dev)");
+}
+
+#endif
+
+}  // namespace bench
