@@ -16,6 +16,9 @@ OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file,
       product_(std::move(product)) {
   if (!SQL_SUCCEEDED(calls_.connect(handle_.get(), source.connectionString)))
     throw odbcError(diagnosis(), file_);
+  SQLUINTEGER ways = 0;
+  SQLGetInfoW(handle_.get(), SQL_GETDATA_EXTENSIONS, &ways, sizeof ways, nullptr);
+  readsAnyColumn_ = (ways & SQL_GD_ANY_ORDER) != 0;
   try {
     if (!product_) product_ = odbcProduct(calls_, handle_.get(), source.driver);
     product_->prepare(*this);
@@ -107,6 +110,10 @@ void OdbcConnection::protect() {
     rollBack();
     throw;
   }
+}
+
+void OdbcConnection::done(const OdbcStatement* repeatable) {
+  if (gathering_ && !lost_) product_->done(repeatable);
 }
 
 void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view table) {

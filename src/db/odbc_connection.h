@@ -64,6 +64,8 @@ class OdbcConnection {
 
   const OdbcCalls& calls() const { return calls_; }
   SQLHDBC handle() const { return handle_.get(); }
+  /// True where the driver gives the columns of a row in any order, so that some may be left out.
+  bool readsAnyColumn() const { return readsAnyColumn_; }
   /// Turns the driver's own committing after each statement on or off.
   void setAutocommit(bool on);
   /// Runs a statement about the transaction itself: no protection, no description but the driver's.
@@ -78,6 +80,7 @@ class OdbcConnection {
   void delist(OdbcStatement* statement) { statements_.erase(statement); }
   OdbcDiagnosis diagnosis() const { return calls_.diagnosis(SQL_HANDLE_DBC, handle_.get()); }
   void protect();
+  void done(const OdbcStatement* repeatable);
   [[noreturn]] void raise(const OdbcDiagnosis& diagnosis, std::string_view table);
   void settle(const OdbcDiagnosis& diagnosis);
   void rollBack();
@@ -90,6 +93,7 @@ class OdbcConnection {
   OdbcHandle<SQL_HANDLE_DBC> handle_;
   std::unique_ptr<OdbcProduct> product_;
   std::set<OdbcStatement*> statements_;
+  bool readsAnyColumn_ = false;
   bool gathering_ = false;
   bool lost_ = false;  // gathered writing was rolled back
 };

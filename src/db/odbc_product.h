@@ -11,6 +11,7 @@
 namespace db {
 
 class OdbcConnection;
+class OdbcStatement;
 
 /// The ways in which one engine behind ODBC differs from the others. The base class is an engine of which
 /// nothing is known but what every driver tells; it takes the survey suite's SQL as it stands.
@@ -60,6 +61,8 @@ class OdbcProduct {
   virtual void rollBack(OdbcConnection& connection);
   /// Called before each statement within a transaction, so that its failure can be undone alone.
   virtual void protect(OdbcConnection&) {}
+  /// Called after such a statement has done its work; null where it is none that can be repeated.
+  virtual void done(const OdbcStatement*) {}
   /// Called after such a statement has failed. False where the transaction is lost.
   virtual bool restore(OdbcConnection&) { return true; }
 

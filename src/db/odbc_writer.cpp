@@ -48,7 +48,7 @@ void OdbcWriter::insert() {
   connection_->gather(table_);
   OdbcStatement& statement = prepared(insertSql());
   bindFields(statement);
-  statement.run(table_);
+  statement.runRepeatable(table_);
 }
 
 OdbcWriter::Key OdbcWriter::change(const Key& key) {
@@ -76,7 +76,7 @@ void OdbcWriter::remove(const Key& key) {
   connection_->gather(table_);
   OdbcStatement& statement = prepared("DELETE FROM " + quotedTable_ + condition(key));
   bindKey(statement, 0, key);
-  statement.run(table_);
+  statement.runRepeatable(table_);
   if (statement.changes() == 0) throw gone();
   if (!hasKeyColumn_) insertCopies(key, statement.changes() - 1);
 }
