@@ -2,12 +2,13 @@
 
 namespace bench {
 
-std::vector<Measure> engineMeasures(const Job& job, const std::string& engine) {
+std::vector<Measure> engineMeasures(const EngineJob& there, const std::string& engine) {
   std::vector<Measure> result;
   for (const auto& family : {seihyouMeasures, daenMeasures, hendMeasures, tanrosenMeasures, hksnbMeasures})
-    for (Measure& measure : family(job)) {
-      if (!measure.readsOrSaves) continue;
+    for (Measure& measure : family(there.job)) {
+      if (measure.work == Work::Grid) continue;
       measure.name += ", " + engine;
+      measure.aim = measure.work == Work::Reading ? there.readingAim : there.savingAim;
       result.push_back(std::move(measure));
     }
   return result;

@@ -95,10 +95,10 @@ std::vector<Measure> hksnbMeasures(const Job& job) {
        {},
        [book] { book->save(); },
        bareReplacing(job, "KansokuSeikaDataHKSNB", book->keys()),
-       true},
+       Work::Saving},
       {"book amounts", 1.5, {}, [book] { book->workAmounts(); }, [book] { book->subtractAndFormat(); }},
-      {"book filling", 3, empty, [book] { book->fill(); }, bareReading(job, joined), true},
-      {"book reopen", 3, empty, [book] { book->reopen(); }, bareReading(job, saved), true},
+      {"book filling", 3, empty, [book] { book->fill(); }, bareReading(job, joined), Work::Reading},
+      {"book reopen", 3, empty, [book] { book->reopen(); }, bareReading(job, saved), Work::Reading},
   };
 }
 

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int turns = 9;
+constexpr int turnsOfOtherEngines = 5;
 
 using Results = std::vector<bench::Result>;
 
@@ -24,23 +25,23 @@ bench::Job jobOf(const std::string& folder) {
   return {path, std::stoi(bare()->records("SELECT COUNT(*) FROM KansokuSeikaData").at(0).at(0)), bare};
 }
 
-void measureAll(const std::vector<bench::Measure>& measures, Results& results) {
-  for (const bench::Measure& measure : measures) results.push_back(bench::run(measure, turns));
+void measureAll(const std::vector<bench::Measure>& measures, int atLeast, Results& results) {
+  for (const bench::Measure& measure : measures) results.push_back(bench::run(measure, atLeast));
 }
 
-using JobMaker = bench::Job (*)(const bench::Job&, const std::string&);
+using JobMaker = bench::EngineJob (*)(const bench::Job&, const std::string&);
 
 /// Measures an engine behind ODBC; where it is not to be had, its lines are left out.
 void measureEngine(const std::string& engine, JobMaker make, const bench::Job& job, const std::string& folder,
                    Results& results) {
-  bench::Job there;
+  bench::EngineJob there;
   try {
     there = make(job, folder);
   } catch (const std::exception& missing) {
     std::fprintf(stderr, "left out: %s: %s\n", engine.c_str(), missing.what());
     return;
   }
-  measureAll(bench::engineMeasures(there, engine), results);
+  measureAll(bench::engineMeasures(there, engine), turnsOfOtherEngines, results);
 }
 
 void print(const Results& results, double memory, int benchMarks) {
@@ -54,7 +55,7 @@ void print(const Results& results, double memory, int benchMarks) {
 void printCsv(const Results& results, double memory) {
   std::printf("name,ratio,aim\n");
   for (const bench::Result& result : results)
-    std::printf("%s,%.3f,%.1f\n", result.name.c_str(), result.ratio(), result.aim);
+    std::printf("\"%s\",%.3f,%.1f\n", result.name.c_str(), result.ratio(), result.aim);
   std::printf("memory-bytes-per-benchmark,%.0f,\n", memory);
 }
 
@@ -73,7 +74,7 @@ int main(int argc, char** argv) {
   Results results;
   for (const auto& family : {bench::startUpMeasures, bench::seihyouMeasures, bench::daenMeasures,
                              bench::hendMeasures, bench::tanrosenMeasures, bench::hksnbMeasures})
-    measureAll(family(job), results);
+    measureAll(family(job), turns, results);
   measureEngine("SQLite over ODBC", bench::sqliteOverOdbc, job, folder, results);
   measureEngine("PostgreSQL", bench::onPostgres, job, folder, results);
   csv ? printCsv(results, memory) : print(results, memory, job.benchMarks);

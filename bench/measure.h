@@ -9,6 +9,9 @@
 
 namespace bench {
 
+/// What a measured work does: with the job database, or in the grid alone.
+enum class Work { Grid, Reading, Saving };
+
 /// One comparison: the program's own work against the same work done bare, in the same run.
 struct Measure {
   std::string name;
@@ -16,7 +19,7 @@ struct Measure {
   std::function<void()> prepare;  ///< before each turn of the program's work, not timed; may be empty
   std::function<void()> program;
   std::function<void()> bare;
-  bool readsOrSaves = false;  ///< works on the job database, not in the grid alone
+  Work work = Work::Grid;
 };
 
 /// What a measure came to: the best of several turns each, in seconds.
@@ -46,9 +49,16 @@ std::vector<Measure> hendMeasures(const Job& job);
 std::vector<Measure> tanrosenMeasures(const Job& job);
 std::vector<Measure> hksnbMeasures(const Job& job);
 
+/// A job in another engine, and what the ratios are not to exceed there.
+struct EngineJob {
+  Job job;
+  double readingAim = 0;
+  double savingAim = 0;
+};
+
 /// What the families above measure of reading and saving, on the job in another engine: their names end with
 /// the engine's.
-std::vector<Measure> engineMeasures(const Job& job, const std::string& engine);
+std::vector<Measure> engineMeasures(const EngineJob& there, const std::string& engine);
 
 /// Bytes of memory that a loaded route takes for each bench mark, at its peak.
 double memoryPerBenchMark(const Job& job);

@@ -97,8 +97,8 @@ std::vector<Measure> tanrosenMeasures(const Job& job) {
       route->keys("A.") + " ORDER BY A.SaveOrder";
   const auto clear = [route] { route->clear(); };
   return {
-      {"single route load", 3, clear, [route] { route->load(); }, bareReading(job, observed), true},
-      {"single route reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), true},
+      {"single route load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
+      {"single route reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"single route calculate", 1.5, [route] { route->restoreKnownHeights(); },
        [route] { route->calculate(); }, [route] { route->distributeAndFormat(); }},
       {"single route save",
@@ -106,7 +106,7 @@ std::vector<Measure> tanrosenMeasures(const Job& job) {
        {},
        [route] { route->save(); },
        bareReplacing(job, "KansokuSeikaDataTanrosen", route->keys()),
-       true},
+       Work::Saving},
   };
 }
 

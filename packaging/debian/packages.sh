@@ -15,3 +15,6 @@ packages_test=(libgtest-dev libsqliteodbc odbc-postgresql odbc-mdbtools postgres
 
 # The sanitizer, fuzz and format runs.
 packages_ci=(clang libclang-rt-14-dev clang-format)
+
+# Measuring the other engines beside SQLite: their drivers, a server and its own client library.
+packages_measure=(libsqliteodbc odbc-postgresql postgresql libpq-dev)

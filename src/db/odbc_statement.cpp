@@ -211,7 +211,7 @@ Value OdbcStatement::readDecimal(SQLUSMALLINT column) {
 
 /// A driver hands long data over piece by piece; each piece of a text ends with a zero character.
 Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
-  alignas(SQLWCHAR) std::array<char, 1024> piece{};
+  alignas(SQLWCHAR) std::array<char, 1024> piece;
   const std::size_t end = type == SQL_C_BINARY ? 0 : calls_.width();
   std::string bytes;
   for (;;) {
@@ -222,6 +222,8 @@ Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
     if (length == SQL_NULL_DATA) return {};
     const std::size_t room = piece.size() - end;
     const bool more = length == SQL_NO_TOTAL || static_cast<std::size_t>(length) > room;
+    if (!more && bytes.empty() && type != SQL_C_BINARY)
+      return Value(calls_.fromDriver({piece.data(), static_cast<std::size_t>(length)}));
     bytes.append(piece.data(), more ? room : static_cast<std::size_t>(length));
     if (!more) break;
   }
