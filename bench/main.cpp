@@ -52,10 +52,14 @@ void print(const Results& results, double memory, int benchMarks) {
   std::printf("%-36s %12.0f bytes for each of %d bench marks\n", "peak memory", memory, benchMarks);
 }
 
+std::string csvField(const std::string& name) {
+  return name.find(',') == std::string::npos ? name : '"' + name + '"';
+}
+
 void printCsv(const Results& results, double memory) {
   std::printf("name,ratio,aim\n");
   for (const bench::Result& result : results)
-    std::printf("\"%s\",%.3f,%.1f\n", result.name.c_str(), result.ratio(), result.aim);
+    std::printf("%s,%.3f,%.1f\n", csvField(result.name).c_str(), result.ratio(), result.aim);
   std::printf("memory-bytes-per-benchmark,%.0f,\n", memory);
 }
 

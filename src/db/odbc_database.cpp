@@ -53,6 +53,26 @@ std::optional<std::string> editableTable(std::string_view sql) {
   return shape->sources[0].table;
 }
 
+/// What the engine wants done around the beginning of a SELECT.
+class Reading {
+ public:
+  Reading(OdbcConnection& connection, std::string_view sql) : connection_(connection) {
+    connection_.product().beginReading(connection_, sql);
+  }
+  ~Reading() {
+    try {
+      connection_.product().endReading(connection_);
+    } catch (const Error&) {
+      // The records are there, or the failure of their reading tells more.
+    }
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  OdbcConnection& connection_;
+};
+
 /// A job database behind an ODBC driver.
 class OdbcDatabase final : public Database {
  public:
@@ -72,6 +92,7 @@ class OdbcDatabase final : public Database {
     const std::string one = onlyStatement(sql);
     if (access == Access::Edit) return openEditor(one);
     if (writes(one)) throw connection_->error("からレコードを読む SQL 文ではありません。");
+    const Reading reading(*connection_, one);
     return std::make_unique<OdbcReader>(connection_, engineText(one));
   }
 

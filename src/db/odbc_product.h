@@ -24,6 +24,10 @@ class OdbcProduct {
 
   /// A statement in the survey suite's SQL as this engine understands it.
   virtual std::string statement(OdbcConnection&, std::string_view sql) { return std::string(sql); }
+  /// Called before a SELECT, still in the survey suite's SQL, is made ready and its first record is read, and
+  /// afterwards; both see the same records.
+  virtual void beginReading(OdbcConnection&, std::string_view) {}
+  virtual void endReading(OdbcConnection&) {}
   /// Told after a statement that may have changed table definitions.
   virtual void definitionsChanged() {}
 

@@ -1,9 +1,13 @@
 #include "db/odbc_sqlite.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "db/odbc_connection.h"
 #include "db/select_columns.h"
 #include "db/sqlite_dialect.h"
 #include "db/sqlite_error.h"
+#include "db/sqlite_join.h"
 
 namespace db {
 namespace {
@@ -19,7 +23,8 @@ std::string withoutCode(const std::string& words) {
 void OdbcSqlite::prepare(OdbcConnection& connection) {
   connection.control("PRAGMA synchronous=EXTRA");
   // The index that SQLite makes up for a join comes with a filter which misses texts that differ in trailing
-  // blanks; the driver gives no way to turn the filter off alone.
+  // blanks; the driver gives no way to turn the filter off alone. beginReading allows the index where no such
+  // texts are.
   connection.control("PRAGMA automatic_index=OFF");
 }
 
@@ -28,6 +33,34 @@ std::string OdbcSqlite::statement(OdbcConnection& connection, std::string_view s
       sql, [this, &connection](std::string_view table) { return this->columns(connection, table); });
   return sqliteText(sql, [&columns](std::string_view qualifier, std::string_view name) {
     return columns.holdsNumbers(qualifier, name);
+  });
+}
+
+void OdbcSqlite::beginReading(OdbcConnection& connection, std::string_view sql) {
+  const JoinedTexts texts =
+      joinedTexts(sql, [this, &connection](std::string_view table) { return columns(connection, table); });
+  if (!texts.joins) return;
+  if (!connection.isGathering()) {
+    connection.control("BEGIN");
+    steady_ = true;
+  }
+  const bool allowed = texts.blanksSql && joinsByIndex(connection, *texts.blanksSql);
+  if (allowed == automaticIndexes_) return;
+  connection.control(allowed ? "PRAGMA automatic_index=ON" : "PRAGMA automatic_index=OFF");
+  automaticIndexes_ = allowed;
+}
+
+/// SQLite lets a transaction end while records are still being read.
+void OdbcSqlite::endReading(OdbcConnection& connection) {
+  if (std::exchange(steady_, false)) connection.control("COMMIT");
+}
+
+/// True where none of these finds a record.
+bool OdbcSqlite::joinsByIndex(OdbcConnection& connection, const std::vector<std::string>& blanksSql) const {
+  return std::none_of(blanksSql.begin(), blanksSql.end(), [&connection](const std::string& sql) {
+    const auto statement = connection.prepare(sql);
+    statement->run();
+    return statement->next();
   });
 }
 
