@@ -47,13 +47,16 @@ std::unique_ptr<OdbcStatement> OdbcConnection::prepare(std::string_view sql) {
 
 void OdbcConnection::run(std::string_view sql) { prepare(sql)->run(); }
 
-void OdbcConnection::gather(const std::string& table) {
+void OdbcConnection::gather() {
   requireOpen();
   requireNothingLost();
-  if (!gathering_) {
-    product_->begin(*this);
-    gathering_ = true;
-  }
+  if (gathering_) return;
+  product_->begin(*this);
+  gathering_ = true;
+}
+
+void OdbcConnection::gather(const std::string& table) {
+  gather();
   product_->lock(*this, table);
 }
 
@@ -77,6 +80,12 @@ void OdbcConnection::close() {
   }
   disconnect();
   if (failure) throw Error(*failure);
+}
+
+void OdbcConnection::discard() {
+  if (!isOpen()) return;
+  if (gathering_) rollBack();
+  disconnect();
 }
 
 Error OdbcConnection::error(std::string_view what) const {

@@ -40,8 +40,9 @@ class OdbcConnection {
   /// Prepares and runs one statement.
   void run(std::string_view sql);
 
-  /// Begins to gather what is written, unless that has begun already, and keeps other writers of `table` out
-  /// from here.
+  /// Begins to gather what is written, unless that has begun already.
+  void gather();
+  /// The same, and keeps other writers of `table` out from here.
   void gather(const std::string& table);
   bool isGathering() const { return gathering_; }
 
@@ -56,6 +57,8 @@ class OdbcConnection {
   /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
   /// nothing.
   void close();
+  /// Drops what was gathered and ends the connection.
+  void discard();
 
   /// An Error about this database: the Japanese sentence `what` with its name.
   Error error(std::string_view what) const;

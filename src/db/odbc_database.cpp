@@ -111,7 +111,9 @@ class OdbcDatabase final : public Database {
     return columns;
   }
 
+  void gather() override { connection_->gather(); }
   void close() override { connection_->close(); }
+  void discard() override { connection_->discard(); }
 
  private:
   /// The statement without what stands around it.

@@ -54,6 +54,13 @@ class OdbcProduct {
   /// True where the engine itself makes numbers of the texts that are written into a number's column.
   virtual bool convertsTexts() const { return false; }
 
+  /// True where the driver rounds real numbers.
+  virtual bool roundsNumbers() const { return false; }
+  /// Then: the SELECT `sql` with these of its columns as texts of all their digits; "" where none needs it.
+  virtual std::string exactSql(const std::string& /*sql*/, const std::vector<bool>& /*numbers*/) const {
+    return {};
+  }
+
   /// False where the driver tells numbers as texts alone.
   virtual bool givesNumbers() const { return true; }
 

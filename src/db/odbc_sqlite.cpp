@@ -78,6 +78,24 @@ std::vector<ColumnDefinition> OdbcSqlite::columns(OdbcConnection& connection, st
   return result;
 }
 
+/// The driver gives real numbers with 15 digits.
+std::string OdbcSqlite::exactSql(const std::string& sql, const std::vector<bool>& numbers) const {
+  if (std::find(numbers.begin(), numbers.end(), true) == numbers.end()) return {};
+  std::string names;
+  std::string columns;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const std::string name = "c" + std::to_string(i);
+    names += (i == 0 ? "" : ",") + name;
+    columns +=
+        (i == 0 ? "" : ",") + (numbers[i] ? "CASE typeof(" + name + ") WHEN 'real' THEN printf('%!.20g'," +
+                                                name + ") ELSE " + name + " END"
+                                          : name);
+  }
+  // A name that no table of a job has.
+  return "SELECT * FROM (WITH \"exact records\"(" + names + ") AS (" + sql + ") SELECT " + columns +
+         " FROM \"exact records\")";
+}
+
 /// The driver's own manual mode begins with a lock that lets other writers in.
 void OdbcSqlite::begin(OdbcConnection& connection) { connection.control("BEGIN IMMEDIATE"); }
 void OdbcSqlite::commit(OdbcConnection& connection) { connection.control("COMMIT"); }

@@ -15,6 +15,8 @@ class OdbcSqlite : public OdbcProduct {
   std::string keyColumn() const override { return "_rowid_"; }
   std::string defaultRecord(const std::vector<ColumnDefinition>&) const override { return "DEFAULT VALUES"; }
   bool convertsTexts() const override { return true; }
+  bool roundsNumbers() const override { return true; }
+  std::string exactSql(const std::string& sql, const std::vector<bool>& numbers) const override;
   void begin(OdbcConnection& connection) override;
   void commit(OdbcConnection& connection) override;
   void rollBack(OdbcConnection& connection) override;

@@ -151,6 +151,21 @@ void OdbcStatement::describe() {
   described_ = true;
 }
 
+std::vector<bool> OdbcStatement::numberColumns() {
+  requireConnection();
+  if (!described_) describe();
+  std::vector<bool> result;
+  for (const Reading reading : readings_) result.push_back(reading == Reading::Number);
+  return result;
+}
+
+void OdbcStatement::resemble(const OdbcStatement& other) {
+  names_ = other.names_;
+  readings_ = other.readings_;
+  row_.resize(names_.size());
+  described_ = true;
+}
+
 bool OdbcStatement::next() {
   requireConnection();
   if (ended_) return false;

@@ -26,6 +26,11 @@ class OdbcStatement {
   /// Sets the parameter at `place`, counted from 1.
   void bind(std::size_t place, const Value& value);
 
+  /// Which columns of a prepared SELECT hold numbers.
+  std::vector<bool> numberColumns();
+  /// Has the result take names and kinds from that of another statement, column by column.
+  void resemble(const OdbcStatement& other);
+
   /// Runs the statement with its parameters, after which it stands before the first row. `table` names the
   /// table being written, for the description of a failure.
   void run(std::string_view table = {});
