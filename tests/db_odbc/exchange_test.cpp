@@ -29,8 +29,8 @@ test::PostgresServer& server() {
 /// A new, empty database of the engine that the parameter names, behind a file data source.
 class Exchange : public testing::TestWithParam<const char*> {
  protected:
-  std::string newSource(const std::string& name) const {
-    if (GetParam() == std::string("postgres")) return folder_.write(name + ".dsn", server().newDatabase());
+  std::string newSource(const std::string& name, const std::string& engine = GetParam()) const {
+    if (engine == "postgres") return folder_.write(name + ".dsn", server().newDatabase());
     const std::string file = folder_.path(name + ".sqlite");
     db::createDatabase(file)->close();
     return folder_.write(name + ".dsn", "[ODBC]\nDRIVER=SQLite3\nDATABASE=" + file + "\n");
@@ -70,9 +70,11 @@ TEST_P(Exchange, AJobGoesThereAndComesBackToTheLastBit) {
   const std::string back = folder_.path("戻り.sqlite");
   copy(there_, back);
   expectSameJob(job_.path(), back);
-  const std::string onwards = newSource("職場 2");
-  copy(there_, onwards);
-  expectSameJob(job_.path(), onwards);
+  for (const char* engine : {"postgres", "sqlite"}) {
+    const std::string onwards = newSource(std::string("職場 ") + engine, engine);
+    copy(there_, onwards);
+    expectSameJob(job_.path(), onwards);
+  }
   const auto database = db::openDatabase(there_);
   EXPECT_EQ(database->tableDefinition("KansokuSeikaDataHKSNB").back().name, "RosenEndFlg");
 }
