@@ -45,6 +45,16 @@ std::unique_ptr<OdbcStatement> OdbcConnection::prepare(std::string_view sql) {
   return std::make_unique<OdbcStatement>(*this, sql);
 }
 
+std::unique_ptr<OdbcStatement> OdbcConnection::prepareSelect(const std::string& sql) {
+  auto plain = prepare(sql);
+  if (!product_->roundsNumbers()) return plain;
+  const std::string exactSql = product_->exactSql(sql, plain->numberColumns());
+  if (exactSql.empty()) return plain;
+  auto exact = prepare(exactSql);
+  exact->resemble(*plain);
+  return exact;
+}
+
 void OdbcConnection::run(std::string_view sql) { prepare(sql)->run(); }
 
 void OdbcConnection::gather() {
@@ -134,8 +144,10 @@ void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view tabl
 /// After a failure of the medium nothing of what was gathered may stay; after any other failure all of it
 /// stays, unless the engine has lost it itself.
 void OdbcConnection::settle(const OdbcDiagnosis& diagnosis) {
-  if (!gathering_ || lost_) return;
+  if (!gathering_ || lost_ || restoring_) return;
+  restoring_ = true;
   lost_ = product_->isMediumFailure(diagnosis) || !product_->restore(*this);
+  restoring_ = false;
   if (lost_) rollBack();
 }
 

@@ -37,6 +37,8 @@ class OdbcConnection {
   void requireOpen() const;
 
   std::unique_ptr<OdbcStatement> prepare(std::string_view sql);
+  /// Prepares a SELECT that gives real numbers with all their digits.
+  std::unique_ptr<OdbcStatement> prepareSelect(const std::string& sql);
   /// Prepares and runs one statement.
   void run(std::string_view sql);
 
@@ -98,7 +100,8 @@ class OdbcConnection {
   std::set<OdbcStatement*> statements_;
   bool readsAnyColumn_ = false;
   bool gathering_ = false;
-  bool lost_ = false;  // gathered writing was rolled back
+  bool restoring_ = false;  // a failure is being undone
+  bool lost_ = false;       // gathered writing was rolled back
 };
 
 }  // namespace db

@@ -3,19 +3,8 @@
 namespace db {
 namespace {
 
-/// A SELECT that gives real numbers with all their digits.
-std::unique_ptr<OdbcStatement> prepareExactly(OdbcConnection& connection, const std::string& sql) {
-  auto plain = connection.prepare(sql);
-  if (!connection.product().roundsNumbers()) return plain;
-  const std::string exactSql = connection.product().exactSql(sql, plain->numberColumns());
-  if (exactSql.empty()) return plain;
-  auto exact = connection.prepare(exactSql);
-  exact->resemble(*plain);
-  return exact;
-}
-
 std::unique_ptr<OdbcStatement> runSelect(OdbcConnection& connection, const std::string& sql) {
-  auto statement = prepareExactly(connection, sql);
+  auto statement = connection.prepareSelect(sql);
   statement->run();
   if (statement->names().empty()) throw connection.error("からレコードを読む SQL 文ではありません。");
   return statement;

@@ -112,7 +112,7 @@ void OdbcStatement::runRepeatable(std::string_view table) {
 void OdbcStatement::repeat() {
   requireConnection();
   const SQLRETURN code = SQLExecute(handle_.get());
-  if (!SQL_SUCCEEDED(code)) throw connection_->error("への書き込みを繰り返せません。");
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) throw connection_->error("への書き込みを繰り返せません。");
 }
 
 void OdbcStatement::execute(std::string_view table) {

@@ -88,7 +88,7 @@ void OdbcWriter::remove(const Key& key) {
 }
 
 OdbcStatement& OdbcWriter::reading(const Key& key) {
-  OdbcStatement& statement = prepared("SELECT * FROM " + quotedTable_ + condition(key));
+  OdbcStatement& statement = prepared("SELECT * FROM " + quotedTable_ + condition(key), true);
   bindKey(statement, 0, key);
   return statement;
 }
@@ -115,7 +115,7 @@ Error OdbcWriter::gone() const {
   return connection_->error("のテーブル「" + table_ + "」のレコードはすでに削除されています。");
 }
 
-OdbcStatement& OdbcWriter::prepared(const std::string& sql) {
+OdbcStatement& OdbcWriter::prepared(const std::string& sql, bool reads) {
   const auto found = std::find_if(prepared_.begin(), prepared_.end(),
                                   [&sql](const Prepared& one) { return one.sql == sql; });
   if (found != prepared_.end()) return *found->statement;
@@ -123,7 +123,7 @@ OdbcStatement& OdbcWriter::prepared(const std::string& sql) {
     prepared_.clear();
     insert_ = nullptr;
   }
-  prepared_.push_back({sql, connection_->prepare(sql)});
+  prepared_.push_back({sql, reads ? connection_->prepareSelect(sql) : connection_->prepare(sql)});
   return *prepared_.back().statement;
 }
 

@@ -52,7 +52,7 @@ class OdbcWriter {
   };
 
   std::size_t find(std::string_view name) const;
-  OdbcStatement& prepared(const std::string& sql);
+  OdbcStatement& prepared(const std::string& sql, bool reads = false);
   OdbcStatement& inserting();
   std::string insertSql() const;
   std::string changeSql() const;
