@@ -24,7 +24,7 @@ std::string written(const std::string& path, const std::string& content) {
 }  // namespace
 
 EngineJob sqliteOverOdbc(const Job& job, const std::string& folder) {
-  EngineJob result{job, 5, 7};
+  EngineJob result{job, 6, 7};
   result.job.path = written(folder + "/sqlite.dsn", "[ODBC]\nDRIVER=SQLite3\nDATABASE=" + job.path + "\n");
   db::openDatabase(result.job.path)->close();
   return result;
@@ -45,7 +45,7 @@ EngineJob onPostgres(const Job& job, const std::string& folder) {
   const auto database = db::openDatabase(copy.path);
   database->execute("ANALYZE");
   database->close();
-  return {copy, 4, 3};
+  return {copy, 5, 3};
 }
 
 #else

@@ -57,19 +57,26 @@ std::optional<std::string> editableTable(std::string_view sql) {
 class Reading {
  public:
   Reading(OdbcConnection& connection, std::string_view sql) : connection_(connection) {
-    connection_.product().beginReading(connection_, sql);
+    try {
+      connection_.product().beginReading(connection_, sql);
+    } catch (...) {
+      end();
+      throw;
+    }
   }
-  ~Reading() {
+  ~Reading() { end(); }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  void end() {
     try {
       connection_.product().endReading(connection_);
     } catch (const Error&) {
       // The records are there, or the failure of their reading tells more.
     }
   }
-  Reading(const Reading&) = delete;
-  Reading& operator=(const Reading&) = delete;
 
- private:
   OdbcConnection& connection_;
 };
 

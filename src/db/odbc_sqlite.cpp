@@ -44,6 +44,7 @@ void OdbcSqlite::beginReading(OdbcConnection& connection, std::string_view sql) 
     connection.control("BEGIN");
     steady_ = true;
   }
+  if (!wantsIndex(connection, sql)) return;
   const bool allowed = texts.blanksSql && joinsByIndex(connection, *texts.blanksSql);
   if (allowed == automaticIndexes_) return;
   connection.control(allowed ? "PRAGMA automatic_index=ON" : "PRAGMA automatic_index=OFF");
@@ -53,6 +54,21 @@ void OdbcSqlite::beginReading(OdbcConnection& connection, std::string_view sql) 
 /// SQLite lets a transaction end while records are still being read.
 void OdbcSqlite::endReading(OdbcConnection& connection) {
   if (std::exchange(steady_, false)) connection.control("COMMIT");
+}
+
+/// True where SQLite makes up an index for the SELECT, or would walk through one table for each record of
+/// another.
+bool OdbcSqlite::wantsIndex(OdbcConnection& connection, std::string_view sql) {
+  constexpr std::size_t detailColumn = 3;
+  const auto plan = connection.prepare("EXPLAIN QUERY PLAN " + statement(connection, sql));
+  plan->run();
+  int walks = 0;
+  while (plan->next()) {
+    const std::string detail = plan->value(detailColumn).text();
+    if (detail.find("AUTOMATIC") != std::string::npos) return true;
+    if (detail.starts_with("SCAN")) ++walks;
+  }
+  return walks > 1;
 }
 
 /// True where none of these finds a record.

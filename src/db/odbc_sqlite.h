@@ -26,6 +26,7 @@ class OdbcSqlite : public OdbcProduct {
   bool isMediumFailure(const OdbcDiagnosis& diagnosis) const override;
 
  private:
+  bool wantsIndex(OdbcConnection& connection, std::string_view sql);
   bool joinsByIndex(OdbcConnection& connection, const std::vector<std::string>& blanksSql) const;
 
   bool steady_ = false;            // a transaction keeps what is read as it is

@@ -71,6 +71,20 @@ TEST_F(SqliteJoins, WritingGoesOnAroundAJoin) {
   EXPECT_EQ(joined(*again), "123");
 }
 
+TEST_F(SqliteJoins, AFaultyOneIsToldAndLeavesNoTransaction) {
+  const auto database = db::openDatabase(folder_.path("job.dsn"));
+  try {
+    database->openRecordset("SELECT L.無い列 FROM L LEFT JOIN R ON L.JobId = R.JobId");
+    FAIL() << "no error";
+  } catch (const db::Error& error) {
+    EXPECT_NE(std::string(error.what()).find("に列「L.無い列」がありません"), std::string::npos)
+        << error.what();
+  }
+  database->execute("DELETE FROM L WHERE n > 1");
+  const auto other = db::openDatabase(folder_.path("job.sqlite"));
+  EXPECT_EQ(joined(*other), "1");
+}
+
 // A reader takes no lock along: another program writes as soon as the records are read.
 TEST_F(SqliteJoins, AJoinThatWasReadKeepsNobodyOut) {
   const auto database = db::openDatabase(folder_.path("job.dsn"));
