@@ -2,29 +2,24 @@
 
 #include <sqlite3.h>
 
-#include <cstddef>
 #include <stdexcept>
 #include <string>
-#include <vector>
+
+#include "bare.h"
 
 namespace bench {
 
-/// Records as their fields' texts; "" stands for Null.
-using Records = std::vector<std::vector<std::string>>;
-
-/// SQLite as thin as it gets, with the settings it comes with: what the program's own work is compared with.
-class BareSqlite {
+/// SQLite with the settings it comes with.
+class BareSqlite final : public Bare {
  public:
   explicit BareSqlite(const std::string& path) {
     check(sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr));
   }
-  ~BareSqlite() { sqlite3_close(handle_); }
+  ~BareSqlite() override { sqlite3_close(handle_); }
   BareSqlite(const BareSqlite&) = delete;
   BareSqlite& operator=(const BareSqlite&) = delete;
 
-  /// Reads every column of every record, numbers as doubles and texts as they lie there. Returns the bytes
-  /// seen.
-  std::size_t readAll(const std::string& sql) {
+  std::size_t readAll(const std::string& sql) override {
     sqlite3_stmt* statement = prepare(sql);
     const int columns = sqlite3_column_count(statement);
     std::size_t bytes = 0;
@@ -34,7 +29,7 @@ class BareSqlite {
     return bytes;
   }
 
-  Records records(const std::string& sql) {
+  Records records(const std::string& sql) override {
     sqlite3_stmt* statement = prepare(sql);
     const int columns = sqlite3_column_count(statement);
     Records result;
@@ -46,12 +41,11 @@ class BareSqlite {
     return result;
   }
 
-  /// Deletes with one statement and inserts these records, every column of the table, with another, in one
-  /// transaction.
-  void replace(const std::string& table, const std::string& conditions, const Records& records) {
+  void replace(const std::string& table, const std::string& conditions, const Records& records) override {
     execute("BEGIN IMMEDIATE");
     execute("DELETE FROM " + table + conditions);
-    sqlite3_stmt* statement = prepare(insertion(table, records.at(0).size()));
+    sqlite3_stmt* statement =
+        prepare(insertion(table, records.at(0).size(), [](std::size_t) { return std::string("?"); }));
     for (const auto& record : records) {
       int at = 0;
       for (const std::string& field : record) bind(statement, ++at, field);
@@ -88,12 +82,6 @@ class BareSqlite {
   static std::string fieldText(sqlite3_stmt* statement, int column) {
     const void* text = sqlite3_column_text(statement, column);
     return text == nullptr ? std::string() : std::string(static_cast<const char*>(text));
-  }
-
-  static std::string insertion(const std::string& table, std::size_t columns) {
-    std::string marks = "?";
-    for (std::size_t i = 1; i < columns; ++i) marks += ",?";
-    return "INSERT INTO " + table + " VALUES (" + marks + ")";
   }
 
   static void bind(sqlite3_stmt* statement, int at, const std::string& field) {

@@ -81,14 +81,15 @@ std::vector<Measure> daenMeasures(const Job& job) {
   const std::string saved = "SELECT * FROM KansokuSeikaDataDaen" + route->keys();
   const auto clear = [route] { route->clear(); };
   return {
-      {"ellipsoidal load", 3, clear, [route] { route->load(); }, bareReading(job, observed)},
-      {"ellipsoidal reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved)},
+      {"ellipsoidal load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
+      {"ellipsoidal reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"ellipsoidal compute", 1.5, {}, [route] { route->compute(); }, [route] { route->shareAndFormat(); }},
       {"ellipsoidal save",
        2,
        {},
        [route] { route->save(); },
-       bareReplacing(job, "KansokuSeikaDataDaen", route->keys())},
+       bareReplacing(job, "KansokuSeikaDataDaen", route->keys()),
+       Work::Saving},
   };
 }
 

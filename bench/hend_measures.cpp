@@ -83,14 +83,15 @@ std::vector<Measure> hendMeasures(const Job& job) {
   const std::string saved = "SELECT * FROM KansokuSeikaDataHend" + route->keys();
   const auto clear = [route] { route->clear(); };
   return {
-      {"variation load", 3, clear, [route] { route->load(); }, bareReading(job, observed)},
-      {"variation reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved)},
+      {"variation load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
+      {"variation reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"variation compute", 1.5, {}, [route] { route->compute(); }, [route] { route->carryAndFormat(); }},
       {"variation save",
        2,
        {},
        [route] { route->save(); },
-       bareReplacing(job, "KansokuSeikaDataHend", route->keys())},
+       bareReplacing(job, "KansokuSeikaDataHend", route->keys()),
+       Work::Saving},
   };
 }
 

@@ -94,10 +94,11 @@ std::vector<Measure> hksnbMeasures(const Job& job) {
        2,
        {},
        [book] { book->save(); },
-       bareReplacing(job, "KansokuSeikaDataHKSNB", book->keys())},
+       bareReplacing(job, "KansokuSeikaDataHKSNB", book->keys()),
+       Work::Saving},
       {"book amounts", 1.5, {}, [book] { book->workAmounts(); }, [book] { book->subtractAndFormat(); }},
-      {"book filling", 3, empty, [book] { book->fill(); }, bareReading(job, joined)},
-      {"book reopen", 3, empty, [book] { book->reopen(); }, bareReading(job, saved)},
+      {"book filling", 3, empty, [book] { book->fill(); }, bareReading(job, joined), Work::Reading},
+      {"book reopen", 3, empty, [book] { book->reopen(); }, bareReading(job, saved), Work::Reading},
   };
 }
 

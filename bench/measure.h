@@ -1,10 +1,16 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "bare.h"
+
 namespace bench {
+
+/// What a measured work does: with the job database, or in the grid alone.
+enum class Work { Grid, Reading, Saving };
 
 /// One comparison: the program's own work against the same work done bare, in the same run.
 struct Measure {
@@ -13,6 +19,7 @@ struct Measure {
   std::function<void()> prepare;  ///< before each turn of the program's work, not timed; may be empty
   std::function<void()> program;
   std::function<void()> bare;
+  Work work = Work::Grid;
 };
 
 /// What a measure came to: the best of several turns each, in seconds.
@@ -29,8 +36,9 @@ Result run(const Measure& measure, int turns);
 
 /// The measuring job: one route, made by the sample generator.
 struct Job {
-  std::string path;    ///< database file
-  int benchMarks = 0;  ///< of its only route
+  std::string path;                             ///< by which the program opens it
+  int benchMarks = 0;                           ///< of its only route
+  std::function<std::unique_ptr<Bare>()> bare;  ///< opens it with its engine's own client
 };
 
 // One family of measures for each floor of the house.
@@ -40,6 +48,17 @@ std::vector<Measure> daenMeasures(const Job& job);
 std::vector<Measure> hendMeasures(const Job& job);
 std::vector<Measure> tanrosenMeasures(const Job& job);
 std::vector<Measure> hksnbMeasures(const Job& job);
+
+/// A job in another engine, and what the ratios are not to exceed there.
+struct EngineJob {
+  Job job;
+  double readingAim = 0;
+  double savingAim = 0;
+};
+
+/// What the families above measure of reading and saving, on the job in another engine: their names end with
+/// the engine's.
+std::vector<Measure> engineMeasures(const EngineJob& there, const std::string& engine);
 
 /// Bytes of memory that a loaded route takes for each bench mark, at its peak.
 double memoryPerBenchMark(const Job& job);

@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "bare_sqlite.h"
 #include "db/database.h"
 #include "shell/start_up.h"
 
@@ -49,15 +48,12 @@ std::string MeasuredRoute::keys(std::string_view prefix) const {
 }
 
 std::function<void()> bareReading(const Job& job, const std::string& sql) {
-  return [path = job.path, sql] { BareSqlite(path).readAll(sql); };
+  return [open = job.bare, sql] { open()->readAll(sql); };
 }
 
 std::function<void()> bareReplacing(const Job& job, const std::string& table, const std::string& conditions) {
-  const auto records =
-      std::make_shared<Records>(BareSqlite(job.path).records("SELECT * FROM " + table + conditions));
-  return [path = job.path, table, conditions, records] {
-    BareSqlite(path).replace(table, conditions, *records);
-  };
+  const auto records = std::make_shared<Records>(job.bare()->records("SELECT * FROM " + table + conditions));
+  return [open = job.bare, table, conditions, records] { open()->replace(table, conditions, *records); };
 }
 
 }  // namespace bench

@@ -70,8 +70,8 @@ std::vector<Measure> seihyouMeasures(const Job& job) {
       route->keys("S.") + " ORDER BY S.SaveOrder";
   const auto clear = [route] { route->clear(); };
   return {
-      {"orthometric load", 3, clear, [route] { route->load(); }, bareReading(job, observed)},
-      {"orthometric reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved)},
+      {"orthometric load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
+      {"orthometric reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"orthometric recalculate",
        1.5,
        {},
@@ -81,7 +81,8 @@ std::vector<Measure> seihyouMeasures(const Job& job) {
        2,
        {},
        [route] { route->save(); },
-       bareReplacing(job, "KansokuSeikaDataSeihyou", route->keys())},
+       bareReplacing(job, "KansokuSeikaDataSeihyou", route->keys()),
+       Work::Saving},
   };
 }
 

@@ -1,4 +1,3 @@
-#include "bare_sqlite.h"
 #include "measure.h"
 #include "quiet_desktop.h"
 #include "shell/program.h"
@@ -11,10 +10,7 @@ std::vector<Measure> startUpMeasures(const Job& job) {
     shell::Program seikahyou({job.path, "/nonexistent"}, desktop);
     seikahyou.start();
   };
-  const auto bare = [job] {
-    BareSqlite database(job.path);
-    database.readAll("SELECT * FROM JobData WHERE JikkouFlg = 1");
-  };
+  const auto bare = [job] { job.bare()->readAll("SELECT * FROM JobData WHERE JikkouFlg = 1"); };
   return {{"start-up to menu", 10, {}, program, bare}};
 }
 

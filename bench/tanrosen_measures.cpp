@@ -97,15 +97,16 @@ std::vector<Measure> tanrosenMeasures(const Job& job) {
       route->keys("A.") + " ORDER BY A.SaveOrder";
   const auto clear = [route] { route->clear(); };
   return {
-      {"single route load", 3, clear, [route] { route->load(); }, bareReading(job, observed)},
-      {"single route reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved)},
+      {"single route load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
+      {"single route reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"single route calculate", 1.5, [route] { route->restoreKnownHeights(); },
        [route] { route->calculate(); }, [route] { route->distributeAndFormat(); }},
       {"single route save",
        2,
        {},
        [route] { route->save(); },
-       bareReplacing(job, "KansokuSeikaDataTanrosen", route->keys())},
+       bareReplacing(job, "KansokuSeikaDataTanrosen", route->keys()),
+       Work::Saving},
   };
 }
 

@@ -23,3 +23,6 @@ packages_wine=(wine64 fonts-wine xvfb xauth xdotool xclip imagemagick x11-utils 
 
 # The sanitizer, fuzz and format runs.
 packages_ci=(clang libclang-rt-14-dev clang-format)
+
+# Measuring the other engines beside SQLite: their drivers, a server and its own client library.
+packages_measure=(libsqliteodbc odbc-postgresql postgresql libpq-dev)

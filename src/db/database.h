@@ -98,6 +98,10 @@ class Database {
   /// Carries out one statement that yields no records (INSERT, DELETE, ALTER TABLE …).
   virtual void execute(std::string_view sql) = 0;
 
+  /// Begins to gather what is executed too, unless that has begun already: from here on all that is written,
+  /// table definitions included, reaches the disk in one piece when the database is closed.
+  virtual void gather() = 0;
+
   /// The columns of a table in their order. Raises Error, naming the table, where there is none of that name.
   virtual std::vector<ColumnDefinition> tableDefinition(std::string_view table) = 0;
 
@@ -105,6 +109,10 @@ class Database {
   /// call does nothing. The destructor does the same but cannot report: call close before you tell an
   /// operator "saved".
   virtual void close() = 0;
+
+  /// Ends the connection and drops what was gathered: the database is what it was before. Does nothing where
+  /// it is closed already.
+  virtual void discard() = 0;
 };
 
 /// Opens the job database at `path` (text as in the job context, "\" or "/" between folders) for reading and

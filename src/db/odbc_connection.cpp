@@ -16,6 +16,9 @@ OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file,
       product_(std::move(product)) {
   if (!SQL_SUCCEEDED(calls_.connect(handle_.get(), source.connectionString)))
     throw odbcError(diagnosis(), file_);
+  SQLUINTEGER ways = 0;
+  SQLGetInfoW(handle_.get(), SQL_GETDATA_EXTENSIONS, &ways, sizeof ways, nullptr);
+  readsAnyColumn_ = (ways & SQL_GD_ANY_ORDER) != 0;
   try {
     if (!product_) product_ = odbcProduct(calls_, handle_.get(), source.driver);
     product_->prepare(*this);
@@ -42,15 +45,28 @@ std::unique_ptr<OdbcStatement> OdbcConnection::prepare(std::string_view sql) {
   return std::make_unique<OdbcStatement>(*this, sql);
 }
 
+std::unique_ptr<OdbcStatement> OdbcConnection::prepareSelect(const std::string& sql) {
+  auto plain = prepare(sql);
+  if (!product_->roundsNumbers()) return plain;
+  const std::string exactSql = product_->exactSql(sql, plain->numberColumns());
+  if (exactSql.empty()) return plain;
+  auto exact = prepare(exactSql);
+  exact->resemble(*plain);
+  return exact;
+}
+
 void OdbcConnection::run(std::string_view sql) { prepare(sql)->run(); }
 
-void OdbcConnection::gather(const std::string& table) {
+void OdbcConnection::gather() {
   requireOpen();
   requireNothingLost();
-  if (!gathering_) {
-    product_->begin(*this);
-    gathering_ = true;
-  }
+  if (gathering_) return;
+  product_->begin(*this);
+  gathering_ = true;
+}
+
+void OdbcConnection::gather(const std::string& table) {
+  gather();
   product_->lock(*this, table);
 }
 
@@ -74,6 +90,12 @@ void OdbcConnection::close() {
   }
   disconnect();
   if (failure) throw Error(*failure);
+}
+
+void OdbcConnection::discard() {
+  if (!isOpen()) return;
+  if (gathering_) rollBack();
+  disconnect();
 }
 
 Error OdbcConnection::error(std::string_view what) const {
@@ -109,6 +131,10 @@ void OdbcConnection::protect() {
   }
 }
 
+void OdbcConnection::done(const OdbcStatement* repeatable) {
+  if (gathering_ && !lost_) product_->done(repeatable);
+}
+
 void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view table) {
   const Error failure = product_->describe(diagnosis, file_, table);
   settle(diagnosis);
@@ -118,8 +144,10 @@ void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view tabl
 /// After a failure of the medium nothing of what was gathered may stay; after any other failure all of it
 /// stays, unless the engine has lost it itself.
 void OdbcConnection::settle(const OdbcDiagnosis& diagnosis) {
-  if (!gathering_ || lost_) return;
+  if (!gathering_ || lost_ || restoring_) return;
+  restoring_ = true;
   lost_ = product_->isMediumFailure(diagnosis) || !product_->restore(*this);
+  restoring_ = false;
   if (lost_) rollBack();
 }
 

@@ -37,11 +37,14 @@ class OdbcConnection {
   void requireOpen() const;
 
   std::unique_ptr<OdbcStatement> prepare(std::string_view sql);
+  /// Prepares a SELECT that gives real numbers with all their digits.
+  std::unique_ptr<OdbcStatement> prepareSelect(const std::string& sql);
   /// Prepares and runs one statement.
   void run(std::string_view sql);
 
-  /// Begins to gather what is written, unless that has begun already, and keeps other writers of `table` out
-  /// from here.
+  /// Begins to gather what is written, unless that has begun already.
+  void gather();
+  /// The same, and keeps other writers of `table` out from here.
   void gather(const std::string& table);
   bool isGathering() const { return gathering_; }
 
@@ -56,6 +59,8 @@ class OdbcConnection {
   /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
   /// nothing.
   void close();
+  /// Drops what was gathered and ends the connection.
+  void discard();
 
   /// An Error about this database: the Japanese sentence `what` with its name.
   Error error(std::string_view what) const;
@@ -64,6 +69,8 @@ class OdbcConnection {
 
   const OdbcCalls& calls() const { return calls_; }
   SQLHDBC handle() const { return handle_.get(); }
+  /// True where the driver gives the columns of a row in any order, so that some may be left out.
+  bool readsAnyColumn() const { return readsAnyColumn_; }
   /// Turns the driver's own committing after each statement on or off.
   void setAutocommit(bool on);
   /// Runs a statement about the transaction itself: no protection, no description but the driver's.
@@ -78,6 +85,7 @@ class OdbcConnection {
   void delist(OdbcStatement* statement) { statements_.erase(statement); }
   OdbcDiagnosis diagnosis() const { return calls_.diagnosis(SQL_HANDLE_DBC, handle_.get()); }
   void protect();
+  void done(const OdbcStatement* repeatable);
   [[noreturn]] void raise(const OdbcDiagnosis& diagnosis, std::string_view table);
   void settle(const OdbcDiagnosis& diagnosis);
   void rollBack();
@@ -90,8 +98,10 @@ class OdbcConnection {
   OdbcHandle<SQL_HANDLE_DBC> handle_;
   std::unique_ptr<OdbcProduct> product_;
   std::set<OdbcStatement*> statements_;
+  bool readsAnyColumn_ = false;
   bool gathering_ = false;
-  bool lost_ = false;  // gathered writing was rolled back
+  bool restoring_ = false;  // a failure is being undone
+  bool lost_ = false;       // gathered writing was rolled back
 };
 
 }  // namespace db

@@ -53,6 +53,33 @@ std::optional<std::string> editableTable(std::string_view sql) {
   return shape->sources[0].table;
 }
 
+/// What the engine wants done around the beginning of a SELECT.
+class Reading {
+ public:
+  Reading(OdbcConnection& connection, std::string_view sql) : connection_(connection) {
+    try {
+      connection_.product().beginReading(connection_, sql);
+    } catch (...) {
+      end();
+      throw;
+    }
+  }
+  ~Reading() { end(); }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  void end() {
+    try {
+      connection_.product().endReading(connection_);
+    } catch (const Error&) {
+      // The records are there, or the failure of their reading tells more.
+    }
+  }
+
+  OdbcConnection& connection_;
+};
+
 /// A job database behind an ODBC driver.
 class OdbcDatabase final : public Database {
  public:
@@ -72,6 +99,7 @@ class OdbcDatabase final : public Database {
     const std::string one = onlyStatement(sql);
     if (access == Access::Edit) return openEditor(one);
     if (writes(one)) throw connection_->error("からレコードを読む SQL 文ではありません。");
+    const Reading reading(*connection_, one);
     return std::make_unique<OdbcReader>(connection_, engineText(one));
   }
 
@@ -90,7 +118,9 @@ class OdbcDatabase final : public Database {
     return columns;
   }
 
+  void gather() override { connection_->gather(); }
   void close() override { connection_->close(); }
+  void discard() override { connection_->discard(); }
 
  private:
   /// The statement without what stands around it.

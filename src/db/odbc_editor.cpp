@@ -33,7 +33,8 @@ OdbcEditor::OdbcEditor(std::shared_ptr<OdbcConnection> connection, const std::st
 /// The engine's keys, or whole records where it has none.
 void OdbcEditor::readKeys(const std::string& sql) {
   const std::string key = connection_->product().keyColumn();
-  const auto statement = connection_->prepare(key.empty() ? sql : *withStarReplaced(sql, key));
+  const auto statement =
+      key.empty() ? connection_->prepareSelect(sql) : connection_->prepare(*withStarReplaced(sql, key));
   if (!key.empty()) statement->readTexts();
   statement->run();
   while (statement->next()) {

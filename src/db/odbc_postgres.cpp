@@ -13,6 +13,9 @@ constexpr const char* tablesSql =
     "WHERE c.relkind IN ('r','p','v','m','f') AND s.nspname <> 'information_schema' AND s.nspname !~ '^pg_' "
     "AND pg_table_is_visible(c.oid) AND a.attnum > 0 AND NOT a.attisdropped ORDER BY c.oid, a.attnum";
 
+/// How many records are written before the next savepoint: each costs a way to the server and back.
+constexpr std::size_t mostSteps = 500;
+
 std::string smallLetters(std::string_view name) {
   std::string result(name);
   for (char& c : result)
@@ -35,6 +38,10 @@ std::string declaredType(const std::string& type) {
 void OdbcPostgres::prepare(OdbcConnection& connection) {
   connection.control("SET lock_timeout=3000");  // how long another operator's save is waited for
   connection.control("SET standard_conforming_strings=on");
+  // The server takes a comparison of two texts for so rare that it would walk through one table for each
+  // record of the other; there are no joins here that a sorted or a hashed table does not serve better.
+  connection.control("SET enable_nestloop=off");
+  connection.control("SET jit=off");
 }
 
 std::string OdbcPostgres::statement(OdbcConnection& connection, std::string_view sql) {
@@ -74,6 +81,8 @@ void OdbcPostgres::readTables(OdbcConnection& connection) {
 void OdbcPostgres::begin(OdbcConnection& connection) {
   connection.setAutocommit(false);
   protected_ = false;
+  unlisted_ = false;
+  steps_.clear();
   locked_.clear();
 }
 
@@ -90,14 +99,30 @@ void OdbcPostgres::commit(OdbcConnection& connection) {
   OdbcProduct::commit(connection);
 }
 
+/// A failure is undone back to the savepoint, and the records written since are written again.
 void OdbcPostgres::protect(OdbcConnection& connection) {
+  if (protected_ && !unlisted_ && steps_.size() < mostSteps) return;
   connection.control(protected_ ? "RELEASE SAVEPOINT step; SAVEPOINT step" : "SAVEPOINT step");
   protected_ = true;
+  unlisted_ = false;
+  steps_.clear();
+}
+
+void OdbcPostgres::done(const OdbcStatement* repeatable) {
+  if (repeatable == nullptr)
+    unlisted_ = true;
+  else
+    steps_.push_back({repeatable->sql(), repeatable->bound()});
 }
 
 bool OdbcPostgres::restore(OdbcConnection& connection) {
   try {
     connection.control("ROLLBACK TO SAVEPOINT step");
+    for (const Step& step : steps_) {
+      const auto statement = connection.prepare(step.sql);
+      for (std::size_t i = 0; i < step.values.size(); ++i) statement->bind(i + 1, step.values[i]);
+      statement->repeat();
+    }
   } catch (const Error&) {
     return false;
   }

@@ -24,16 +24,25 @@ class OdbcPostgres final : public OdbcProduct {
   void lock(OdbcConnection& connection, const std::string& table) override;
   void commit(OdbcConnection& connection) override;
   void protect(OdbcConnection& connection) override;
+  void done(const OdbcStatement* repeatable) override;
   bool restore(OdbcConnection& connection) override;
 
  private:
+  /// A record that was written since the savepoint.
+  struct Step {
+    std::string sql;
+    std::vector<Value> values;
+  };
+
   const PostgresTable* find(OdbcConnection& connection, std::string_view name);
   void readTables(OdbcConnection& connection);
 
   std::map<std::string, PostgresTable> tables_;  // by the name in small letters
   bool known_ = false;                           // tables_ is up to date
   std::set<std::string> locked_;
-  bool protected_ = false;  // the savepoint is set
+  bool protected_ = false;   // the savepoint is set
+  std::vector<Step> steps_;  // all that was done since
+  bool unlisted_ = false;    // something was done since that steps_ does not hold
 };
 
 }  // namespace db

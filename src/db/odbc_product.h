@@ -11,6 +11,7 @@
 namespace db {
 
 class OdbcConnection;
+class OdbcStatement;
 
 /// The ways in which one engine behind ODBC differs from the others. The base class is an engine of which
 /// nothing is known but what every driver tells; it takes the survey suite's SQL as it stands.
@@ -23,6 +24,10 @@ class OdbcProduct {
 
   /// A statement in the survey suite's SQL as this engine understands it.
   virtual std::string statement(OdbcConnection&, std::string_view sql) { return std::string(sql); }
+  /// Called before a SELECT, still in the survey suite's SQL, is made ready and its first record is read, and
+  /// afterwards; both see the same records.
+  virtual void beginReading(OdbcConnection&, std::string_view) {}
+  virtual void endReading(OdbcConnection&) {}
   /// Told after a statement that may have changed table definitions.
   virtual void definitionsChanged() {}
 
@@ -49,6 +54,13 @@ class OdbcProduct {
   /// True where the engine itself makes numbers of the texts that are written into a number's column.
   virtual bool convertsTexts() const { return false; }
 
+  /// True where the driver rounds real numbers.
+  virtual bool roundsNumbers() const { return false; }
+  /// Then: the SELECT `sql` with these of its columns as texts of all their digits; "" where none needs it.
+  virtual std::string exactSql(const std::string& /*sql*/, const std::vector<bool>& /*numbers*/) const {
+    return {};
+  }
+
   /// False where the driver tells numbers as texts alone.
   virtual bool givesNumbers() const { return true; }
 
@@ -60,6 +72,8 @@ class OdbcProduct {
   virtual void rollBack(OdbcConnection& connection);
   /// Called before each statement within a transaction, so that its failure can be undone alone.
   virtual void protect(OdbcConnection&) {}
+  /// Called after such a statement has done its work; null where it is none that can be repeated.
+  virtual void done(const OdbcStatement*) {}
   /// Called after such a statement has failed. False where the transaction is lost.
   virtual bool restore(OdbcConnection&) { return true; }
 

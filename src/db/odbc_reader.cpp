@@ -4,7 +4,7 @@ namespace db {
 namespace {
 
 std::unique_ptr<OdbcStatement> runSelect(OdbcConnection& connection, const std::string& sql) {
-  auto statement = connection.prepare(sql);
+  auto statement = connection.prepareSelect(sql);
   statement->run();
   if (statement->names().empty()) throw connection.error("からレコードを読む SQL 文ではありません。");
   return statement;

@@ -1,9 +1,13 @@
 #include "db/odbc_sqlite.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "db/odbc_connection.h"
 #include "db/select_columns.h"
 #include "db/sqlite_dialect.h"
 #include "db/sqlite_error.h"
+#include "db/sqlite_join.h"
 
 namespace db {
 namespace {
@@ -19,7 +23,8 @@ std::string withoutCode(const std::string& words) {
 void OdbcSqlite::prepare(OdbcConnection& connection) {
   connection.control("PRAGMA synchronous=EXTRA");
   // The index that SQLite makes up for a join comes with a filter which misses texts that differ in trailing
-  // blanks; the driver gives no way to turn the filter off alone.
+  // blanks; the driver gives no way to turn the filter off alone. beginReading allows the index where no such
+  // texts are.
   connection.control("PRAGMA automatic_index=OFF");
 }
 
@@ -28,6 +33,50 @@ std::string OdbcSqlite::statement(OdbcConnection& connection, std::string_view s
       sql, [this, &connection](std::string_view table) { return this->columns(connection, table); });
   return sqliteText(sql, [&columns](std::string_view qualifier, std::string_view name) {
     return columns.holdsNumbers(qualifier, name);
+  });
+}
+
+void OdbcSqlite::beginReading(OdbcConnection& connection, std::string_view sql) {
+  const JoinedTexts texts =
+      joinedTexts(sql, [this, &connection](std::string_view table) { return columns(connection, table); });
+  if (!texts.joins) return;
+  if (!connection.isGathering()) {
+    connection.control("BEGIN");
+    steady_ = true;
+  }
+  if (!wantsIndex(connection, sql)) return;
+  const bool allowed = texts.blanksSql && joinsByIndex(connection, *texts.blanksSql);
+  if (allowed == automaticIndexes_) return;
+  connection.control(allowed ? "PRAGMA automatic_index=ON" : "PRAGMA automatic_index=OFF");
+  automaticIndexes_ = allowed;
+}
+
+/// SQLite lets a transaction end while records are still being read.
+void OdbcSqlite::endReading(OdbcConnection& connection) {
+  if (std::exchange(steady_, false)) connection.control("COMMIT");
+}
+
+/// True where SQLite makes up an index for the SELECT, or would walk through one table for each record of
+/// another.
+bool OdbcSqlite::wantsIndex(OdbcConnection& connection, std::string_view sql) {
+  constexpr std::size_t detailColumn = 3;
+  const auto plan = connection.prepare("EXPLAIN QUERY PLAN " + statement(connection, sql));
+  plan->run();
+  int walks = 0;
+  while (plan->next()) {
+    const std::string detail = plan->value(detailColumn).text();
+    if (detail.find("AUTOMATIC") != std::string::npos) return true;
+    if (detail.starts_with("SCAN")) ++walks;
+  }
+  return walks > 1;
+}
+
+/// True where none of these finds a record.
+bool OdbcSqlite::joinsByIndex(OdbcConnection& connection, const std::vector<std::string>& blanksSql) const {
+  return std::none_of(blanksSql.begin(), blanksSql.end(), [&connection](const std::string& sql) {
+    const auto statement = connection.prepare(sql);
+    statement->run();
+    return statement->next();
   });
 }
 
@@ -43,6 +92,24 @@ std::vector<ColumnDefinition> OdbcSqlite::columns(OdbcConnection& connection, st
     result.push_back({statement->value(nameColumn).text(), statement->value(typeColumn).text()});
   }
   return result;
+}
+
+/// The driver gives real numbers with 15 digits.
+std::string OdbcSqlite::exactSql(const std::string& sql, const std::vector<bool>& numbers) const {
+  if (std::find(numbers.begin(), numbers.end(), true) == numbers.end()) return {};
+  std::string names;
+  std::string columns;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const std::string name = "c" + std::to_string(i);
+    names += (i == 0 ? "" : ",") + name;
+    columns +=
+        (i == 0 ? "" : ",") + (numbers[i] ? "CASE typeof(" + name + ") WHEN 'real' THEN printf('%!.20g'," +
+                                                name + ") ELSE " + name + " END"
+                                          : name);
+  }
+  // A name that no table of a job has.
+  return "SELECT * FROM (WITH \"exact records\"(" + names + ") AS (" + sql + ") SELECT " + columns +
+         " FROM \"exact records\")";
 }
 
 /// The driver's own manual mode begins with a lock that lets other writers in.

@@ -42,7 +42,7 @@ bool holdsBytes(SQLSMALLINT type) {
 }  // namespace
 
 OdbcStatement::OdbcStatement(OdbcConnection& connection, std::string_view sql)
-    : connection_(&connection), calls_(connection.calls()), handle_(connection.handle()) {
+    : connection_(&connection), calls_(connection.calls()), sql_(sql), handle_(connection.handle()) {
   if (!handle_) throw connection.error("への ODBC の接続を使えません。");
   connection_->enlist(this);
   try {
@@ -58,7 +58,11 @@ OdbcStatement::~OdbcStatement() {
 }
 
 void OdbcStatement::bind(std::size_t place, const Value& value) {
-  if (parameters_.size() < place) parameters_.resize(place);
+  if (parameters_.size() < place) {
+    parameters_.resize(place);
+    bound_.resize(place);
+  }
+  bound_[place - 1] = value;
   Parameter& parameter = parameters_[place - 1];
   const auto number = static_cast<SQLUSMALLINT>(place);
   if (value.isText()) return bindText(place, parameter, value.text());
@@ -87,11 +91,33 @@ void OdbcStatement::bindText(std::size_t place, Parameter& parameter, const std:
                          &parameter.length));
 }
 
-void OdbcStatement::run(std::string_view table) {
+void OdbcStatement::requireConnection() const {
   if (connection_ == nullptr) throw Error("データベースはすでに閉じられています。");
+}
+
+void OdbcStatement::run(std::string_view table) {
+  requireConnection();
+  connection_->protect();
+  execute(table);
+  connection_->done(nullptr);
+}
+
+void OdbcStatement::runRepeatable(std::string_view table) {
+  requireConnection();
+  connection_->protect();
+  execute(table);
+  connection_->done(this);
+}
+
+void OdbcStatement::repeat() {
+  requireConnection();
+  const SQLRETURN code = SQLExecute(handle_.get());
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) throw connection_->error("への書き込みを繰り返せません。");
+}
+
+void OdbcStatement::execute(std::string_view table) {
   connection_->requireOpen();
   SQLFreeStmt(handle_.get(), SQL_CLOSE);
-  connection_->protect();
   const SQLRETURN code = SQLExecute(handle_.get());
   if (code != SQL_NO_DATA) check(code, table);
   ended_ = code == SQL_NO_DATA;
@@ -125,8 +151,23 @@ void OdbcStatement::describe() {
   described_ = true;
 }
 
+std::vector<bool> OdbcStatement::numberColumns() {
+  requireConnection();
+  if (!described_) describe();
+  std::vector<bool> result;
+  for (const Reading reading : readings_) result.push_back(reading == Reading::Number);
+  return result;
+}
+
+void OdbcStatement::resemble(const OdbcStatement& other) {
+  names_ = other.names_;
+  readings_ = other.readings_;
+  row_.resize(names_.size());
+  described_ = true;
+}
+
 bool OdbcStatement::next() {
-  if (connection_ == nullptr) throw Error("データベースはすでに閉じられています。");
+  requireConnection();
   if (ended_) return false;
   const SQLRETURN code = SQLFetch(handle_.get());
   if (code == SQL_NO_DATA) {
@@ -135,8 +176,22 @@ bool OdbcStatement::next() {
     return false;
   }
   check(code);
-  for (std::size_t i = 0; i < row_.size(); ++i) row_[i] = read(i);
+  forgetRow();
   return true;
+}
+
+void OdbcStatement::forgetRow() {
+  for (std::size_t i = 0; i < row_.size(); ++i) {
+    row_[i].reset();
+    if (!connection_->readsAnyColumn()) row_[i] = read(i);
+  }
+}
+
+const Value& OdbcStatement::value(std::size_t column) {
+  requireConnection();
+  std::optional<Value>& value = row_.at(column);
+  if (!value) value = read(column);
+  return *value;
 }
 
 Value OdbcStatement::read(std::size_t column) {
@@ -171,7 +226,7 @@ Value OdbcStatement::readDecimal(SQLUSMALLINT column) {
 
 /// A driver hands long data over piece by piece; each piece of a text ends with a zero character.
 Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
-  alignas(SQLWCHAR) std::array<char, 1024> piece{};
+  alignas(SQLWCHAR) std::array<char, 1024> piece;
   const std::size_t end = type == SQL_C_BINARY ? 0 : calls_.width();
   std::string bytes;
   for (;;) {
@@ -182,6 +237,8 @@ Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
     if (length == SQL_NULL_DATA) return {};
     const std::size_t room = piece.size() - end;
     const bool more = length == SQL_NO_TOTAL || static_cast<std::size_t>(length) > room;
+    if (!more && bytes.empty() && type != SQL_C_BINARY)
+      return Value(calls_.fromDriver({piece.data(), static_cast<std::size_t>(length)}));
     bytes.append(piece.data(), more ? room : static_cast<std::size_t>(length));
     if (!more) break;
   }

@@ -26,7 +26,11 @@ OdbcWriter::OdbcWriter(std::shared_ptr<OdbcConnection> connection, std::string t
       table_(std::move(table)),
       quotedTable_(connection_->product().quoted(connection_->product().tableName(*connection_, table_))),
       hasKeyColumn_(!connection_->product().keyColumn().empty()),
-      columns_(connection_->columns(table_)) {}
+      columns_(connection_->columns(table_)) {
+  for (const ColumnDefinition& column : columns_)
+    kinds_.push_back({connection_->product().quoted(column.name), isTextType(column.type),
+                      isNumberType(column.type) || isDecimalType(column.type)});
+}
 
 void OdbcWriter::set(std::string_view name, const Value& value) {
   const std::size_t column = find(name);
@@ -39,6 +43,8 @@ void OdbcWriter::set(std::string_view name, const Value& value) {
 }
 
 std::size_t OdbcWriter::find(std::string_view name) const {
+  if (fields_.size() < insertColumns_.size() && columns_[insertColumns_[fields_.size()]].name == name)
+    return insertColumns_[fields_.size()];
   for (std::size_t i = 0; i < columns_.size(); ++i)
     if (text::equalIgnoringCase(columns_[i].name, name)) return i;
   throw connection_->error("のテーブル「" + table_ + "」に列「" + std::string(name) + "」がありません。");
@@ -46,9 +52,9 @@ std::size_t OdbcWriter::find(std::string_view name) const {
 
 void OdbcWriter::insert() {
   connection_->gather(table_);
-  OdbcStatement& statement = prepared(insertSql());
+  OdbcStatement& statement = inserting();
   bindFields(statement);
-  statement.run(table_);
+  statement.runRepeatable(table_);
 }
 
 OdbcWriter::Key OdbcWriter::change(const Key& key) {
@@ -76,13 +82,13 @@ void OdbcWriter::remove(const Key& key) {
   connection_->gather(table_);
   OdbcStatement& statement = prepared("DELETE FROM " + quotedTable_ + condition(key));
   bindKey(statement, 0, key);
-  statement.run(table_);
+  statement.runRepeatable(table_);
   if (statement.changes() == 0) throw gone();
   if (!hasKeyColumn_) insertCopies(key, statement.changes() - 1);
 }
 
 OdbcStatement& OdbcWriter::reading(const Key& key) {
-  OdbcStatement& statement = prepared("SELECT * FROM " + quotedTable_ + condition(key));
+  OdbcStatement& statement = prepared("SELECT * FROM " + quotedTable_ + condition(key), true);
   bindKey(statement, 0, key);
   return statement;
 }
@@ -109,13 +115,28 @@ Error OdbcWriter::gone() const {
   return connection_->error("のテーブル「" + table_ + "」のレコードはすでに削除されています。");
 }
 
-OdbcStatement& OdbcWriter::prepared(const std::string& sql) {
+OdbcStatement& OdbcWriter::prepared(const std::string& sql, bool reads) {
   const auto found = std::find_if(prepared_.begin(), prepared_.end(),
                                   [&sql](const Prepared& one) { return one.sql == sql; });
   if (found != prepared_.end()) return *found->statement;
-  if (prepared_.size() == mostKept) prepared_.clear();
-  prepared_.push_back({sql, connection_->prepare(sql)});
+  if (prepared_.size() == mostKept) {
+    prepared_.clear();
+    insert_ = nullptr;
+  }
+  prepared_.push_back({sql, reads ? connection_->prepareSelect(sql) : connection_->prepare(sql)});
   return *prepared_.back().statement;
+}
+
+/// The statement that inserts the fields taken.
+OdbcStatement& OdbcWriter::inserting() {
+  const bool same = insert_ != nullptr &&
+                    std::equal(fields_.begin(), fields_.end(), insertColumns_.begin(), insertColumns_.end(),
+                               [](const Field& field, std::size_t column) { return field.column == column; });
+  if (same) return *insert_;
+  insertColumns_.clear();
+  for (const Field& field : fields_) insertColumns_.push_back(field.column);
+  insert_ = &prepared(insertSql());
+  return *insert_;
 }
 
 std::string OdbcWriter::insertSql() const {
@@ -124,7 +145,7 @@ std::string OdbcWriter::insertSql() const {
   std::string names;
   std::string marks;
   for (const Field& field : fields_) {
-    names += (names.empty() ? "" : ",") + connection_->product().quoted(columns_[field.column].name);
+    names += (names.empty() ? "" : ",") + kinds_[field.column].quotedName;
     marks += marks.empty() ? "?" : ",?";
   }
   return into + "(" + names + ") VALUES(" + marks + ")";
@@ -133,7 +154,7 @@ std::string OdbcWriter::insertSql() const {
 std::string OdbcWriter::changeSql() const {
   std::string fields;
   for (const Field& field : fields_)
-    fields += (fields.empty() ? "" : ",") + connection_->product().quoted(columns_[field.column].name) + "=?";
+    fields += (fields.empty() ? "" : ",") + kinds_[field.column].quotedName + "=?";
   return "UPDATE " + quotedTable_ + " SET " + fields;
 }
 
@@ -142,7 +163,7 @@ std::string OdbcWriter::condition(const Key& key) const {
   std::string result;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     result += result.empty() ? " WHERE " : " AND ";
-    result += key[i].isNull() ? connection_->product().quoted(columns_[i].name) + " IS NULL"
+    result += key[i].isNull() ? kinds_[i].quotedName + " IS NULL"
                               : connection_->product().fieldCondition(columns_[i]);
   }
   return result;
@@ -161,10 +182,10 @@ void OdbcWriter::bindFields(OdbcStatement& statement) const {
 /// A field as its column keeps it: a number in a text's column as its text, the text of a number in a
 /// number's column as that number.
 Value OdbcWriter::stored(const Field& field) const {
-  const std::string& type = columns_[field.column].type;
-  if (field.value.isNumber() && isTextType(type)) return Value(field.value.text());
-  const bool number = isNumberType(type) || isDecimalType(type);
-  if (field.value.isText() && number && !connection_->product().convertsTexts()) return asNumber(field.value);
+  const ColumnKind& kind = kinds_[field.column];
+  if (field.value.isNumber() && kind.texts) return Value(field.value.text());
+  if (field.value.isText() && kind.numbers && !connection_->product().convertsTexts())
+    return asNumber(field.value);
   return field.value;
 }
 

@@ -40,13 +40,20 @@ class OdbcWriter {
     std::size_t column;
     Value value;
   };
+  /// What a column's type makes of a value.
+  struct ColumnKind {
+    std::string quotedName;
+    bool texts = false;
+    bool numbers = false;
+  };
   struct Prepared {
     std::string sql;
     std::unique_ptr<OdbcStatement> statement;
   };
 
   std::size_t find(std::string_view name) const;
-  OdbcStatement& prepared(const std::string& sql);
+  OdbcStatement& prepared(const std::string& sql, bool reads = false);
+  OdbcStatement& inserting();
   std::string insertSql() const;
   std::string changeSql() const;
   std::string condition(const Key& key) const;
@@ -62,8 +69,11 @@ class OdbcWriter {
   std::string quotedTable_;
   bool hasKeyColumn_;
   std::vector<ColumnDefinition> columns_;
+  std::vector<ColumnKind> kinds_;  // by column
   std::vector<Field> fields_;
   std::vector<Prepared> prepared_;
+  std::vector<std::size_t> insertColumns_;  // those of the last insertion: the next one mostly names the same
+  OdbcStatement* insert_ = nullptr;         // for them
 };
 
 }  // namespace db

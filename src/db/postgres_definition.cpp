@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "db/postgres_scope.h"
+#include "db/column_type.h"
+#include "text/padding.h"
 
 namespace db {
 namespace {
@@ -11,8 +12,8 @@ namespace {
 /// Reads the tokens of one defining statement.
 class DefinitionWriter {
  public:
-  DefinitionWriter(const std::vector<Token>& tokens, PostgresWriting& writing)
-      : tokens_(tokens), writing_(writing) {}
+  DefinitionWriter(const std::vector<Token>& tokens, const PostgresTables& tables, PostgresWriting& writing)
+      : tokens_(tokens), tables_(tables), writing_(writing) {}
 
   void write() {
     if (isKey(0, "CREATE")) return writeCreate();
@@ -37,12 +38,37 @@ class DefinitionWriter {
   /// CREATE [TEMPORARY] TABLE [IF NOT EXISTS] name ( column type …, … )
   void writeCreate() {
     std::size_t n = 1;
+    if (isKey(1, "INDEX") || isKey(2, "INDEX")) return writeIndex(isKey(1, "INDEX") ? 2 : 3);
     while (isOneOf(n, {"TEMP", "TEMPORARY", "UNLOGGED", "LOCAL", "GLOBAL"})) ++n;
     if (!isKey(n, "TABLE")) return;
     n = behindExists(n + 1);
     keep(n);
     if (!isSign(n + 1, "(")) return;
     writeColumns(n + 2);
+  }
+
+  /// CREATE [UNIQUE] INDEX [IF NOT EXISTS] name ON table ( column …, … )
+  void writeIndex(std::size_t n) {
+    n = behindExists(n);
+    keep(n);
+    if (!isKey(n + 1, "ON") || n + 2 >= tokens_.size()) return;
+    const PostgresTable* const table = tables_(nameOf(tokens_[n + 2]));
+    writing_.written[n + 2] = postgresName(table != nullptr ? table->name : nameOf(tokens_[n + 2]));
+    for (n += 3; n + 1 < tokens_.size(); ++n) {
+      if (isSign(n, "(") || isSign(n, ",")) writeIndexed(n + 1, table);
+      dropCollation(n);
+    }
+  }
+
+  /// Texts are compared, and so looked up, without the blanks at their ends.
+  void writeIndexed(std::size_t n, const PostgresTable* table) {
+    keep(n);
+    if (table == nullptr || !isName(tokens_[n])) return;
+    for (const ColumnDefinition& column : table->columns) {
+      if (!text::equalIgnoringCase(column.name, nameOf(tokens_[n]))) continue;
+      writing_.written[n] = postgresName(column.name);
+      if (isTextType(column.type)) writing_.written[n] = "rtrim(" + writing_.written[n] + ",' ')";
+    }
   }
 
   std::size_t behindExists(std::size_t n) const {
@@ -84,18 +110,23 @@ class DefinitionWriter {
     if (isSign(n, ",") || isSign(n, ")")) writing_.after[n - 1] += " text";  // any value
     if (isKey(n, "LONG")) writing_.written[n] = "integer";
     if (isKey(n, "BYTE")) writing_.written[n] = "smallint";
-    for (std::size_t i = n; i < tokens_.size() && !isSign(i, ","); ++i)
-      if (isKey(i, "COLLATE") && isKey(i + 1, "RTRIM")) writing_.written[i] = writing_.written[i + 1] = "";
+    for (std::size_t i = n; i < tokens_.size() && !isSign(i, ","); ++i) dropCollation(i);
+  }
+
+  void dropCollation(std::size_t n) {
+    if (isKey(n, "COLLATE") && isKey(n + 1, "RTRIM")) writing_.written[n] = writing_.written[n + 1] = "";
   }
 
   const std::vector<Token>& tokens_;
+  const PostgresTables& tables_;
   PostgresWriting& writing_;
 };
 
 }  // namespace
 
-void writeDefinitions(const std::vector<Token>& tokens, PostgresWriting& writing) {
-  DefinitionWriter(tokens, writing).write();
+void writeDefinitions(const std::vector<Token>& tokens, const PostgresTables& tables,
+                      PostgresWriting& writing) {
+  DefinitionWriter(tokens, tables, writing).write();
 }
 
 }  // namespace db

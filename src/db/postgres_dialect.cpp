@@ -12,7 +12,7 @@ namespace {
 class Translation {
  public:
   Translation(std::string_view sql, const PostgresTables& tables)
-      : all_(tokens(sql)), tokens_(significantTokens(sql)), scope_(tokens_, tables) {
+      : all_(tokens(sql)), tokens_(significantTokens(sql)), scope_(tokens_, tables), tables_(tables) {
     writing_.before.resize(tokens_.size());
     writing_.after.resize(tokens_.size());
     for (const Token& token : tokens_) writing_.written.emplace_back(token.text);
@@ -21,7 +21,7 @@ class Translation {
   std::string text() {
     for (std::size_t n = 0; n < tokens_.size(); ++n) writeToken(n);
     if (!tokens_.empty() && definesTables()) {
-      writeDefinitions(tokens_, writing_);
+      writeDefinitions(tokens_, tables_, writing_);
     } else if (!tokens_.empty()) {
       PostgresComparisons(tokens_, scope_, writing_).write();
       PostgresOrder(tokens_, scope_, writing_).write();
@@ -88,6 +88,7 @@ class Translation {
   std::vector<Token> all_;
   std::vector<Token> tokens_;
   PostgresScope scope_;
+  const PostgresTables& tables_;
   PostgresWriting writing_;
 };
 

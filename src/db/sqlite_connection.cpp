@@ -160,6 +160,14 @@ void SqliteConnection::close() {
   if (failure) throw Error(*failure);
 }
 
+void SqliteConnection::discard() {
+  if (!isOpen()) return;
+  resetStatements();
+  rollBack();
+  sqlite3_close_v2(handle_);
+  handle_ = nullptr;
+}
+
 Error SqliteConnection::error(std::string_view what) const {
   return Error("データベース「" + file_ + "」" + std::string(what));
 }

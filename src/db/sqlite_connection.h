@@ -78,6 +78,9 @@ class SqliteConnection {
   /// nothing.
   void close();
 
+  /// Drops what was gathered and ends the connection.
+  void discard();
+
   /// An Error about this file: the Japanese sentence `what` with the file's name.
   Error error(std::string_view what) const;
 

@@ -17,6 +17,8 @@ class SqliteDatabase final : public Database {
   std::unique_ptr<Recordset> openRecordset(std::string_view sql, Access access) override;
   void execute(std::string_view sql) override;
   std::vector<ColumnDefinition> tableDefinition(std::string_view table) override;
+  void gather() override { connection_->gather(); }
+  void discard() override { connection_->discard(); }
   void close() override { connection_->close(); }
 
  private:

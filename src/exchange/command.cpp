@@ -17,7 +17,7 @@ constexpr int wrongCommandLine = 64;
 
 constexpr const char* usage =
     "使い方:\n"
-    "  seikahyou-job create ファイル\n"
+    "  seikahyou-job create ジョブ\n"
     "      空のジョブデータベースを作ります。\n"
     "  seikahyou-job copy 移す元 移す先 [--over]\n"
     "      ジョブのすべてのテーブルを移します。--over は、移す先にあるジョブを上書きします。\n"

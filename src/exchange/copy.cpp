@@ -74,30 +74,24 @@ void copyRecords(db::Recordset& records, const std::string& table, const std::ve
 }
 
 /// Makes the table in `to` fit for the columns of `from`; returns what it is then.
-Definition prepare(const std::string& to, const job::TableSchema& table, const Definition& from) {
-  const auto database = db::openDatabase(to);
-  if (definitionOf(*database, table.name))
-    addMissingColumns(*database, table.name, from);
+Definition prepare(db::Database& to, const job::TableSchema& table, const Definition& from) {
+  if (definitionOf(to, table.name))
+    addMissingColumns(to, table.name, from);
   else
-    createTable(*database, table, from);
-  Definition made = database->tableDefinition(table.name);
-  database->close();
-  return made;
+    createTable(to, table, from);
+  return to.tableDefinition(table.name);
 }
 
-void copyTable(db::Database& from, const std::string& to, const job::TableSchema& table,
+void copyTable(db::Database& from, db::Database& to, const job::TableSchema& table,
                const Definition& definition, std::ostream& progress) {
   const Definition made = prepare(to, table, definition);
   const auto records = from.openRecordset("SELECT * FROM " + table.name);
   const std::vector<Passage> columns = passages(*records, definition, made);
   std::vector<std::string> names;
   for (const Passage& column : columns) names.push_back(column.name);
-  std::int64_t count = 0;
-  writeTable(to, table.name, names, [&](TableWriter& writer) {
-    copyRecords(*records, table.name, columns, writer);
-    count = writer.added();
-  });
-  progress << table.name << ": " << count << " 件" << std::endl;
+  TableWriter writer(to, table.name, names);
+  copyRecords(*records, table.name, columns, writer);
+  progress << table.name << ": " << writer.added() << " 件" << std::endl;
 }
 
 /// How many records the job table holds; 0 where there is no such table.
@@ -121,20 +115,32 @@ void requireJob(db::Database& database, const std::string& path) {
   if (!any) throw db::Error("「" + path + "」にはジョブのテーブルが一つもありません。");
 }
 
-void reportMissing(const std::string& to, const std::string& table, std::ostream& progress) {
-  const auto database = db::openDatabase(to);
-  const std::int64_t there = recordsIn(*database, table);
+void reportMissing(db::Database& to, const std::string& table, std::ostream& progress) {
+  const std::int64_t there = recordsIn(to, table);
   progress << table << ": 移す元にないため省きました";
   if (there > 0) progress << "（移す先の " << there << " 件はそのままです）";
   progress << std::endl;
 }
 
-void copyTables(db::Database& from, const std::string& to, std::ostream& progress) {
+void copyTables(db::Database& from, db::Database& to, std::ostream& progress) {
+  to.gather();
   for (const job::TableSchema& table : job::schemaTables())
     if (const auto definition = definitionOf(from, table.name))
       copyTable(from, to, table, *definition, progress);
     else
       reportMissing(to, table.name, progress);
+}
+
+/// All tables reach `to` in one piece.
+void copyInto(db::Database& from, const std::string& to, std::ostream& progress) {
+  const auto target = db::openDatabase(to);
+  try {
+    copyTables(from, *target, progress);
+  } catch (const std::exception& error) {
+    target->discard();
+    throw db::Error(std::string(error.what()) + " 移す先「" + to + "」には何も書き込んでいません。");
+  }
+  target->close();
 }
 
 }  // namespace
@@ -149,7 +155,7 @@ void copyJob(const std::string& from, const std::string& to, bool over, std::ost
   else if (!over)
     requireEmpty(to);
   try {
-    copyTables(*source, to, progress);
+    copyInto(*source, to, progress);
   } catch (const db::Error&) {
     if (making) platform::removeFile(to);
     throw;

@@ -42,9 +42,21 @@ std::string declaration(const job::ColumnSchema& column, const std::vector<db::C
   return column.name + " " + (same ? column.declaration : schemaType(there->type));
 }
 
-/// What is executed from here on reaches the disk in one piece.
-void gather(db::Database& database, const std::string& table) {
-  database.openRecordset("SELECT * FROM " + table, db::Access::Edit)->close();
+void createTables(db::Database& database) {
+  database.gather();
+  for (const std::string& statement : db::splitStatements(job::schemaSql())) database.execute(statement);
+  database.close();
+}
+
+/// A data source may lead to a job that is there already.
+void requireNoJob(db::Database& database, const std::string& path) {
+  for (const job::TableSchema& table : job::schemaTables())
+    if (definitionOf(database, table.name))
+      throw db::Error("「" + path + "」にはすでにジョブのテーブル「" + table.name + "」があります。");
+}
+
+bool hasExtension(const std::string& path, const char* extension) {
+  return text::equalIgnoringCase(platform::pathText(platform::nativePath(path).extension()), extension);
 }
 
 }  // namespace
@@ -55,26 +67,27 @@ bool isThere(const std::string& path) {
 }
 
 void createFile(const std::string& path) {
-  const std::string extension = platform::pathText(platform::nativePath(path).extension());
+  if (hasExtension(path, ".dsn") && !isThere(path))
+    throw db::Error("「" + path +
+                    "」が見つかりません。サーバーのデータベースに書くには、それを示すファイルデータソースを"
+                    "先に用意してください。");
   for (const char* other : {".mdb", ".accdb", ".dsn"})
-    if (text::equalIgnoringCase(extension, other))
+    if (hasExtension(path, other))
       throw db::Error("「" + path + "」は作れません。新しく作れるのは SQLite のファイルだけです。");
   db::createDatabase(path)->close();
 }
 
 void createJob(const std::string& path) {
-  createFile(path);
+  const bool making = !(hasExtension(path, ".dsn") && isThere(path));
+  if (making) createFile(path);
+  std::unique_ptr<db::Database> database;
   try {
-    const auto database = db::openDatabase(path);
-    bool gathering = false;
-    for (const std::string& statement : db::splitStatements(job::schemaSql())) {
-      database->execute(statement);
-      if (!gathering) gather(*database, job::schemaTables().front().name);
-      gathering = true;
-    }
-    database->close();
+    database = db::openDatabase(path);
+    if (!making) requireNoJob(*database, path);
+    createTables(*database);
   } catch (const db::Error&) {
-    platform::removeFile(path);
+    if (database) database->discard();
+    if (making) platform::removeFile(path);
     throw;
   }
 }

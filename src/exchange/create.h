@@ -9,12 +9,14 @@
 
 namespace exchange {
 
-/// Makes a new, empty job database with every table at `path` (an SQLite file). Raises db::Error where
-/// something stands there already, where the name belongs to a database of another engine (.mdb, .accdb,
-/// .dsn), or where the file cannot be made; then it leaves no file behind.
+/// Makes an empty job with every table: a new SQLite file at `path`, or tables in the database that the file
+/// data source (.dsn) at `path` tells of. Raises db::Error where a file, or a job table behind the data
+/// source, stands there already, where the name belongs to an Access file, or where it cannot be made; then
+/// everything is as it was before.
 void createJob(const std::string& path);
 
-/// Makes a new, empty database file without tables; raises as createJob does.
+/// Makes a new, empty SQLite file without tables. Raises db::Error where something stands there already or
+/// the name belongs to another engine (.mdb, .accdb, .dsn).
 void createFile(const std::string& path);
 
 /// True where something stands at `path`.

@@ -8,12 +8,6 @@
 namespace exchange {
 namespace {
 
-std::vector<std::string> namesOf(const std::vector<db::ColumnDefinition>& columns) {
-  std::vector<std::string> names;
-  for (const db::ColumnDefinition& column : columns) names.push_back(column.name);
-  return names;
-}
-
 std::vector<db::Column> positions(const db::Recordset& records, const std::vector<std::string>& names) {
   std::vector<db::Column> columns;
   for (const std::string& name : names) columns.push_back(records.column(name));
@@ -47,49 +41,16 @@ std::string present(const std::string& path, const std::string& table, std::int6
   }
 }
 
-void putBack(db::Database& database, TableWriter& writer) {
-  try {
-    writer.undo();
-    database.close();
-  } catch (const db::Error&) {
-    // Where the engine has dropped everything by itself nothing is left to put back; whether that is so, the
-    // count of the records tells afterwards.
-  }
-}
-
-void attempt(db::Database& database, const std::string& table, const std::vector<std::string>& columns,
-             const std::function<void(TableWriter&)>& write) {
-  TableWriter writer(database, table, columns);
-  try {
-    write(writer);
-    database.close();
-  } catch (const std::exception&) {
-    putBack(database, writer);
-    throw;
-  }
-}
-
 }  // namespace
 
 TableWriter::TableWriter(db::Database& database, std::string table, std::vector<std::string> columns)
     : database_(database),
       table_(std::move(table)),
       columns_(std::move(columns)),
-      records_(open()),
-      allColumns_(namesOf(database_.tableDefinition(table_))) {}
-
-std::unique_ptr<db::Recordset> TableWriter::open() {
-  return database_.openRecordset("SELECT * FROM " + table_, db::Access::Edit);
-}
+      records_(database_.openRecordset("SELECT * FROM " + table_, db::Access::Edit)) {}
 
 void TableWriter::empty() {
-  const std::vector<db::Column> columns = positions(*records_, allColumns_);
-  for (; !records_->eof(); records_->moveNext()) {
-    Row row = presentRow(*records_, columns);
-    records_->remove();
-    deleted_.push_back(std::move(row));
-  }
-  emptied_ = true;
+  for (; !records_->eof(); records_->moveNext()) records_->remove();
 }
 
 void TableWriter::add(const Row& row) {
@@ -100,9 +61,7 @@ void TableWriter::add(const Row& row) {
                     "を書き込めません。" + error.what());
   }
   ++added_;
-  const std::string key = keyOf(row);
-  sum_ += std::hash<std::string>()(key);
-  if (!emptied_) ++addedKeys_[key].added;
+  sum_ += std::hash<std::string>()(keyOf(row));
 }
 
 std::string TableWriter::described(const Row& row) const {
@@ -114,42 +73,13 @@ std::string TableWriter::described(const Row& row) const {
   return keys.empty() ? "" : "（" + keys + "）";
 }
 
-std::string TableWriter::keyOf(const Row& row) const {
+std::string TableWriter::keyOf(const Row& row) {
   std::string key;
   for (const db::Value& value : row) {
     const std::string words = exactText(value);
     key += value.isNull() ? "-" : std::to_string(words.size()) + ":" + words;
   }
   return key;
-}
-
-bool TableWriter::wasAdded(const Row& row) {
-  if (emptied_) return true;
-  const auto found = addedKeys_.find(keyOf(row));
-  return found != addedKeys_.end() && --found->second.before < 0;
-}
-
-/// Records that are like an added one may have stood there before; those come first.
-void TableWriter::countAlike() {
-  for (auto& [key, alike] : addedKeys_) alike.before = -alike.added;
-  const auto records = database_.openRecordset("SELECT * FROM " + table_);
-  const std::vector<db::Column> columns = positions(*records, columns_);
-  for (; !records->eof(); records->moveNext()) {
-    const auto found = addedKeys_.find(keyOf(presentRow(*records, columns)));
-    if (found != addedKeys_.end()) ++found->second.before;
-  }
-}
-
-void TableWriter::undo() {
-  if (!emptied_) countAlike();
-  records_ = open();
-  const std::vector<db::Column> columns = positions(*records_, columns_);
-  for (; !records_->eof(); records_->moveNext())
-    if (wasAdded(presentRow(*records_, columns))) records_->remove();
-  for (const Row& row : deleted_) addTo(*records_, allColumns_, row);
-  deleted_.clear();
-  addedKeys_.clear();
-  added_ = 0;
 }
 
 void TableWriter::requireAsWritten() {
@@ -166,15 +96,17 @@ void TableWriter::requireAsWritten() {
 
 void writeTable(const std::string& path, const std::string& table, const std::vector<std::string>& columns,
                 const std::function<void(TableWriter&)>& write) {
-  auto database = db::openDatabase(path);
+  const auto database = db::openDatabase(path);
   const std::int64_t before = countRecords(*database, table);
   std::string failure;
   try {
-    return attempt(*database, table, columns, write);
+    TableWriter writer(*database, table, columns);
+    write(writer);
+    return database->close();
   } catch (const std::exception& error) {
     failure = error.what();
   }
-  database.reset();
+  database->discard();
   throw db::Error(failure + " " + present(path, table, before));
 }
 

@@ -94,8 +94,8 @@ TEST_F(Conditions, LongRoutesJoinQuicklyWhateverTheirIndexes) {
   make(
       "CREATE TABLE S(JobId TEXT, 路線番号 TEXT, SaveOrder INTEGER, 標石番号 TEXT);"
       "CREATE INDEX 鍵 ON S(JobId, 路線番号, SaveOrder);"
-      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 16000)"
-      " INSERT INTO S SELECT '1', '01A00101', i, 'BM' || i FROM n;");
+      "INSERT INTO S WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 16000)"
+      " SELECT '1', '01A00101', i, 'BM' || i FROM n;");
   database_ = open();
   const auto start = std::chrono::steady_clock::now();
   const auto found =

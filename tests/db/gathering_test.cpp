@@ -176,4 +176,41 @@ TEST_F(Gathering, AKilledProcessLeavesTheOldRecords) {
 }
 #endif
 
+TEST_F(Gathering, DiscardedWorkLeavesTheDatabaseAsItWas) {
+  make("CREATE TABLE Old(a TEXT); INSERT INTO Old VALUES('x')");
+  const auto database = open();
+  database->gather();
+  database->execute("CREATE TABLE New(a TEXT)");
+  database->execute("INSERT INTO New VALUES('y')");
+  const auto records = database->openRecordset("SELECT * FROM Old", db::Access::Edit);
+  records->remove();
+  EXPECT_EQ(texts(*database, "SELECT a FROM New", "a"), std::vector<std::string>{"y"});
+  database->discard();
+  database->discard();
+  database->close();
+  EXPECT_TRUE(holds(failure([&] { database->execute("DELETE FROM Old"); }), "閉じられています"));
+  EXPECT_EQ(ask("SELECT a FROM Old"), "x");
+  EXPECT_TRUE(holds(failure([&] { open()->tableDefinition("New"); }), "テーブル「New」がありません"));
+}
+
+TEST_F(Gathering, TablesMadeReachTheDiskWithTheirRecords) {
+  const auto database = open();
+  database->gather();
+  database->execute("CREATE TABLE New(a TEXT)");
+  const auto records = database->openRecordset("SELECT * FROM New", db::Access::Edit);
+  records->addNew();
+  records->set("a", "y");
+  records->update();
+  database->close();
+  EXPECT_EQ(ask("SELECT a FROM New"), "y");
+}
+
+TEST_F(Gathering, NothingGatheredIsNothingDiscarded) {
+  make("CREATE TABLE Old(a TEXT)");
+  const auto database = open();
+  database->execute("INSERT INTO Old VALUES('x')");
+  database->discard();
+  EXPECT_EQ(ask("SELECT a FROM Old"), "x");
+}
+
 }  // namespace

@@ -93,4 +93,12 @@ TEST(PostgresDialect, DefinitionsKeepTheirNamesAndFindTheirTypes) {
             "ALTER TABLE \"Kansoku\" ADD COLUMN \"RosenEndFlg\" varchar(2)");
 }
 
+TEST(PostgresDialect, AnIndexHoldsTextsAsTheyAreCompared) {
+  EXPECT_EQ(translated("CREATE INDEX KansokuRoute ON kansoku (jobid, 路線番号 COLLATE RTRIM, SaveOrder)"),
+            "CREATE INDEX \"KansokuRoute\" ON \"Kansoku\" (rtrim(\"JobId\",' '), "
+            "rtrim(\"路線番号\",' ')  , \"SaveOrder\")");
+  EXPECT_EQ(translated("CREATE UNIQUE INDEX IF NOT EXISTS i ON Nirgends (Job DESC)"),
+            "CREATE UNIQUE INDEX IF NOT EXISTS \"i\" ON \"Nirgends\" (\"Job\" DESC)");
+}
+
 }  // namespace

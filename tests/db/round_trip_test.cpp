@@ -55,6 +55,13 @@ TEST_F(RoundTrip, WholeNumbersInTextColumnsHaveNoFraction) {
   EXPECT_EQ(read("短"), db::Value("-2"));
 }
 
+TEST_F(RoundTrip, ARecordToBeEditedTellsAllDigits) {
+  write({{"数", 0.1 + 0.2}});
+  const auto database = open();
+  const auto records = database->openRecordset("SELECT * FROM T", db::Access::Edit);
+  EXPECT_EQ(records->field("数"), db::Value(0.1 + 0.2));
+}
+
 TEST_F(RoundTrip, TextsOfEveryKind) {
   for (const std::string& text :
        {std::string(), std::string(" "), std::string("  R1  "), std::string("水準点『一』 ' \" ; -- 髙𠮷"),

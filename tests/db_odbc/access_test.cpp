@@ -3,8 +3,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "db/database.h"
+#include "exchange/copy.h"
+#include "exchange/create.h"
 #include "support/temporary_folder.h"
 
 // Access files through MDBTools, which reads them only. The files are not part of the sources; the folder
@@ -92,6 +95,30 @@ TEST_F(AccessFile, AMissingTableIsNamed) {
   const std::string missing = "データベース「" + path + "」にテーブル「KansokuSeikaData」がありません。";
   EXPECT_EQ(failure([&] { database->openRecordset("SELECT * FROM KansokuSeikaData"); }), missing);
   EXPECT_EQ(failure([&] { database->tableDefinition("KansokuSeikaData"); }), missing);
+}
+
+// seikahyou-job on the files at hand: none of them holds a job, and none can be written.
+TEST_F(AccessFile, AFileWithoutAJobIsNotCopied) {
+  std::ostringstream progress;
+  const std::string to = folder_.path("b.sqlite");
+  for (const char* name : {"jet3-test.mdb", "jet4-empty.mdb", "jet4-numeric.mdb", "ace-empty.accdb"}) {
+    const std::string from = copy(name);
+    EXPECT_EQ(failure([&] { exchange::copyJob(from, to, false, progress); }),
+              "「" + from + "」にはジョブのテーブルが一つもありません。");
+    EXPECT_FALSE(std::filesystem::exists(to));
+  }
+}
+
+TEST_F(AccessFile, AJobIsNotCopiedInto) {
+  const std::string from = folder_.path("a.sqlite");
+  exchange::createJob(from);
+  const std::string to = copy("jet4-empty.mdb");
+  const std::string before = content(to);
+  std::ostringstream progress;
+  const std::string error = failure([&] { exchange::copyJob(from, to, false, progress); });
+  EXPECT_NE(error.find("MDBTools）は Access のファイルを読むことしかできません。"), std::string::npos)
+      << error;
+  EXPECT_EQ(content(to), before);
 }
 
 TEST_F(AccessFile, WritingIsRefusedAndLeavesTheFile) {

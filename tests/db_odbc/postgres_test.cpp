@@ -132,6 +132,48 @@ TEST_F(Postgres, ARefusedRecordLeavesTheEarlierWork) {
   EXPECT_EQ(numbers(), "3,11,12");
 }
 
+// Far more records than are written from one savepoint to the next.
+TEST_F(Postgres, ARefusedRecordAmongManyLeavesTheOthersInTheirOrder) {
+  const auto database = open();
+  const auto records = deleted(*database);
+  std::string expected = "3";
+  const auto refuse = [&] {
+    EXPECT_TRUE(holds(failure([&] { add(*records, 100); }), "制約に反するため書き込めません"));
+  };
+  refuse();  // the deletions before it stay
+  for (int i = 0; i < 1203; ++i) {
+    add(*records, i % 97);
+    expected += "," + std::to_string(i % 97);
+    if (i == 200 || i == 201 || i == 1000) refuse();
+  }
+  EXPECT_EQ(listed(*database, "SELECT n FROM T"), expected);
+  refuse();
+  database->close();
+  EXPECT_EQ(listed("SELECT n FROM T"), expected);
+}
+
+TEST_F(Postgres, AChangedRecordIsFoundAgainBehindARefusedOne) {
+  const auto database = open();
+  const auto records = database->openRecordset("SELECT * FROM T WHERE n = 2", db::Access::Edit);
+  const auto refuse = [&] { EXPECT_NE(failure([&] { add(*records, 100); }), "no error"); };
+  add(*records, 50);
+  for (const char* text : {"x", "y"}) {
+    records->edit();
+    records->set("JobId", text);
+    records->update();
+    add(*records, 51);
+    refuse();
+    EXPECT_EQ(records->field("JobId"), db::Value(text));
+  }
+  const auto added = database->openRecordset("SELECT * FROM T WHERE n = 51", db::Access::Edit);
+  refuse();
+  for (; !added->eof(); added->moveNext()) added->remove();
+  records->remove();
+  refuse();
+  database->close();
+  EXPECT_EQ(numbers(), "1,3,50");
+}
+
 TEST_F(Postgres, AWorkLeftWithoutACloseIsKept) {
   {
     const auto database = open();

@@ -29,10 +29,21 @@ TEST(CreateJob, LeavesWhatIsThereAlone) {
 
 TEST(CreateJob, MakesNoFilesOfOtherEngines) {
   const test::TemporaryFolder folder;
-  for (const char* name : {"job.mdb", "job.ACCDB", "server.dsn"}) {
+  for (const char* name : {"job.mdb", "job.ACCDB"}) {
     EXPECT_TRUE(holds(errorOf([&] { exchange::createJob(folder.path(name)); }), "SQLite のファイルだけ"));
     EXPECT_FALSE(exchange::isThere(folder.path(name)));
   }
+}
+
+TEST(CreateJob, NeedsTheDataSourceOfAServer) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.path("職場.dsn");
+  EXPECT_EQ(
+      errorOf([&] { exchange::createJob(path); }),
+      "「" + path +
+          "」が見つかりません。サーバーのデータベースに書くには、それを示すファイルデータソースを先に用意"
+          "してください。");
+  EXPECT_FALSE(exchange::isThere(path));
 }
 
 TEST(CreateTable, TakesTheKindsOfAnotherDatabase) {

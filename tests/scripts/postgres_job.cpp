@@ -4,8 +4,10 @@
 #include <cstdio>
 #include <exception>
 #include <fstream>
+#include <sstream>
 
 #include "db/database.h"
+#include "exchange/copy.h"
 #include "platform/files.h"
 #include "support/postgres_server.h"
 
@@ -18,30 +20,6 @@
 // of the command, 77 where no server is installed.
 
 namespace {
-
-void copyTable(db::Database& from, db::Database& to, const std::string& table) {
-  const auto columns = from.tableDefinition(table);
-  std::string list;
-  for (const auto& column : columns) list += (list.empty() ? "" : ",") + column.name + " " + column.type;
-  to.execute("CREATE TABLE " + table + "(" + list + ")");
-  const auto written = to.openRecordset("SELECT * FROM " + table, db::Access::Edit);
-  for (const auto read = from.openRecordset("SELECT * FROM " + table); !read->eof(); read->moveNext()) {
-    written->addNew();
-    for (const auto& column : columns) written->set(column.name, read->field(column.name));
-    written->update();
-  }
-}
-
-void copyJob(const std::string& from, const std::string& to) {
-  const auto source = db::openDatabase(from);
-  const auto target = db::openDatabase(to);
-  const auto tables =
-      source->openRecordset("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name");
-  std::vector<std::string> names;
-  for (; !tables->eof(); tables->moveNext()) names.push_back(tables->field("name").text());
-  for (const std::string& name : names) copyTable(*source, *target, name);
-  target->close();
-}
 
 void carryOut(const std::string& statements, const std::string& path) {
   const auto database = db::openDatabase(path);
@@ -70,7 +48,8 @@ int main(int count, char** arguments) {
   try {
     test::PostgresServer server;
     std::ofstream(arguments[2]) << server.newDatabase();
-    copyJob(arguments[1], arguments[2]);
+    std::ostringstream progress;
+    exchange::copyJob(arguments[1], arguments[2], false, progress);
     carryOut(arguments[3], arguments[2]);
     return run(arguments + 4);
   } catch (const std::exception& error) {

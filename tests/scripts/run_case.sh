@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Works one operation script on a fresh sample job and compares the transcript with the expected one.
 #
-#   run_case.sh headless|window|sqlite-odbc|postgres CASE SEIKAHYOU_SCRIPT SEIKAHYOU_SAMPLE WORK_FOLDER [POSTGRES_JOB]
+#   run_case.sh MODE CASE SEIKAHYOU_SCRIPT SEIKAHYOU_SAMPLE WORK_FOLDER [POSTGRES_JOB]
 #
-# The last two modes are headless too: the job is the sample's file through the ODBC driver of SQLite, or a copy of
-# it in a PostgreSQL server that POSTGRES_JOB starts and stops again; jobs/NAME.postgres.sql is applied to the copy.
-# The transcript must be the same but for the job's path and the engine's own words behind an error.
+# MODE is headless, window, sqlite-odbc, sqlite-odbc-window, postgres or postgres-window. The job is the sample's file,
+# that file through the ODBC driver of SQLite, or a copy of it in a PostgreSQL server that POSTGRES_JOB starts and stops
+# again; jobs/NAME.postgres.sql is applied to the copy. With another engine the transcript must be the same but for the
+# job's path and the engine's own words behind an error.
 #
 # CASE.script.txt and CASE.expected.txt stand beside this file. Comments at the head of the script may say
 # under which circumstances it runs:
@@ -60,11 +61,11 @@ choose_job() {
   job=sample/job.sqlite
   command=("$script_program")
   case "$mode" in
-    sqlite-odbc)
+    sqlite-odbc*)
       job=sample/job.dsn
       printf '[ODBC]\nDRIVER=SQLite3\nDATABASE=%s\n' "$PWD/sample/job.sqlite" >"$job"
       ;;
-    postgres)
+    postgres*)
       job=sample/job.dsn
       command=("$postgres_job" sample/job.sqlite "$job" "$here/jobs/$(directive job).postgres.sql" "$script_program")
       ;;
@@ -79,12 +80,12 @@ make_sample_job
 choose_job
 
 options=(--program-folder program)
-[[ $mode == window ]] && options+=(--window)
+[[ $mode == *window ]] && options+=(--window)
 status=0
 "${command[@]}" "${options[@]}" "$script" "$job" >transcript.txt 2>errors.txt || status=$?
 cat errors.txt >&2
 
-if [[ $mode == postgres && $status == 77 ]]; then
+if [[ $mode == postgres* && $status == 77 ]]; then
   echo "SKIPPED: no PostgreSQL server here (Debian: postgresql)"
   exit 77
 fi
