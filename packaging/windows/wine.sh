@@ -22,6 +22,7 @@ start_wine() {
     touch "$WINEPREFIX/ready"
   fi
   wineserver -p  # it stays between the programs, which then start in a moment
+  wine cmd /c exit >/dev/null 2>&1  # its services, too, without holding on to our output
 }
 
 start_display() {
