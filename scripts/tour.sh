@@ -1,21 +1,23 @@
 #!/usr/bin/env bash
 # Works every operation script of scripts/tour in offscreen windows and leaves transcripts and pictures in FOLDER.
 #
-#   scripts/tour.sh FOLDER
+#   scripts/tour.sh FOLDER [BIN JOB]
 #
-# Each script works on a copy of the sample job in ./sample. "# grade: 1" (or 2) at its head chooses the job of that
+# BIN is the folder of the programs, JOB the sample's database; without them those that ./run makes.
+# Each script works on a copy of the sample job. "# grade: 1" (or 2) at its head chooses the job of that
 # grade; without it the job table decides. The programs must have been built (./run does it).
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-bin="$root/build/release/bin"
 
-if (($# != 1)); then
+if (($# != 1 && $# != 3)); then
   sed -n '4p' "${BASH_SOURCE[0]}" >&2
   exit 64
 fi
 rm -rf -- "$1"
 mkdir -p -- "$1"
 folder="$(cd "$1" && pwd)"
+bin="${2:-$root/build/release/bin}"
+job="${3:-$root/sample/job.sqlite}"
 
 # make_desk SCRIPT: a fresh copy of the job and a program folder that chooses the grade the script asks for.
 make_desk() {
@@ -23,7 +25,7 @@ make_desk() {
   grade="$(sed -n -e '/^[^#]/q' -e 's/^# grade: *//p' "$1" | head -n 1)"
   rm -rf "$folder/work"
   mkdir -p "$folder/work/program"
-  cp "$root/sample/job.sqlite" "$folder/work/job.sqlite"
+  cp "$job" "$folder/work/job.sqlite"
   [[ -z "$grade" ]] || echo "$grade$grade" >"$folder/work/program/JobSel.txt"
 }
 

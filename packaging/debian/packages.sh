@@ -15,11 +15,12 @@ packages_test=(libgtest-dev libsqliteodbc odbc-postgresql odbc-mdbtools postgres
 
 # Compiling the Windows program: cross compiler, what unpacks and builds the toolkit's and the database's sources, the
 # toolkit's own tools for this machine.
-packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64 binutils-mingw-w64-x86-64 qt6-base-dev-tools libgtest-dev
-  libsqlite3-dev dpkg-dev tclsh make gcc python3 zip)
+packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev mingw-w64-common binutils-mingw-w64-x86-64
+  qt6-base-dev-tools libgtest-dev libsqlite3-dev dpkg-dev tclsh make gcc git zip)
 
 # Running it here and looking at it.
-packages_wine=(wine64 fonts-wine xvfb xauth xdotool xclip imagemagick x11-utils fonts-ipafont-gothic libsqliteodbc)
+packages_wine=(wine64 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
+  fonts-wine fonts-ipafont-gothic xvfb xdotool xclip x11-utils imagemagick libodbc2 libsqliteodbc)
 
 # The sanitizer, fuzz and format runs.
 packages_ci=(clang libclang-rt-14-dev clang-format)

@@ -8,6 +8,7 @@
 export WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LANG=C.UTF-8 LC_ALL=C.UTF-8
 
 wine() { /usr/lib/wine/wine64 "$@"; }
+wineserver() { /usr/lib/wine/wineserver "$@"; }
 
 # start_wine FOLDER: a prefix in FOLDER, made on first use, and a display that ends with this shell.
 start_wine() {

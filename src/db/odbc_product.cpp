@@ -5,6 +5,7 @@
 #include "db/odbc_error.h"
 #include "db/odbc_postgres.h"
 #include "db/odbc_sqlite.h"
+#include "db/sql_tokens.h"
 #include "text/padding.h"
 
 namespace db {
@@ -60,11 +61,7 @@ std::string declaredType(SQLINTEGER kind, SQLINTEGER size, const std::string& dr
 
 }  // namespace
 
-std::string OdbcProduct::quoted(std::string_view name) const {
-  std::string result = "\"";
-  for (const char c : name) result.append(c == '"' ? 2 : 1, c);
-  return result + '"';
-}
+std::string OdbcProduct::quoted(std::string_view name) const { return quotedName(name); }
 
 std::vector<ColumnDefinition> OdbcProduct::columns(OdbcConnection& connection, std::string_view table) {
   connection.requireOpen();

@@ -170,4 +170,10 @@ std::string nameOf(const Token& token) {
   return name;
 }
 
+std::string quotedName(std::string_view name) {
+  std::string result = "\"";
+  for (const char c : name) result.append(c == '"' ? 2 : 1, c);
+  return result + '"';
+}
+
 }  // namespace db

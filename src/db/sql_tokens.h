@@ -47,4 +47,7 @@ bool isName(const Token& token);
 /// The name that a Name or QuotedName token stands for, without its quotes.
 std::string nameOf(const Token& token);
 
+/// A name in double quotes, as a name that holds anything is written into an SQL text.
+std::string quotedName(std::string_view name);
+
 }  // namespace db

@@ -29,12 +29,6 @@ bool holdsStatement(std::string_view sql) {
 
 }  // namespace
 
-std::string quotedName(std::string_view name) {
-  std::string result = "\"";
-  for (const char c : name) result.append(c == '"' ? 2 : 1, c);
-  return result + '"';
-}
-
 Value columnValue(sqlite3_stmt* statement, int column) {
   switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:

@@ -20,9 +20,6 @@ struct FinalizeStatement {
 /// A prepared statement; it may outlive the connection it was prepared on.
 using SqliteStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// A name as SQLite takes it whatever it holds: in double quotes.
-std::string quotedName(std::string_view name);
-
 /// A value as the engine holds it in a column of the row a statement stands on.
 Value columnValue(sqlite3_stmt* statement, int column);
 

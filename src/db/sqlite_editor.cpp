@@ -1,6 +1,7 @@
 #include "db/sqlite_editor.h"
 
 #include "db/select_shape.h"
+#include "db/sql_tokens.h"
 
 namespace db {
 namespace {

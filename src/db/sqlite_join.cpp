@@ -10,12 +10,6 @@
 namespace db {
 namespace {
 
-std::string quoted(std::string_view name) {
-  std::string result = "\"";
-  for (const char c : name) result.append(c == '"' ? 2 : 1, c);
-  return result + '"';
-}
-
 bool isKnownAs(const SelectSource& source, std::string_view qualifier) {
   return text::equalIgnoringCase(source.alias.empty() ? source.table : source.alias, qualifier);
 }
@@ -49,9 +43,9 @@ class ComparedColumns {
       std::string conditions;
       for (const std::string& column : compared_[i])
         conditions += (conditions.empty() ? "" : " OR ") +
-                      ("length(" + quoted(column) + ")<>length(rtrim(" + quoted(column) + "))");
+                      ("length(" + quotedName(column) + ")<>length(rtrim(" + quotedName(column) + "))");
       if (!conditions.empty())
-        result.push_back("SELECT 1 FROM " + quoted(shape_.sources[i].table) + " WHERE " + conditions +
+        result.push_back("SELECT 1 FROM " + quotedName(shape_.sources[i].table) + " WHERE " + conditions +
                          " LIMIT 1");
     }
     return result;

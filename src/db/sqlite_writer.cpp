@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "db/column_type.h"
+#include "db/sql_tokens.h"
 #include "text/padding.h"
 
 namespace db {

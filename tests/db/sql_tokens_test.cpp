@@ -71,6 +71,16 @@ TEST(SqlTokens, PutTogetherTheyAreTheText) {
   }
 }
 
+TEST(QuotedName, ReadsBackAsTheSameName) {
+  EXPECT_EQ(db::quotedName("備考1"), "\"備考1\"");
+  for (const char* name : {"a\"b", "", "a b", "[c]", "\"\""}) {
+    const std::string written = db::quotedName(name);
+    const auto read = db::tokens(written);
+    ASSERT_EQ(read.size(), 1U) << written;
+    EXPECT_EQ(db::nameOf(read[0]), name);
+  }
+}
+
 TEST(SplitStatements, CutsAtSemicolonsOutsideQuotesAndComments) {
   EXPECT_EQ(
       db::splitStatements("CREATE TABLE a(b);; -- c;d\nINSERT INTO a VALUES('x;''y') /* ; */ ; SELECT [p;q]"),

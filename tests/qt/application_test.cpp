@@ -33,7 +33,8 @@ TEST(Application, TheMenuOfATextBoxIsJapanese) {
 
 TEST(Application, WindowsCarryItsIconInEverySize) {
   const QIcon icon = QApplication::windowIcon();
-  for (const int size : {16, 32, 64, 256}) EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size))) << size;
+  for (const int size : {16, 32, 64, 256})
+    EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size))) << size;
 }
 
 }  // namespace
