@@ -2,6 +2,7 @@
 
 #include "../db/fixture.h"
 #include "support/postgres_server.h"
+#include "support/server_tests.h"
 
 // The engine behind ODBC that SEIKAHYOU_TEST_ENGINE names: "sqlite" or "postgres". The tests of the SQLite
 // engine are compiled into this program too and so meet the same expectations through a driver.
@@ -66,10 +67,5 @@ Engine& engine() {
 }  // namespace test
 
 int main(int count, char** arguments) {
-  if (test::chosen() == "postgres" && test::PostgresServer::programs().empty()) {
-    std::puts("SKIPPED: no PostgreSQL server here (Debian: postgresql)");
-    return 0;
-  }
-  testing::InitGoogleTest(&count, arguments);
-  return RUN_ALL_TESTS();
+  return test::runServerTests(count, arguments, test::chosen() == "postgres");
 }

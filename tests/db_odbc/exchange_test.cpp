@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <sstream>
 
 #include "exchange/check.h"
@@ -10,6 +9,7 @@
 #include "exchange/random_job.h"
 #include "platform/files.h"
 #include "support/postgres_server.h"
+#include "support/server_tests.h"
 
 // seikahyou-job with jobs behind file data sources: on a PostgreSQL server and in SQLite files through ODBC.
 
@@ -197,11 +197,4 @@ TEST_P(Exchange, ChecksFindTheSame) {
 
 }  // namespace
 
-int main(int count, char** arguments) {
-  if (test::PostgresServer::programs().empty()) {
-    std::puts("SKIPPED: no PostgreSQL server here (Debian: postgresql)");
-    return 0;
-  }
-  testing::InitGoogleTest(&count, arguments);
-  return RUN_ALL_TESTS();
-}
+int main(int count, char** arguments) { return test::runServerTests(count, arguments); }

@@ -2,11 +2,11 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
 
 #include <gtest/gtest.h>
 #include "db/database.h"
 #include "support/postgres_server.h"
+#include "support/server_tests.h"
 
 // What is the PostgreSQL server's own: its words, its locks, its order.
 
@@ -256,11 +256,4 @@ TEST_F(Postgres, AServerThatIsNotThereIsTold) {
 
 }  // namespace
 
-int main(int count, char** arguments) {
-  if (test::PostgresServer::programs().empty()) {
-    std::puts("SKIPPED: no PostgreSQL server here (Debian: postgresql)");
-    return 0;
-  }
-  testing::InitGoogleTest(&count, arguments);
-  return RUN_ALL_TESTS();
-}
+int main(int count, char** arguments) { return test::runServerTests(count, arguments); }
