@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "db/database.h"
+#include "db/steps.h"
 #include "support/temporary_folder.h"
 
 namespace test {
@@ -95,20 +96,5 @@ class DatabaseTest : public testing::Test {
   TemporaryFolder folder_;
   std::string path_ = engine().newDatabase(folder_);
 };
-
-/// The description of the db::Error that `act` raises, or "no error".
-template <typename Act>
-std::string failure(Act act) {
-  try {
-    act();
-  } catch (const db::Error& error) {
-    return error.what();
-  }
-  return "no error";
-}
-
-inline bool holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
 
 }  // namespace test

@@ -7,7 +7,9 @@
 
 namespace {
 
+using test::add;
 using test::DatabaseTest;
+using test::deleted;
 using test::failure;
 using test::holds;
 
@@ -20,17 +22,6 @@ class Gathering : public DatabaseTest {
         "CREATE TABLE Log(n INTEGER PRIMARY KEY);");
   }
 
-  static void add(db::Recordset& records, double n) {
-    records.addNew();
-    records.set("JobId", "1");
-    records.set("n", n);
-    records.update();
-  }
-  static std::unique_ptr<db::Recordset> deleted(db::Database& database) {
-    auto records = database.openRecordset("SELECT * FROM T WHERE JobId ='1'", db::Access::Edit);
-    for (; !records->eof(); records->moveNext()) records->remove();
-    return records;
-  }
   std::string numbers() const { return listed("SELECT n FROM T ORDER BY n", "n", ","); }
   std::string named(const std::string& rest) const { return "データベース「" + path_ + "」" + rest; }
 };

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "db/database.h"
+#include "db/steps.h"
 #include "exchange/copy.h"
 #include "exchange/create.h"
 #include "support/temporary_folder.h"
@@ -14,6 +15,8 @@
 // they stand in comes from outside.
 
 namespace {
+
+using test::failure;
 
 std::filesystem::path accessFiles() {
   const char* folder = std::getenv("SEIKAHYOU_ACCESS_FILES");
@@ -49,15 +52,6 @@ class AccessFile : public testing::Test {
       if (list->field("Type").number() == 1 && !own) names += name + " ";
     }
     return names;
-  }
-  template <typename Act>
-  static std::string failure(Act act) {
-    try {
-      act();
-    } catch (const db::Error& error) {
-      return error.what();
-    }
-    return "no error";
   }
 
   test::TemporaryFolder folder_;

@@ -1,10 +1,11 @@
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
 
-#include <gtest/gtest.h>
 #include "db/database.h"
+#include "db/steps.h"
 #include "support/postgres_server.h"
 #include "support/server_tests.h"
 
@@ -12,22 +13,15 @@
 
 namespace {
 
+using test::add;
+using test::deleted;
+using test::failure;
+using test::holds;
+
 test::PostgresServer& server() {
   static test::PostgresServer one;
   return one;
 }
-
-template <typename Act>
-std::string failure(Act act) {
-  try {
-    act();
-  } catch (const db::Error& error) {
-    return error.what();
-  }
-  return "no error";
-}
-
-bool holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 class Postgres : public testing::Test {
  protected:
@@ -53,17 +47,6 @@ class Postgres : public testing::Test {
     return result;
   }
   std::string numbers() const { return listed("SELECT n FROM T ORDER BY n"); }
-  static void add(db::Recordset& records, double n) {
-    records.addNew();
-    records.set("JobId", "1");
-    records.set("n", n);
-    records.update();
-  }
-  static std::unique_ptr<db::Recordset> deleted(db::Database& database) {
-    auto records = database.openRecordset("SELECT * FROM T WHERE JobId ='1'", db::Access::Edit);
-    for (; !records->eof(); records->moveNext()) records->remove();
-    return records;
-  }
   std::string named(const std::string& rest) const { return "データベース「" + path_ + "」" + rest; }
 
   test::TemporaryFolder folder_;
