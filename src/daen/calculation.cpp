@@ -25,9 +25,7 @@ std::string_view trimmedText(const ui::Grid& grid, int row, int col) {
 double number(const ui::Grid& grid, int row, int col) { return text::readNumber(grid.text(row, col)); }
 
 /// Rounded to a tenth, half away from zero.
-double toTenths(double value) {
-  return text::sign(value) * text::Fix(std::abs(value) * tenths + 0.5) / tenths;
-}
+double toTenths(double value) { return text::roundHalfAway(value, tenths); }
 
 double latitude(const std::string& degrees, const std::string& minutes) {
   return text::readNumber(degrees) + text::readNumber(minutes) / 60;
@@ -70,7 +68,7 @@ class Stretch {
     double sum = 0;
     int count = 0;
     for (int row = start_; holds(row); row = next(row), ++count) sum += number(grid, row, colHeight);
-    return text::Fix(std::abs(sum / count) * tenths + 0.5) / tenths;
+    return text::roundHalfUp(std::abs(sum / count), tenths);
   }
 
   /// The distances (km) whose sum the shares are measured against; backward they reach one segment beyond the

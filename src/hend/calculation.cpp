@@ -31,7 +31,7 @@ std::string halfway(std::string_view a, std::string_view b) {
   if (!between) return {};
   const text::Date earlier = text::Date::read(*between < 0 ? b : a);
   const double apart = *between < 0 ? -*between : *between;
-  return earlier.plus(static_cast<int>(text::Int(apart / 2 + 0.5))).text();
+  return earlier.plus(static_cast<int>(text::roundHalfUp(apart / 2, 1))).text();
 }
 
 /// The walk along the grid: counts of days and the daily change are carried from bench mark to bench mark.
@@ -138,7 +138,7 @@ class Walk {
   std::optional<double> meanHeight(int row, int col, int forward, int backward) {
     if (blank(forward, col) && blank(backward, col)) return std::nullopt;
     const double sum = number(forward, col) + number(backward, col);
-    const double mean = text::Int(sum / 2 * grade_.factor() + 0.5) / grade_.factor();
+    const double mean = text::roundHalfUp(sum / 2, grade_.factor());
     writeMetres(row, col, mean);
     return mean;
   }

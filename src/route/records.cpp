@@ -43,7 +43,7 @@ void forEachBenchMark(const ui::Grid& grid, int flagCol, const std::function<voi
 bool PairMean::add(double height) {
   sum_ += height;
   if (++count_ < 2) return false;
-  mean_ = text::Int(sum_ / 2 * units_ + 0.5) / units_;
+  mean_ = text::roundHalfUp(sum_ / 2, units_);
   restart();
   return true;
 }

@@ -44,8 +44,7 @@ class Walk {
   void average(int row) {
     sum_ += height_;
     if (++count_ != 2) return;
-    sum_ /= 2;
-    sum_ = text::Int(sum_ * tenthsOfMillimetre + 0.5) / tenthsOfMillimetre;
+    sum_ = text::roundHalfUp(sum_ / 2, tenthsOfMillimetre);
     write(row + 2, sum_);
   }
 

@@ -34,9 +34,7 @@ double number(const ui::Grid& grid, int row, int col) { return text::readNumber(
 double rounded(double value, const text::Pattern& pattern) { return text::readNumber(pattern.format(value)); }
 
 /// Whole units, halves away from zero.
-double wholeUnits(double units) {
-  return units >= 0 ? text::FcIntOfText(units + 0.5) : -text::FcIntOfText(-units + 0.5);
-}
+double wholeUnits(double units) { return text::roundHalfAway(units, 1); }
 
 /// The corrected height that a correction leads to.
 void writeHeight(ui::Grid& grid, int row, double units, job::Grade grade) {

@@ -150,6 +150,14 @@ double sign(double number) { return number > 0 ? 1.0 : number < 0 ? -1.0 : 0.0; 
 
 double FcIntOfText(double number) { return std::floor(Decimal(number).value()); }
 
+double roundHalfUp(double number, double unitsInOne) {
+  return FcIntOfText(number * unitsInOne + 0.5) / unitsInOne;
+}
+
+double roundHalfAway(double number, double unitsInOne) {
+  return sign(number) * roundHalfUp(std::abs(number), unitsInOne);
+}
+
 double FcDegToRad(double degrees) { return degrees * (4.0 * std::atan(1.0)) / 180.0; }
 
 std::int16_t toInt16(long long number) {

@@ -32,6 +32,15 @@ double sign(double number);
 /// is "3", gives 3, so that the noise of floating-point sums costs no unit. −0.5 gives −1.
 double FcIntOfText(double number);
 
+/// `number` rounded to `unitsInOne` units in a whole one, halves upwards: (1.0001 + 1.0002) / 2 in 10000
+/// units is 1.0002, −4.0005 / 2 is −2.0002. A half counts as one where the decimal text of the number in
+/// units reads so (FcIntOfText), so the noise of floating-point sums never turns it into less. Every mean is
+/// rounded here.
+double roundHalfUp(double number, double unitsInOne);
+
+/// The same with halves away from zero: −0.05 in 10 units is −0.1. Every computed correction is rounded here.
+double roundHalfAway(double number, double unitsInOne);
+
 /// `degrees` × π / 180, with π as 4 × arctangent of 1.
 double FcDegToRad(double degrees);
 

@@ -162,6 +162,10 @@ CellUse Grid::cellUse(int row, int col) const {
   return use_ && row >= fixedRows_ && row < rows_ ? use_(row, col) : CellUse::Shown;
 }
 
+bool Grid::isEntry(int row, int col) const {
+  return clickable(row, col) && cellUse(row, col) != CellUse::Shown && (!entry_ || entry_(row, col));
+}
+
 bool Grid::clickable(int row, int col) const {
   return row >= fixedRows_ && row < rows_ && col >= fixedCols_ && col < cols_ && colWidth(col) > 0;
 }

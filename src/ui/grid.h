@@ -94,6 +94,13 @@ class Grid : public Control {
   void setCellUse(std::function<CellUse(int row, int col)> use) { use_ = std::move(use); }
   CellUse cellUse(int row, int col) const;
 
+  /// The screen says which of the cells that take keys are entries; without that, all of them are.
+  void setEntry(std::function<bool(int row, int col)> entry) { entry_ = std::move(entry); }
+  /// True for an entry: a cell that the operator is led to, by the keys that go on to the next one, by a
+  /// paste, a fill or a delete. A cell that takes keys without being an entry is reached by a click or the
+  /// arrows alone.
+  bool isEntry(int row, int col) const;
+
   /// True for a cell that can be clicked: below the headers and not in a hidden column.
   bool clickable(int row, int col) const;
 
@@ -139,6 +146,7 @@ class Grid : public Control {
   std::vector<std::string> cells_;
   std::vector<ColumnLook> looks_;
   std::function<CellUse(int, int)> use_;
+  std::function<bool(int, int)> entry_;
   GridObserver* gridObserver_ = nullptr;
 };
 

@@ -75,4 +75,20 @@ bool FcEditSetLstDataKubun(ListBox& LstDataKubun, ListBox& LstDataKubun1) {
   return FcEditSetLstDataKubun(LstDataKubun) && FcEditSetLstDataKubun(LstDataKubun1);
 }
 
+void goToFirstEntry(Grid& grid) {
+  int textRow = 1;
+  int textCol = 0;
+  bool foundText = false;
+  for (int row = grid.fixedRows(); row < grid.rows(); ++row)
+    for (int col = grid.fixedCols(); col < grid.cols(); ++col) {
+      if (!grid.isEntry(row, col)) continue;
+      if (grid.cellUse(row, col) == CellUse::Number) return grid.setCurrent(row, col);
+      if (foundText) continue;
+      foundText = true;
+      textRow = row;
+      textCol = col;
+    }
+  grid.setCurrent(textRow, textCol);
+}
+
 }  // namespace ui

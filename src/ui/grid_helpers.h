@@ -36,4 +36,8 @@ bool FcEditSetLstDataKubun(ListBox& LstDataKubun);
 /// The same for the two lists of a screen with two selection sets.
 bool FcEditSetLstDataKubun(ListBox& LstDataKubun, ListBox& LstDataKubun1);
 
+/// Makes the cell current where the operator begins after a route was laid into the grid: its first entry
+/// that takes a number in reading order, else its first one that takes text, else row 1, column 0.
+void goToFirstEntry(Grid& grid);
+
 }  // namespace ui

@@ -240,6 +240,41 @@ TEST(FcIntOfText, IsTheGreatestIntegerNotAbove) {
   EXPECT_EQ(text::FcIntOfText(123456789.5), 123456789);
 }
 
+/// The sum of two readings of whole units, as a calculation forms it: each read from its decimal, then added.
+double sumOfReadings(int first, int second, double unitsInOne) {
+  return first / unitsInOne + second / unitsInOne;
+}
+
+// (1.0001 + 1.0002) / 2 = 1.00015 → 1.0002; −4.0005 / 2 = −2.00025 → −2.0002 (upwards) or −2.0003 (away from
+// zero); 1.005 in 100 units is the double 1.00499999999999989…, its text in units "100.5", with the half 101
+// → 1.01.
+TEST(RoundHalf, CountsAHalfAsItReads) {
+  EXPECT_EQ(text::roundHalfUp((1.0001 + 1.0002) / 2, 10000), 1.0002);
+  EXPECT_EQ(text::roundHalfUp(-4.0005 / 2, 10000), -2.0002);
+  EXPECT_EQ(text::roundHalfAway(-4.0005 / 2, 10000), -2.0003);
+  EXPECT_EQ(text::roundHalfUp(1.005, 100), 1.01);
+  EXPECT_EQ(text::roundHalfUp(2.4999, 1), 2);
+  EXPECT_EQ(text::roundHalfAway(-0.05, 10), -0.1);
+  EXPECT_EQ(text::roundHalfAway(0.04, 10), 0);
+}
+
+// The mean of two readings whose sum is s units is ⌊(s + 1) / 2⌋ units with halves upwards and
+// sign(s) · ⌊(|s| + 1) / 2⌋ with halves away from zero. Held against whole numbers for every sum from −50,000
+// to 50,000, each parted in several ways of one sign (two readings of
+// one height or one section), in tenths, in millimetres (other grades) and in tenths of a
+// millimetre (grade 1).
+TEST(RoundHalf, AgreesWithWholeNumbersForEverySum) {
+  for (const double unitsInOne : {10.0, 1000.0, 10000.0})
+    for (int sum = -50000; sum <= 50000; ++sum)
+      for (const int first : {0, sum / 7, sum / 3, sum / 2}) {
+        const double mean = sumOfReadings(first, sum - first, unitsInOne) / 2;
+        const int upwards = (sum + 1 - (((sum + 1) % 2 + 2) % 2)) / 2;
+        const int away = (sum < 0 ? -1 : 1) * ((std::abs(sum) + 1) / 2);
+        ASSERT_EQ(text::roundHalfUp(mean, unitsInOne), upwards / unitsInOne) << sum << " from " << first;
+        ASSERT_EQ(text::roundHalfAway(mean, unitsInOne), away / unitsInOne) << sum << " from " << first;
+      }
+}
+
 TEST(FcDegToRad, TurnsDegreesIntoRadians) {
   EXPECT_EQ(text::FcDegToRad(0), 0);
   EXPECT_DOUBLE_EQ(text::FcDegToRad(180), 3.14159265358979323846);

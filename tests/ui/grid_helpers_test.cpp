@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include <string>
 #include <vector>
 
@@ -126,6 +128,30 @@ TEST_F(GridHelpers, KeyEditLeavesEnterToOthers) {
   grid.setText(1, 1, "1.5");
   EXPECT_FALSE(ui::FcGridKeyEdit(grid, ui::key::enter));
   EXPECT_EQ(grid.text(1, 1), "1.5");
+}
+
+// Entries: text in (1,2), numbers in (2,1) and (3,1). The number in (2,1) is the first one; where no cell
+// takes a number the text is; where none takes anything the first bench mark.
+TEST_F(GridHelpers, FirstEntryIsTheFirstCellThatTakesANumber) {
+  grid.setRows(4);
+  grid.setCols(3);
+  bool numbers = true;
+  grid.setCellUse([&](int row, int col) {
+    if (row == 1 && col == 2) return ui::CellUse::Text;
+    return numbers && row >= 1 && col == 1 ? ui::CellUse::Number : ui::CellUse::Shown;
+  });
+  grid.setEntry([](int row, int) { return row >= 2; });
+  ui::goToFirstEntry(grid);
+  EXPECT_EQ(std::make_pair(grid.keyRow(), grid.keyCol()), std::make_pair(2, 1));
+  EXPECT_FALSE(grid.isEntry(1, 1));
+  EXPECT_TRUE(grid.isEntry(3, 1));
+  grid.setEntry({});
+  numbers = false;
+  ui::goToFirstEntry(grid);
+  EXPECT_EQ(std::make_pair(grid.keyRow(), grid.keyCol()), std::make_pair(1, 2));
+  grid.setCellUse({});
+  ui::goToFirstEntry(grid);
+  EXPECT_EQ(std::make_pair(grid.keyRow(), grid.keyCol()), std::make_pair(1, 0));
 }
 
 TEST(FcGridKeyEdit, TypesIntoATextBox) {
