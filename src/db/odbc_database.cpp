@@ -43,6 +43,14 @@ bool defines(std::string_view sql) {
   return beginsWith(sql, words);
 }
 
+/// A character of code 0 ends a statement, unless it stands in a text.
+bool holdsZeroOutsideTexts(std::string_view sql) {
+  const std::vector<Token> all = tokens(sql);
+  return std::any_of(all.begin(), all.end(), [](const Token& token) {
+    return token.kind != TokenKind::Text && token.text.find('\0') != std::string_view::npos;
+  });
+}
+
 /// The table of a SELECT whose records can be written; nothing for another statement.
 std::optional<std::string> editableTable(std::string_view sql) {
   const auto shape = selectShape(sql);
@@ -128,13 +136,17 @@ class OdbcDatabase final : public Database {
     connection_->requireOpen();
     std::vector<std::string> statements = splitStatements(sql);
     if (statements.empty()) throw connection_->error("への SQL 文が空です。");
-    if (statements.size() > 1 || sql.find('\0') != std::string_view::npos)
+    if (statements.size() > 1 || holdsZeroOutsideTexts(sql))
       throw connection_->error("への SQL 文は一度に一つだけです。二つめ以降があるため実行しませんでした。");
     return std::move(statements.front());
   }
 
+  /// No driver takes a character of code 0 for a part of a statement.
   std::string engineText(const std::string& sql) const {
-    return connection_->product().statement(*connection_, sql);
+    std::string text = connection_->product().statement(*connection_, sql);
+    if (text.find('\0') != std::string::npos)
+      throw connection_->error("への SQL 文に使えない文字（コード 0）があるため実行しませんでした。");
+    return text;
   }
 
   /// A text that the engine cannot read either, or that names no table, is described by the engine.

@@ -13,6 +13,16 @@ namespace {
 
 constexpr std::string_view withoutTrailingBlanks = " COLLATE RTRIM";
 
+/// A text literal that holds characters of code 0, where a statement would end for SQLite: written with
+/// another character in their place, and a call that puts them back.
+std::string withZerosCalled(std::string_view literal) {
+  char standIn = 1;
+  while (literal.find(standIn) != std::string_view::npos && standIn < ' ') ++standIn;
+  std::string text(literal);
+  std::replace(text.begin(), text.end(), '\0', standIn);
+  return "replace(" + text + ",char(" + std::to_string(static_cast<int>(standIn)) + "),char(0))";
+}
+
 template <std::size_t N>
 bool isOneOf(const Token& token, const std::array<std::string_view, N>& words) {
   return std::any_of(words.begin(), words.end(),
@@ -89,10 +99,12 @@ class Translation {
     }
   }
 
-  std::string_view written(std::size_t n) const {
+  std::string written(std::size_t n) const {
+    if (at(n).kind == TokenKind::Text && at(n).text.find('\0') != std::string_view::npos)
+      return withZerosCalled(at(n).text);
     if (isKey(n, "DISTINCTROW") && n > 0 && isKey(n - 1, "SELECT")) return "";
     if (isKey(n, "MID") && isSign(n + 1, "(") && !namesTable(n)) return "substr";
-    return at(n).text;
+    return std::string(at(n).text);
   }
 
   /// True where a name stands for a table or column even though a parenthesis follows: INSERT INTO MID (…).
