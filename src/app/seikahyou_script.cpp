@@ -3,7 +3,7 @@
 #include "platform/system.h"
 #include "script/session.h"
 #ifdef SEIKAHYOU_WITH_WINDOWS
-#include "qt/window_hands.h"
+#include "hands/window_hands.h"
 #endif
 
 /// seikahyou-script: works the program through an operation script and prints what the operator would see.
@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
   platform::useByteStreams();
   script::WindowHandsMaker windowHands;
 #ifdef SEIKAHYOU_WITH_WINDOWS
-  windowHands = [&argc, argv] { return qt::windowHands(argc, argv); };
+  windowHands = [&argc, argv] { return hands::windowHands(argc, argv); };
 #endif
   return script::runSession(platform::commandLineWords(argc, argv), windowHands,
                             {std::cin, std::cout, std::cerr});

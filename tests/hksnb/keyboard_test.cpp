@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "hands/operator.h"
 #include "hksnb/book_job.h"
 #include "hksnb/screen.h"
 #include "qt/application.h"
 #include "qt/forms.h"
-#include "qt/operator.h"
 #include "qt/window_desktop.h"
 
 namespace {
@@ -38,7 +38,7 @@ class BookKeys : public testing::Test {
   }
 
   void key(int code, const QString& text = {}) {
-    qt::operate::key(focus(), code, text);
+    hands::key(focus(), code, text);
     settle();
   }
 
@@ -110,7 +110,7 @@ TEST_F(BookKeys, LeadFromTheRoutesToTheSavedBookAndBack) {
 }
 
 TEST_F(BookKeys, TheTabsThemselvesNameTheStepToo) {
-  qt::operate::bringToFront(dynamic_cast<QTabWidget&>(*desktop.shown(screen.SSTab1)), 2);
+  hands::bringToFront(dynamic_cast<QTabWidget&>(*desktop.shown(screen.SSTab1)), 2);
   settle();
   EXPECT_EQ(screen.lblShoriShiji.text(), "処理C");
 }

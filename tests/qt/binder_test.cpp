@@ -11,9 +11,9 @@
 #include <QTabBar>
 #include <stdexcept>
 
+#include "hands/operator.h"
+#include "hands/reading.h"
 #include "qt/desk.h"
-#include "qt/operator.h"
-#include "qt/reading.h"
 
 namespace {
 
@@ -62,9 +62,9 @@ TEST_F(Binder, GathersWhatTheProgramChangesUntilTheNextTurn) {
 TEST_F(Binder, PressesReachTheScreenOnce) {
   screen_.SSTab1.setCurrent(1);
   open_.settle();
-  qt::operate::press(widget<QPushButton>(screen_.cmdGo));
-  qt::operate::press(widget<QAction>(screen_.clearItem));
-  qt::operate::press(widget<QRadioButton>(screen_.optSecond));
+  hands::press(widget<QPushButton>(screen_.cmdGo));
+  hands::press(widget<QAction>(screen_.clearItem));
+  hands::press(widget<QRadioButton>(screen_.optSecond));
   EXPECT_EQ(screen_.events, (Events{"go", "clear", "second"}));
   EXPECT_TRUE(screen_.optSecond.on());
   EXPECT_FALSE(widget<QRadioButton>(screen_.optFirst).isChecked());
@@ -74,7 +74,7 @@ TEST_F(Binder, ArrowKeysPressOptionButtons) {
   screen_.SSTab1.setCurrent(1);
   open_.settle();
   widget<QRadioButton>(screen_.optFirst).setFocus();
-  qt::operate::key(widget<QRadioButton>(screen_.optFirst), Qt::Key_Down);
+  hands::key(widget<QRadioButton>(screen_.optFirst), Qt::Key_Down);
   EXPECT_EQ(screen_.events, Events{"second"});
   EXPECT_TRUE(screen_.optSecond.on());
 }
@@ -89,10 +89,10 @@ TEST_F(Binder, EveryKeyInATextBoxIsAChange) {
   screen_.SSTab1.setCurrent(1);
   open_.settle();
   auto& box = widget<QLineEdit>(screen_.txtNumber);
-  qt::operate::type(box, "3");
-  qt::operate::type(box, "5");
-  qt::operate::enter(box, "12.5");
-  qt::operate::enter(box, "");
+  hands::type(box, "3");
+  hands::type(box, "5");
+  hands::enter(box, "12.5");
+  hands::enter(box, "");
   EXPECT_EQ(screen_.events, (Events{"text 3", "text 35", "text 12.5", "text "}));
 }
 
@@ -100,17 +100,17 @@ TEST_F(Binder, AScreenThatRefusesATextSeesTheBoxEmptied) {
   screen_.txtNumber.onChange.handle([this] {
     if (screen_.txtNumber.text() == "x") screen_.txtNumber.setText("");
   });
-  qt::operate::type(widget<QLineEdit>(screen_.txtNumber), "x");
+  hands::type(widget<QLineEdit>(screen_.txtNumber), "x");
   EXPECT_EQ(widget<QLineEdit>(screen_.txtNumber).text(), "");
 }
 
 TEST_F(Binder, SaysWhatIsWrongWithAText) {
   screen_.txtNumber.setValid([](std::string_view text) { return text != "x"; }, "日付ではありません");
   auto& box = widget<QLineEdit>(screen_.txtNumber);
-  qt::operate::type(box, "x");
+  hands::type(box, "x");
   EXPECT_EQ(box.toolTip(), "日付ではありません");
   EXPECT_EQ(box.palette().color(QPalette::Text), QColor(Qt::red));
-  qt::operate::enter(box, "2020");
+  hands::enter(box, "2020");
   EXPECT_EQ(box.toolTip(), "");
   EXPECT_NE(box.palette().color(QPalette::Text), QColor(Qt::red));
 }
@@ -119,17 +119,17 @@ TEST_F(Binder, ChoosesInAComboBoxAlsoWhatIsChosenAlready) {
   screen_.SSTab1.setCurrent(1);
   open_.settle();
   auto& combo = widget<QComboBox>(screen_.cmbRoute);
-  qt::operate::choose(combo, 1);
-  qt::operate::choose(combo, 1);
+  hands::choose(combo, 1);
+  hands::choose(combo, 1);
   combo.setFocus();
-  qt::operate::key(combo, Qt::Key_Down);
+  hands::key(combo, Qt::Key_Down);
   EXPECT_EQ(screen_.events, (Events{"route ろ", "route ろ", "route は  "}));
   EXPECT_EQ(combo.currentIndex(), 2);
 }
 
 TEST_F(Binder, TabsGoBothWays) {
   auto& tabs = widget<QTabWidget>(screen_.SSTab1);
-  qt::operate::bringToFront(tabs, 1);
+  hands::bringToFront(tabs, 1);
   EXPECT_EQ(screen_.SSTab1.current(), 1);
   screen_.SSTab1.setCurrent(0);
   open_.settle();
@@ -140,16 +140,16 @@ TEST_F(Binder, TabsGoBothWays) {
 TEST_F(Binder, SizesAreTwipsRoundedToPixels) {
   // The grid has 3000 × 1501 twips: 200 × 100.07 pixels.
   EXPECT_EQ(widget<QWidget>(screen_.Grid1).size(), QSize(200, 100));
-  const script::Size size = qt::sizeShown(screen_.Grid1, widget<QWidget>(screen_.Grid1));
+  const script::Size size = hands::sizeShown(screen_.Grid1, widget<QWidget>(screen_.Grid1));
   EXPECT_EQ(size.width, 3000);
   EXPECT_EQ(size.height, 1501);
-  EXPECT_EQ(qt::sizeShown(screen_.cmdGo, widget<QWidget>(screen_.cmdGo)).width, 0)
+  EXPECT_EQ(hands::sizeShown(screen_.cmdGo, widget<QWidget>(screen_.cmdGo)).width, 0)
       << "the form's affair, not the program's";
 }
 
 TEST_F(Binder, ASizeThatTheWidgetDoesNotHaveIsReadInPixels) {
   widget<QWidget>(screen_.Grid1).setFixedSize(180, 100);
-  const script::Size size = qt::sizeShown(screen_.Grid1, widget<QWidget>(screen_.Grid1));
+  const script::Size size = hands::sizeShown(screen_.Grid1, widget<QWidget>(screen_.Grid1));
   EXPECT_EQ(size.width, 180 * 15);
   EXPECT_EQ(size.height, 1501);
 }

@@ -6,7 +6,7 @@
 #include <QFocusEvent>
 #include <vector>
 
-#include "qt/operator.h"
+#include "hands/operator.h"
 
 namespace {
 
@@ -25,17 +25,17 @@ class ChoiceListTest : public testing::Test {
 };
 
 TEST_F(ChoiceListTest, AClickChoosesOnceAndAgain) {
-  qt::operate::choose(list_, 1);
-  qt::operate::choose(list_, 1);
+  hands::choose(list_, 1);
+  hands::choose(list_, 1);
   EXPECT_EQ(chosen_, (std::vector<int>{1, 1}));
   EXPECT_EQ(list_.chosenRow(), 1);
 }
 
 TEST_F(ChoiceListTest, ArrowKeysChooseOnceEach) {
   list_.setFocus();
-  qt::operate::key(list_, Qt::Key_Down);
-  qt::operate::key(list_, Qt::Key_Down);
-  qt::operate::key(list_, Qt::Key_Up);
+  hands::key(list_, Qt::Key_Down);
+  hands::key(list_, Qt::Key_Down);
+  hands::key(list_, Qt::Key_Up);
   EXPECT_EQ(chosen_, (std::vector<int>{0, 1, 0}));
 }
 
@@ -47,7 +47,7 @@ TEST_F(ChoiceListTest, ComingHereWithTheTabKeyChoosesNothing) {
 }
 
 TEST_F(ChoiceListTest, AClickBesideTheItemsChoosesNothing) {
-  qt::operate::click(*list_.viewport(), QPoint(100, 145));
+  hands::click(*list_.viewport(), QPoint(100, 145));
   EXPECT_TRUE(chosen_.empty());
 }
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "hands/operator.h"
 #include "qt/desk.h"
-#include "qt/operator.h"
 #include "text/error.h"
 
 namespace {
@@ -51,7 +51,7 @@ TEST(WindowDesktop, AWindowThatLetGoLeavesItsScreenAlone) {
   screen->load();
   desk.windows.show(*screen);
   screen->cmdGo.onClick.handle([&] { desk.windows.hide(*screen); });
-  qt::operate::press(*desk.windows.shown(screen->cmdGo));
+  hands::press(*desk.windows.shown(screen->cmdGo));
   screen->Grid1.setText(1, 0, "読まれない");
   screen.reset();
   QApplication::processEvents();
@@ -64,9 +64,9 @@ TEST(WindowDesktop, AnUntrappedErrorEndsTheActsNotTheEventLoop) {
   auto& button = open.widget<QPushButton>(open.screen.cmdGo);
   open.screen.SSTab1.setCurrent(1);
   open.settle();
-  EXPECT_NO_THROW(qt::operate::press(button));
+  EXPECT_NO_THROW(hands::press(button));
   EXPECT_EQ(open.desk.failures, Strings{"オーバーフローしました。"});
-  qt::operate::press(*open.desk.windows.shown(open.screen.clearItem));
+  hands::press(*open.desk.windows.shown(open.screen.clearItem));
   EXPECT_TRUE(open.screen.events.empty());
 }
 

@@ -25,7 +25,7 @@ GridDesk::GridDesk() {
 }
 
 void GridDesk::key(int code, Qt::KeyboardModifiers held, const QString& text) {
-  qt::operate::key(view_, code, text, held);
+  hands::key(view_, code, text, held);
 }
 
 void GridDesk::compose(const QString& preedit, const QString& commit) {

@@ -6,8 +6,8 @@
 #include <QInputMethodEvent>
 #include <QString>
 
+#include "hands/operator.h"
 #include "qt/desk.h"
-#include "qt/operator.h"
 
 /// A grid in a window: 12 rows below the header, 5 columns of which column 2 is hidden. Column 1 takes
 /// figures, column 4 any text.

@@ -138,7 +138,7 @@ TEST_F(GridKeys, AfterAClickThatMarksTheRowKeysGoToTheClickedCell) {
     ui::Grid& grid = grid_;
     grid.selectWholeRow();
   });
-  qt::operate::clickCell(view_, 3, 1);
+  hands::clickCell(view_, 3, 1);
   EXPECT_EQ(where(), "3,0 to 3,4");
   EXPECT_TRUE(view_.isKeyCell(view_.indexOf(3, 1)));
   key(Qt::Key_7, Qt::NoModifier, "7");

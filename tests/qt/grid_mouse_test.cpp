@@ -15,7 +15,7 @@ class GridMouse : public GridDesk {
 };
 
 TEST_F(GridMouse, AClickIsOneClick) {
-  qt::operate::clickCell(view_, 2, 3);
+  hands::clickCell(view_, 2, 3);
   EXPECT_EQ(where(), "2,3 to 2,3");
   EXPECT_EQ(clicks_, 1);
 }
@@ -36,14 +36,14 @@ TEST_F(GridMouse, LettingGoElsewhereIsNoClick) {
 }
 
 TEST_F(GridMouse, TheSecondPressOfADoubleClickIsAClickToo) {
-  qt::operate::clickCell(view_, 1, 1);
+  hands::clickCell(view_, 1, 1);
   mouse(QEvent::MouseButtonDblClick, middle(1, 1));
   mouse(QEvent::MouseButtonRelease, middle(1, 1), Qt::NoButton);
   EXPECT_EQ(clicks_, 2);
 }
 
 TEST_F(GridMouse, ReachesCellsOutOfView) {
-  qt::operate::clickCell(view_, 12, 4);
+  hands::clickCell(view_, 12, 4);
   EXPECT_EQ(where(), "12,4 to 12,4");
   EXPECT_EQ(clicks_, 1);
 }

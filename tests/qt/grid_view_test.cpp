@@ -2,8 +2,8 @@
 #include <QImage>
 #include <QScrollBar>
 
+#include "hands/reading.h"
 #include "qt/grid_desk.h"
-#include "qt/reading.h"
 
 namespace {
 
@@ -97,7 +97,7 @@ TEST_F(GridViewTest, ReadsTheSelectionFromTheView) {
   grid_.setCurrent(4, 3);
   grid_.selectTo(2, 0);
   settle();
-  const script::Reading seen = qt::readShown(grid_, view_);
+  const script::Reading seen = hands::readShown(grid_, view_);
   EXPECT_EQ(seen.rows, 13);
   EXPECT_EQ(seen.cols, 5);
   EXPECT_EQ(seen.row, 4);

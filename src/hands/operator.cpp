@@ -1,4 +1,4 @@
-#include "qt/operator.h"
+#include "hands/operator.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -13,7 +13,7 @@
 
 #include "qt/convert.h"
 
-namespace qt::operate {
+namespace hands {
 namespace {
 
 void mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
@@ -64,7 +64,7 @@ void press(QObject& shown) {
   }
 }
 
-void choose(ChoiceList& list, int row) {
+void choose(qt::ChoiceList& list, int row) {
   QListWidgetItem* item = list.item(row);
   list.scrollToItem(item);
   list.setFocus(Qt::MouseFocusReason);
@@ -94,7 +94,7 @@ void type(QLineEdit& box, const QString& character) {
   key(box, 0, character);
 }
 
-void clickCell(GridView& view, int row, int col) {
+void clickCell(qt::GridView& view, int row, int col) {
   const QModelIndex index = view.indexOf(row, col);
   view.setFocus(Qt::MouseFocusReason);
   view.scrollTo(index);
@@ -103,11 +103,11 @@ void clickCell(GridView& view, int row, int col) {
   click(*view.viewport(), place.center());
 }
 
-void keyInGrid(GridView& view, char32_t code) {
+void keyInGrid(qt::GridView& view, char32_t code) {
   view.setFocus(Qt::OtherFocusReason);
   if (code == ui::key::enter) return key(view, Qt::Key_Return, QStringLiteral("\r"));
   if (code == ui::key::backspace) return key(view, Qt::Key_Backspace, QStringLiteral("\b"));
-  key(view, 0, toQString(code));
+  key(view, 0, qt::toQString(code));
 }
 
 void bringToFront(QTabWidget& tabs, int page) {
@@ -116,4 +116,4 @@ void bringToFront(QTabWidget& tabs, int page) {
   click(*bar, bar->tabRect(page).center());
 }
 
-}  // namespace qt::operate
+}  // namespace hands

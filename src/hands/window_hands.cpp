@@ -1,19 +1,19 @@
-#include "qt/window_hands.h"
+#include "hands/window_hands.h"
 
 #include <QPushButton>
 #include <iostream>
 #include <stdexcept>
 #include <utility>
 
+#include "hands/operator.h"
+#include "hands/reading.h"
 #include "platform/files.h"
 #include "qt/application.h"
 #include "qt/convert.h"
 #include "qt/forms.h"
-#include "qt/operator.h"
-#include "qt/reading.h"
 #include "qt/window_desktop.h"
 
-namespace qt {
+namespace hands {
 namespace {
 
 /// The toolkit's platform without a display, where there is none.
@@ -27,7 +27,7 @@ void chooseOffscreen() {
 
 /// The error stream belongs to the script; of the toolkit's words only those about its own failure go there.
 void onlyFailures(QtMsgType type, const QMessageLogContext&, const QString& words) {
-  if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << fromQString(words) << std::endl;
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << qt::fromQString(words) << std::endl;
 }
 
 ui::Icon iconOf(const QMessageBox& box) {
@@ -42,7 +42,7 @@ ui::Icon iconOf(const QMessageBox& box) {
 }
 
 template <class WidgetKind>
-WidgetKind& widgetOf(const WindowDesktop& desktop, const ui::Control& control) {
+WidgetKind& widgetOf(const qt::WindowDesktop& desktop, const ui::Control& control) {
   if (auto* widget = qobject_cast<WidgetKind*>(desktop.shown(control))) return *widget;
   throw std::logic_error("no window shows control " + control.name());
 }
@@ -50,37 +50,37 @@ WidgetKind& widgetOf(const WindowDesktop& desktop, const ui::Control& control) {
 class WindowHands : public script::Hands {
  public:
   explicit WindowHands(std::string programName)
-      : application_(std::move(programName)), desktop_(Opening::Design, owner()) {
+      : application_(std::move(programName)), desktop_(qt::Opening::Design, owner()) {
     application_.whenFailed([this](std::exception_ptr error) { keep(error); });
   }
 
   ui::Desktop& desktop() override { return desktop_; }
 
   void press(ui::Pressable& control) override {
-    perform([&] { operate::press(widgetOf<QObject>(desktop_, control)); });
+    perform([&] { hands::press(widgetOf<QObject>(desktop_, control)); });
   }
   void choose(ui::ItemControl& control, int index) override {
     perform([&] {
       if (control.kind() == ui::Kind::ListBox)
-        operate::choose(widgetOf<ChoiceList>(desktop_, control), index);
+        hands::choose(widgetOf<qt::ChoiceList>(desktop_, control), index);
       else
-        operate::choose(widgetOf<QComboBox>(desktop_, control), index);
+        hands::choose(widgetOf<QComboBox>(desktop_, control), index);
     });
   }
   void enter(ui::TextBox& control, std::string_view text) override {
-    perform([&] { operate::enter(widgetOf<QLineEdit>(desktop_, control), toQString(text)); });
+    perform([&] { hands::enter(widgetOf<QLineEdit>(desktop_, control), qt::toQString(text)); });
   }
   void type(ui::TextBox& control, char32_t character) override {
-    perform([&] { operate::type(widgetOf<QLineEdit>(desktop_, control), toQString(character)); });
+    perform([&] { hands::type(widgetOf<QLineEdit>(desktop_, control), qt::toQString(character)); });
   }
   void click(ui::Grid& grid, int row, int col) override {
-    perform([&] { operate::clickCell(widgetOf<GridView>(desktop_, grid), row, col); });
+    perform([&] { hands::clickCell(widgetOf<qt::GridView>(desktop_, grid), row, col); });
   }
   void pressKey(ui::Grid& grid, char32_t code) override {
-    perform([&] { operate::keyInGrid(widgetOf<GridView>(desktop_, grid), code); });
+    perform([&] { hands::keyInGrid(widgetOf<qt::GridView>(desktop_, grid), code); });
   }
   void bringToFront(ui::TabControl& tab, int page) override {
-    perform([&] { operate::bringToFront(widgetOf<QTabWidget>(desktop_, tab), page); });
+    perform([&] { hands::bringToFront(widgetOf<QTabWidget>(desktop_, tab), page); });
   }
   void resize(ui::Screen& screen, int width, int height) override {
     perform([&] { windowOf(screen).resizeClient(static_cast<float>(width), static_cast<float>(height)); });
@@ -98,26 +98,26 @@ class WindowHands : public script::Hands {
     return sizeShown(control, widgetOf<QObject>(desktop_, control));
   }
   std::string caption(const ui::Screen& screen) override {
-    return fromQString(windowOf(screen).windowTitle());
+    return qt::fromQString(windowOf(screen).windowTitle());
   }
   bool shot(ui::Screen& screen, std::string_view path) override {
     settle();
     const std::string file = platform::pathText(platform::nativePath(path));
-    return windowOf(screen).grab().save(toQString(file), "PNG");
+    return windowOf(screen).grab().save(qt::toQString(file), "PNG");
   }
   std::vector<ui::Message> takeMessages() override { return std::exchange(messages_, {}); }
 
  private:
-  DesktopOwner owner() {
+  qt::DesktopOwner owner() {
     return {.ask = [this](QMessageBox& box) { answer(box); },
             .failed = [this](std::exception_ptr error) { keep(error); },
             .settled = [] {},
             .sweep = [] {},
-            .setUpForm = setUpForm};
+            .setUpForm = qt::setUpForm};
   }
 
-  ScreenWindow& windowOf(const ui::Screen& screen) const {
-    if (ScreenWindow* window = desktop_.windowOf(screen)) return *window;
+  qt::ScreenWindow& windowOf(const ui::Screen& screen) const {
+    if (qt::ScreenWindow* window = desktop_.windowOf(screen)) return *window;
     throw std::logic_error("no window shows screen " + screen.name());
   }
 
@@ -140,8 +140,8 @@ class WindowHands : public script::Hands {
   /// Reads the box as it stands on the desk and presses its OK.
   void answer(QMessageBox& box) {
     box.show();
-    messages_.push_back({fromQString(box.windowTitle()), fromQString(box.text()), iconOf(box)});
-    operate::press(*box.button(QMessageBox::Ok));
+    messages_.push_back({qt::fromQString(box.windowTitle()), qt::fromQString(box.text()), iconOf(box)});
+    hands::press(*box.button(QMessageBox::Ok));
     if (box.isVisible()) throw std::logic_error("message box does not close");
   }
 
@@ -149,10 +149,10 @@ class WindowHands : public script::Hands {
     if (!error_) error_ = error;
   }
 
-  Application application_;
+  qt::Application application_;
   std::vector<ui::Message> messages_;
   std::exception_ptr error_;
-  WindowDesktop desktop_;
+  qt::WindowDesktop desktop_;
 };
 
 }  // namespace
@@ -163,4 +163,4 @@ std::unique_ptr<script::Hands> windowHands(int& argc, char** argv) {
   return std::make_unique<WindowHands>(argc > 0 ? argv[0] : "seikahyou-script");
 }
 
-}  // namespace qt
+}  // namespace hands

@@ -13,7 +13,7 @@
 
 // An operator without a body: the events that mouse and keyboard would send, sent to real widgets.
 
-namespace qt::operate {
+namespace hands {
 
 /// Presses and lets go the left mouse button at a point of the widget.
 void click(QWidget& widget, const QPoint& at);
@@ -23,17 +23,17 @@ void key(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifie
 /// Presses a push button, radio button or menu item. Throws std::logic_error for anything else.
 void press(QObject& shown);
 /// Chooses an item of a list or, in its pop-up list, of a combo box.
-void choose(ChoiceList& list, int row);
+void choose(qt::ChoiceList& list, int row);
 void choose(QComboBox& combo, int row);
 /// Replaces the whole text at once, as an input method or a paste does.
 void enter(QLineEdit& box, const QString& text);
 /// Types a character at the end of the text.
 void type(QLineEdit& box, const QString& character);
 /// Clicks a cell, counted as the grid counts, scrolling it into view first.
-void clickCell(GridView& view, int row, int col);
+void clickCell(qt::GridView& view, int row, int col);
 /// Presses a key in the grid: a character, Enter or Backspace.
-void keyInGrid(GridView& view, char32_t code);
+void keyInGrid(qt::GridView& view, char32_t code);
 /// Clicks the tab of a page.
 void bringToFront(QTabWidget& tabs, int page);
 
-}  // namespace qt::operate
+}  // namespace hands

@@ -1,4 +1,4 @@
-#include "qt/reading.h"
+#include "hands/reading.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -14,7 +14,7 @@
 #include "qt/convert.h"
 #include "qt/grid_view.h"
 
-namespace qt {
+namespace hands {
 namespace {
 
 using script::Reading;
@@ -29,18 +29,18 @@ QString textOf(const QObject& shown) {
   return {};
 }
 
-void readList(const ChoiceList& list, Reading& reading) {
-  for (int i = 0; i < list.count(); ++i) reading.items.push_back(fromQString(list.item(i)->text()));
+void readList(const qt::ChoiceList& list, Reading& reading) {
+  for (int i = 0; i < list.count(); ++i) reading.items.push_back(qt::fromQString(list.item(i)->text()));
   reading.current = list.chosenRow();
 }
 
 void readCombo(const QComboBox& combo, Reading& reading) {
-  for (int i = 0; i < combo.count(); ++i) reading.items.push_back(fromQString(combo.itemText(i)));
+  for (int i = 0; i < combo.count(); ++i) reading.items.push_back(qt::fromQString(combo.itemText(i)));
   reading.current = combo.currentIndex();
 }
 
 /// The current cell is one corner of the selection, the end of the selection the opposite one.
-void readSelection(const GridView& view, Reading& reading) {
+void readSelection(const qt::GridView& view, Reading& reading) {
   const QModelIndex current = view.selectionModel()->currentIndex();
   const QItemSelection selection = view.selectionModel()->selection();
   if (!current.isValid() || selection.isEmpty()) return;
@@ -52,22 +52,22 @@ void readSelection(const GridView& view, Reading& reading) {
   reading.colSel = current.column() == range.left() ? range.right() : range.left();
 }
 
-void readGrid(const GridView& view, Reading& reading) {
-  const GridModel& model = view.gridModel();
+void readGrid(const qt::GridView& view, Reading& reading) {
+  const qt::GridModel& model = view.gridModel();
   reading.rows = model.rowCount() + model.headerRows();
   reading.cols = model.columnCount();
   readSelection(view, reading);
   reading.cell = [&model](int row, int col) {
     const int header = model.headerRows();
-    if (row >= header) return fromQString(model.index(row - header, col).data().toString());
+    if (row >= header) return qt::fromQString(model.index(row - header, col).data().toString());
     const QString texts = model.headerData(col, Qt::Horizontal).toString();
-    return fromQString(header == 1 ? texts : texts.split(u'\n').value(row));
+    return qt::fromQString(header == 1 ? texts : texts.split(u'\n').value(row));
   };
 }
 
 /// A size of the program that the widget has, rounded to pixels, is that size.
 int twipsShown(float set, int pixels) {
-  return toPixels(set) == pixels ? static_cast<int>(std::lround(set)) : toTwips(pixels);
+  return qt::toPixels(set) == pixels ? static_cast<int>(std::lround(set)) : qt::toTwips(pixels);
 }
 
 }  // namespace
@@ -75,11 +75,11 @@ int twipsShown(float set, int pixels) {
 Reading readShown(const ui::Control& control, const QObject& shown) {
   Reading reading;
   reading.kind = control.kind();
-  reading.text = fromQString(textOf(shown));
+  reading.text = qt::fromQString(textOf(shown));
   if (const auto* button = qobject_cast<const QAbstractButton*>(&shown)) reading.on = button->isChecked();
-  if (const auto* list = qobject_cast<const ChoiceList*>(&shown)) readList(*list, reading);
+  if (const auto* list = qobject_cast<const qt::ChoiceList*>(&shown)) readList(*list, reading);
   if (const auto* combo = qobject_cast<const QComboBox*>(&shown)) readCombo(*combo, reading);
-  if (const auto* view = qobject_cast<const GridView*>(&shown)) readGrid(*view, reading);
+  if (const auto* view = qobject_cast<const qt::GridView*>(&shown)) readGrid(*view, reading);
   if (const auto* tabs = qobject_cast<const QTabWidget*>(&shown)) {
     reading.current = tabs->currentIndex();
     reading.pages = tabs->count();
@@ -94,4 +94,4 @@ script::Size sizeShown(const ui::Control& control, const QObject& shown) {
   return {twipsShown(box.width, widget->width()), twipsShown(box.height, widget->height())};
 }
 
-}  // namespace qt
+}  // namespace hands

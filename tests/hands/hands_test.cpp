@@ -4,9 +4,9 @@
 #include <memory>
 #include <sstream>
 
+#include "hands/window_hands.h"
 #include "platform/files.h"
 #include "qt/offscreen.h"
-#include "qt/window_hands.h"
 #include "script/headless.h"
 #include "script/runner.h"
 #include "seihyou/screen.h"
@@ -48,9 +48,9 @@ class OneScreen : public script::Subject {
 std::unique_ptr<script::Hands> windowHands() {
   test::chooseOffscreen();
   static int argc = 1;
-  static char name[] = "qt_hands_test";
+  static char name[] = "hands_test";
   static char* argv[] = {name, nullptr};
-  return qt::windowHands(argc, argv);
+  return hands::windowHands(argc, argv);
 }
 
 /// What a run of the script prints, with its exit status at the end.

@@ -4,7 +4,7 @@
 
 #include "script/hands.h"
 
-namespace qt {
+namespace hands {
 
 /// What the operator sees of a control: read from the widget or action that shows it, not from the control.
 script::Reading readShown(const ui::Control& control, const QObject& shown);
@@ -13,4 +13,4 @@ script::Reading readShown(const ui::Control& control, const QObject& shown);
 /// program has set, whole pixels else. 0 × 0 where the program leaves the size to the form.
 script::Size sizeShown(const ui::Control& control, const QObject& shown);
 
-}  // namespace qt
+}  // namespace hands
