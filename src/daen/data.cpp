@@ -5,6 +5,7 @@
 
 #include "daen/columns.h"
 #include "db/database.h"
+#include "db/sql.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "text/number.h"
@@ -16,25 +17,25 @@ namespace daen {
 namespace {
 
 /// "JobId ='…' AND 事業番号 ='…'" and the route. `jobId` is the column's name as this query spells it.
-std::string routeKeys(const std::string& jobId, const job::JobContext& context,
-                      const route::Selection& selection) {
-  return jobId + " ='" + context.gJobId + "'" + " AND 事業番号 ='" + route::paddedKey(selection.jigyoBango) +
-         "'" + route::routeCondition(selection);
+db::Sql routeKeys(db::SourceText jobId, const job::JobContext& context, const route::Selection& selection) {
+  return db::Sql(jobId) + " =" + db::sqlValue(context.gJobId) +
+         " AND 事業番号 =" + db::sqlValue(route::paddedKey(selection.jigyoBango)) +
+         route::routeCondition(selection);
 }
 
-std::string loadSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + " WHERE " + " " +
+db::Sql loadSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaData) + " WHERE " + " " +
          routeKeys("JobId", context, selection) + route::loadCategoryCondition(selection.dataKubun) +
          " ORDER BY DataKubun,SaveOrder";
 }
 
-std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT * FROM " + context.tables.gTblKansokuSeikaDataDaen + " WHERE  " +
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataDaen) + " WHERE  " +
          routeKeys("JobId", context, selection) + route::plainCategoryCondition(selection.dataKubun);
 }
 
-std::string replacedSql(const job::JobContext& context, const route::Selection& selection) {
-  return "select * from " + context.tables.gTblKansokuSeikaDataDaen + " WHERE " +
+db::Sql replacedSql(const job::JobContext& context, const route::Selection& selection) {
+  return "select * from " + db::sqlName(context.tables.gTblKansokuSeikaDataDaen) + " WHERE " +
          routeKeys("JobID", context, selection) + route::plainCategoryCondition(selection.dataKubun);
 }
 
@@ -136,7 +137,7 @@ class SavedRows : public RouteRows {
 };
 
 template <class Rows>
-void layInto(ui::Grid& grid, const std::string& sql, const job::JobContext& context, const Formats& formats) {
+void layInto(ui::Grid& grid, const db::Sql& sql, const job::JobContext& context, const Formats& formats) {
   route::readRecords(context.gDbPath, sql, [&](db::Database&, db::Recordset& records) {
     Rows rows(records, formats, grid);
     route::layRecords(records, rows);

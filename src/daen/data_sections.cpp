@@ -5,6 +5,7 @@
 
 #include "daen/columns.h"
 #include "db/database.h"
+#include "db/sql.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "text/padding.h"
@@ -27,33 +28,36 @@ const text::Pattern& reopened() {
   return pattern;
 }
 
-std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return "SELECT * FROM " + context.tables.gTblDaenHoseiChiHyouData + " WHERE JobId = '" + context.gJobId +
-         "'" + " AND 事業番号 ='" + route::paddedKey(selection.jigyoBango) + "'" + " AND 路線番号 ='" +
-         route::paddedKey(selection.rosenBango) + "'" + " AND DataKubun = '" + selection.dataKubun + "'";
+db::Sql padded(std::string_view key) { return db::sqlValue(route::paddedKey(key)); }
+
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return "SELECT * FROM " + db::sqlName(context.tables.gTblDaenHoseiChiHyouData) +
+         " WHERE JobId = " + db::sqlValue(context.gJobId) + " AND 事業番号 =" + padded(selection.jigyoBango) +
+         " AND 路線番号 =" + padded(selection.rosenBango) +
+         " AND DataKubun = " + db::sqlValue(selection.dataKubun);
 }
 
-std::string reopenSql(const job::JobContext& context, const route::Selection& selection) {
-  const std::string& table = context.tables.gTblDaenHoseiChiHyouData;
-  return " SELECT * FROM " + table + " WHERE " + " JobId ='" + context.gJobId + "'" + " AND " + table +
-         ".事業番号 ='" + route::paddedKey(selection.jigyoBango) + "'" + " AND " + table + ".路線番号 ='" +
-         route::paddedKey(selection.rosenBango) + "'" + " AND " + table + ".DataKubun" + "=" + "'" +
-         selection.dataKubun + "'" + " ORDER BY " + table + ".SaveOrder";
+db::Sql reopenSql(const job::JobContext& context, const route::Selection& selection) {
+  const db::Sql table = db::sqlName(context.tables.gTblDaenHoseiChiHyouData);
+  return " SELECT * FROM " + table + " WHERE " + " JobId =" + db::sqlValue(context.gJobId) + " AND " + table +
+         ".事業番号 =" + padded(selection.jigyoBango) + " AND " + table +
+         ".路線番号 =" + padded(selection.rosenBango) + " AND " + table + ".DataKubun" + "=" +
+         db::sqlValue(selection.dataKubun) + " ORDER BY " + table + ".SaveOrder";
 }
 
 /// What both reference queries begin with.
-std::string projectSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT * FROM " + context.tables.gTblDaenHoseiChiHyouData + " WHERE JobId ='" + context.gJobId +
-         "'" + " AND 事業番号 ='" + route::paddedKey(selection.jigyoBango) + "'";
+db::Sql projectSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblDaenHoseiChiHyouData) +
+         " WHERE JobId =" + db::sqlValue(context.gJobId) + " AND 事業番号 =" + padded(selection.jigyoBango);
 }
 
-std::string otherRoutesSql(const job::JobContext& context, const route::Selection& selection) {
-  return projectSql(context, selection) + " AND 路線番号 <>'" + route::paddedKey(selection.rosenBango) + "'";
+db::Sql otherRoutesSql(const job::JobContext& context, const route::Selection& selection) {
+  return projectSql(context, selection) + " AND 路線番号 <>" + padded(selection.rosenBango);
 }
 
-std::string otherCategoriesSql(const job::JobContext& context, const route::Selection& selection) {
-  return projectSql(context, selection) + " AND 路線番号 ='" + route::paddedKey(selection.rosenBango) + "'" +
-         " AND DataKubun <>'" + selection.dataKubun + "'";
+db::Sql otherCategoriesSql(const job::JobContext& context, const route::Selection& selection) {
+  return projectSql(context, selection) + " AND 路線番号 =" + padded(selection.rosenBango) +
+         " AND DataKubun <>" + db::sqlValue(selection.dataKubun);
 }
 
 void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
@@ -78,7 +82,7 @@ std::string referenceItem(const db::Recordset& record) {
          db::FcNullToBlank(record.field("k"));
 }
 
-void addReferences(const std::string& dbPath, const std::string& sql, ui::ListBox& list) {
+void addReferences(const std::string& dbPath, const db::Sql& sql, ui::ListBox& list) {
   route::readRecords(dbPath, sql, [&](db::Database&, db::Recordset& records) {
     for (; !records.eof(); records.moveNext()) list.addItem(referenceItem(records));
   });

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "hend/calculation.h"
 #include "hend/columns.h"
 #include "route/observations.h"
@@ -20,28 +21,30 @@ namespace {
 constexpr std::string_view familyCategory = "1";
 
 /// The keys of a selection but for route and category; numbers are taken without blanks around them.
-std::string projectKeys(const job::JobContext& context, const route::Selection& selection) {
-  return " WHERE JobId ='" + context.gJobId + "'" + " AND 事業番号 ='" +
-         std::string(text::trimmed(selection.jigyoBango)) + "'";
+db::Sql projectKeys(const job::JobContext& context, const route::Selection& selection) {
+  return " WHERE JobId =" + db::sqlValue(context.gJobId) +
+         " AND 事業番号 =" + db::sqlValue(text::trimmed(selection.jigyoBango));
 }
 
-std::string exactRoute(const route::Selection& selection) {
-  return " AND 路線番号 ='" + std::string(text::trimmed(selection.rosenBango)) + "'";
+db::Sql exactRoute(const route::Selection& selection) {
+  return " AND 路線番号 =" + db::sqlValue(text::trimmed(selection.rosenBango));
 }
 
-std::string familyOfRoute(const route::Selection& selection) {
-  return " AND MID(路線番号,3,4) ='" + route::routeFamily(text::trimmed(selection.rosenBango)) + "'";
+db::Sql familyOfRoute(const route::Selection& selection) {
+  return " AND MID(路線番号,3,4) =" + db::sqlValue(route::routeFamily(text::trimmed(selection.rosenBango)));
 }
 
-std::string observedSql(const job::JobContext& context, const route::Selection& selection,
-                        const std::string& routeCondition) {
-  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + projectKeys(context, selection) +
-         routeCondition + route::loadCategoryCondition(selection.dataKubun) + " ORDER BY DataKubun,SaveOrder";
+db::Sql observedSql(const job::JobContext& context, const route::Selection& selection,
+                    const db::Sql& routeCondition) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaData) +
+         projectKeys(context, selection) + routeCondition +
+         route::loadCategoryCondition(selection.dataKubun) + " ORDER BY DataKubun,SaveOrder";
 }
 
-std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT * FROM " + context.tables.gTblKansokuSeikaDataHend + projectKeys(context, selection) +
-         exactRoute(selection) + route::plainCategoryCondition(selection.dataKubun);
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHend) +
+         projectKeys(context, selection) + exactRoute(selection) +
+         route::plainCategoryCondition(selection.dataKubun);
 }
 
 /// A stored date as the grid shows it: eight digits get their slashes, ten characters stay, any other text is

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "hksnb/data.h"
 #include "hksnb/procedure.h"
 #include "route/observations.h"
@@ -14,15 +15,15 @@ namespace {
 constexpr std::size_t projectWidth = 9;
 constexpr std::size_t routeWidth = 8;
 
-std::string routesSql(const job::JobContext& context, Kind kind) {
-  return " SELECT DISTINCT 事業番号,路線番号 FROM " + correctionTable(context, kind) + " WHERE JobId = '" +
-         context.gJobId + "'" + " AND (DataKubun = '0' OR DataKubun = NULL)";
+db::Sql routesSql(const job::JobContext& context, Kind kind) {
+  return " SELECT DISTINCT 事業番号,路線番号 FROM " + db::sqlName(correctionTable(context, kind)) +
+         " WHERE JobId = " + db::sqlValue(context.gJobId) + " AND (DataKubun = '0' OR DataKubun = NULL)";
 }
 
-std::string numbersSql(const job::JobContext& context, Kind kind) {
-  return "SELECT Distinct 変動観測簿No FROM " + context.tables.gTblKansokuSeikaDataHKSNB +
-         " WHERE JObId = '" + context.gJobId + "'" + " AND 補正値フラグ = '" + std::string(rowsCode(kind)) +
-         "'" + " ORDER BY 変動観測簿No";
+db::Sql numbersSql(const job::JobContext& context, Kind kind) {
+  return "SELECT Distinct 変動観測簿No FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
+         " WHERE JObId = " + db::sqlValue(context.gJobId) +
+         " AND 補正値フラグ = " + db::sqlValue(rowsCode(kind)) + " ORDER BY 変動観測簿No";
 }
 
 }  // namespace
@@ -44,7 +45,7 @@ Status FcHHKSB_AddRosenEndFlg(const job::JobContext& context, ui::Desktop& deskt
     if (std::none_of(columns.begin(), columns.end(), [](const db::ColumnDefinition& column) {
           return text::equalIgnoringCase(column.name, "RosenEndFlg");
         }))
-      database->execute("ALTER TABLE " + table + " ADD COLUMN RosenEndFlg TEXT(2)");
+      database->execute("ALTER TABLE " + db::sqlName(table) + " ADD COLUMN RosenEndFlg TEXT(2)");
     database->close();
   });
 }

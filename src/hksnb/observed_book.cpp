@@ -2,6 +2,7 @@
 #include <string>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "hksnb/data.h"
 #include "hksnb/filling.h"
 #include "hksnb/procedure.h"
@@ -11,23 +12,25 @@ namespace hksnb {
 namespace {
 
 /// The observations of a route beside the results of the correction, where there are any.
-std::string observationsSql(const job::JobContext& context, Kind kind, const RouteItem& item) {
+db::Sql observationsSql(const job::JobContext& context, Kind kind, const RouteItem& item) {
   const bool orthometric = kind == Kind::Orthometric;
-  const std::string& observed = context.tables.gTblKansokuSeikaData;
-  const auto same = [&](const std::string& ours, const std::string& theirs) {
+  const db::Sql observed = db::sqlName(context.tables.gTblKansokuSeikaData);
+  const auto same = [&](db::SourceText ours, db::SourceText theirs) {
     return " (" + observed + "." + ours + " = HOSEI." + theirs + ")";
   };
-  const std::string corrections = orthometric
-                                      ? " HOSEI.正標高補正数 AS 補正値, HOSEI.正標高結果 AS 補正結果,"
-                                      : " HOSEI.楕円補正値 AS 補正値, HOSEI.楕円補正結果 AS 補正結果,";
-  return " SELECT DISTINCTROW " + observed + ".*, HOSEI.標高 AS 正標高," + corrections +
-         " HOSEI.備考1, HOSEI.備考2 FROM " + observed + " LEFT JOIN  " + correctionTable(context, kind) +
-         " AS HOSEI ON" + same("JobId", "JobId") + " AND " + same("DataKubun", "DataKubun") + " AND " +
+  const db::SourceText orthometricColumns = " HOSEI.正標高補正数 AS 補正値, HOSEI.正標高結果 AS 補正結果,";
+  const db::SourceText ellipsoidalColumns = " HOSEI.楕円補正値 AS 補正値, HOSEI.楕円補正結果 AS 補正結果,";
+  return " SELECT DISTINCTROW " + observed + ".*, HOSEI.標高 AS 正標高," +
+         (orthometric ? orthometricColumns : ellipsoidalColumns) + " HOSEI.備考1, HOSEI.備考2 FROM " +
+         observed + " LEFT JOIN  " + db::sqlName(correctionTable(context, kind)) + " AS HOSEI ON" +
+         same("JobId", "JobId") + " AND " + same("DataKubun", "DataKubun") + " AND " +
          same("SaveOrder", "SaveOrder") + "  AND " + same("事業番号", "事業番号") + "  AND" +
-         same("路線番号", "路線番号") + " AND" + same("標石番号", orthometric ? "水準点番号" : "標石番号") +
-         " WHERE " + observed + ".JobId ='" + context.gJobId + "'" + " AND " + observed + ".事業番号 = '" +
-         item.project + "'" + " AND " + observed + ".路線番号 = '" + item.route + "'" + " AND (" + observed +
-         ".DataKubun ='0' OR " + observed + ".DataKubun = Null)" + " ORDER BY " + observed + ".SaveOrder";
+         same("路線番号", "路線番号") + " AND" +
+         (orthometric ? same("標石番号", "水準点番号") : same("標石番号", "標石番号")) + " WHERE " +
+         observed + ".JobId =" + db::sqlValue(context.gJobId) + " AND " + observed +
+         ".事業番号 = " + db::sqlValue(item.project) + " AND " + observed +
+         ".路線番号 = " + db::sqlValue(item.route) + " AND (" + observed + ".DataKubun ='0' OR " + observed +
+         ".DataKubun = Null)" + " ORDER BY " + observed + ".SaveOrder";
 }
 
 /// Reads observations from records whose columns it has looked up once.

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "hksnb/columns.h"
 #include "hksnb/data.h"
 #include "hksnb/grid_set_up.h"
@@ -18,13 +19,13 @@ constexpr std::array<const char*, placeColumns> placeFields = {"事業番号", "
                                                                "町村"};
 
 /// The conditions of a book's rows behind "WHERE JobId = '…'".
-std::string bookCondition(Kind kind, const std::string& number) {
-  return " AND 補正値フラグ = '" + std::string(rowsCode(kind)) + "'" + " AND 変動観測簿No ='" + number + "'";
+db::Sql bookCondition(Kind kind, const std::string& number) {
+  return " AND 補正値フラグ = " + db::sqlValue(rowsCode(kind)) + " AND 変動観測簿No =" + db::sqlValue(number);
 }
 
-std::string periodsCondition(const job::JobContext& context, Kind kind, const std::string& number) {
-  return " WHERE JobId = '" + context.gJobId + "'" + " AND 観測簿種類 ='" + std::string(periodsCode(kind)) +
-         "'" + " AND 変動観測簿No ='" + number + "'";
+db::Sql periodsCondition(const job::JobContext& context, Kind kind, const std::string& number) {
+  return " WHERE JobId = " + db::sqlValue(context.gJobId) +
+         " AND 観測簿種類 =" + db::sqlValue(periodsCode(kind)) + " AND 変動観測簿No =" + db::sqlValue(number);
 }
 
 /// Lays stored rows into the grid, one after another.
@@ -109,9 +110,9 @@ class StoredBook {
 
 void readRows(db::Database& database, const job::JobContext& context, Kind kind, const std::string& number,
               BookBoxes& boxes, ui::Grid& grid) {
-  const auto records = database.openRecordset(" SELECT * FROM " + context.tables.gTblKansokuSeikaDataHKSNB +
-                                              " WHERE JobId = '" + context.gJobId + "'" +
-                                              bookCondition(kind, number) + " ORDER BY SaveOrder");
+  const auto records = database.openRecordset(
+      " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
+      " WHERE JobId = " + db::sqlValue(context.gJobId) + bookCondition(kind, number) + " ORDER BY SaveOrder");
   if (!records->eof()) {
     boxes.presentYear = db::FcNullToBlank(records->field("今回観測日付"));
     boxes.previousYear = db::FcNullToBlank(records->field("前回観測日付"));
@@ -200,9 +201,10 @@ class BookWriter {
 void replacePeriods(db::Database& database, const job::JobContext& context, Kind kind,
                     const std::string& number, const Period& present) {
   database.execute("DELETE FROM KansokuKikan" + periodsCondition(context, kind, number));
-  database.execute("INSERT INTO KansokuKikan VALUES('" + context.gJobId + "','" +
-                   std::string(periodsCode(kind)) + "','" + number + "','" + present.yearFrom +
-                   present.monthFrom + "','" + present.yearTo + present.monthTo + "',' ',' ')");
+  database.execute("INSERT INTO KansokuKikan VALUES(" + db::sqlValue(context.gJobId) + "," +
+                   db::sqlValue(periodsCode(kind)) + "," + db::sqlValue(number) + "," +
+                   db::sqlValue(present.yearFrom + present.monthFrom) + "," +
+                   db::sqlValue(present.yearTo + present.monthTo) + ",' ',' ')");
 }
 
 }  // namespace
@@ -221,8 +223,8 @@ Status FcHHKSB_HKSNBSave(const job::JobContext& context, Kind kind, const std::s
                          const Period& present, const ui::Grid& Grid1) {
   return procedure(Grid1.desktop(), "FcHHKSB_HKSNBSave", [&] {
     const auto database = db::openDatabase(context.gDbPath);
-    const std::string rows = "SELECT * FROM " + context.tables.gTblKansokuSeikaDataHKSNB + " WHERE JobId ='" +
-                             context.gJobId + "'" + bookCondition(kind, number);
+    const db::Sql rows = "SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
+                         " WHERE JobId =" + db::sqlValue(context.gJobId) + bookCondition(kind, number);
     route::replaceRecords(*database, rows, [&](db::Recordset& records) {
       BookWriter(context, kind, number, Grid1, records).write();
     });

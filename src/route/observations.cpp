@@ -4,20 +4,18 @@
 
 namespace route {
 
-std::string routeKeys(const job::JobContext& context, const Selection& selection, std::string_view prefix) {
-  const std::string before(prefix);
-  return " WHERE " + before + "JobId ='" + context.gJobId + "'" + " AND " + before + "事業番号 ='" +
-         selection.jigyoBango + "'" + routeCondition(selection, prefix);
+db::Sql routeKeys(const job::JobContext& context, const Selection& selection, const db::Sql& prefix) {
+  return " WHERE " + prefix + "JobId =" + db::sqlValue(context.gJobId) + " AND " + prefix +
+         "事業番号 =" + db::sqlValue(selection.jigyoBango) + routeCondition(selection, prefix);
 }
 
-std::string observationsSql(const job::JobContext& context, const Selection& selection) {
-  return " SELECT * FROM " + context.tables.gTblKansokuSeikaData + routeKeys(context, selection) +
-         loadCategoryCondition(selection.dataKubun) + " ORDER BY SaveOrder";
+db::Sql observationsSql(const job::JobContext& context, const Selection& selection) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaData) +
+         routeKeys(context, selection) + loadCategoryCondition(selection.dataKubun) + " ORDER BY SaveOrder";
 }
 
-std::string savedRecordsSql(const job::JobContext& context, const Selection& selection,
-                            std::string_view table) {
-  return "SELECT * FROM " + std::string(table) + routeKeys(context, selection) +
+db::Sql savedRecordsSql(const job::JobContext& context, const Selection& selection, std::string_view table) {
+  return "SELECT * FROM " + db::sqlName(table) + routeKeys(context, selection) +
          plainCategoryCondition(selection.dataKubun);
 }
 
@@ -30,7 +28,7 @@ void saveBenchMarks(const job::JobContext& context, const Selection& selection, 
   });
 }
 
-void readRecords(std::string_view dbPath, std::string_view sql,
+void readRecords(std::string_view dbPath, const db::Sql& sql,
                  const std::function<void(db::Database&, db::Recordset&)>& read) {
   const auto database = db::openDatabase(dbPath);
   const auto records = database->openRecordset(sql);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "job/context.h"
 #include "route/records.h"
 #include "route/selection.h"
@@ -17,16 +18,14 @@ namespace route {
 // What the corrections that lay a route into a grid and save it again have in common.
 
 /// " WHERE JobId ='…' AND 事業番号 ='…'" and the route, for a table whose columns carry `prefix` ("A.").
-std::string routeKeys(const job::JobContext& context, const Selection& selection,
-                      std::string_view prefix = {});
+db::Sql routeKeys(const job::JobContext& context, const Selection& selection, const db::Sql& prefix = {});
 
 /// The observation records of a selection in their order along the route.
-std::string observationsSql(const job::JobContext& context, const Selection& selection);
+db::Sql observationsSql(const job::JobContext& context, const Selection& selection);
 
 /// The records of a selection in the result table `table`, as a save replaces them: those without a category
 /// stay untouched.
-std::string savedRecordsSql(const job::JobContext& context, const Selection& selection,
-                            std::string_view table);
+db::Sql savedRecordsSql(const job::JobContext& context, const Selection& selection, std::string_view table);
 
 /// Replaces the saved records of a selection in the result table `table` by the bench marks of `grid`, whose
 /// column `flagCol` holds the route flags. `add` adds one: it gets the bench-mark row, the row of the section
@@ -38,7 +37,7 @@ void saveBenchMarks(const job::JobContext& context, const Selection& selection, 
 
 /// Opens the job database and the records that `sql` selects, hands both to `read`, and closes them again.
 /// Raises db::Error.
-void readRecords(std::string_view dbPath, std::string_view sql,
+void readRecords(std::string_view dbPath, const db::Sql& sql,
                  const std::function<void(db::Database&, db::Recordset&)>& read);
 
 /// Lets `layer.add()` lay record after record into its grid, as long as it returns true (it returns false

@@ -6,14 +6,14 @@
 
 namespace route {
 
-void replaceRecords(std::string_view dbPath, std::string_view sql,
+void replaceRecords(std::string_view dbPath, const db::Sql& sql,
                     const std::function<void(db::Recordset&)>& write) {
   const auto database = db::openDatabase(dbPath);
   replaceRecords(*database, sql, write);
   database->close();
 }
 
-void replaceRecords(db::Database& database, std::string_view sql,
+void replaceRecords(db::Database& database, const db::Sql& sql,
                     const std::function<void(db::Recordset&)>& write) {
   const auto records = database.openRecordset(sql, db::Access::Edit);
   for (; !records->eof(); records->moveNext()) records->remove();

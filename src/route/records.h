@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "text/pattern.h"
 #include "ui/desktop.h"
 #include "ui/grid.h"
@@ -14,10 +15,10 @@ namespace route {
 /// Replaces the records that `sql` ("SELECT * FROM table WHERE …") selects: deletes them one after another,
 /// then lets `write` add the new ones, and returns when they are safe on disk. Raises db::Error; what was
 /// deleted and written before an error stays so.
-void replaceRecords(std::string_view dbPath, std::string_view sql,
+void replaceRecords(std::string_view dbPath, const db::Sql& sql,
                     const std::function<void(db::Recordset&)>& write);
 /// The same in a database that is open and stays so; the new records are safe on disk when it is closed.
-void replaceRecords(db::Database& database, std::string_view sql,
+void replaceRecords(db::Database& database, const db::Sql& sql,
                     const std::function<void(db::Recordset&)>& write);
 
 /// A cell as it goes into a record: Null where it is blank.

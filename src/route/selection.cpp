@@ -1,7 +1,5 @@
 #include "route/selection.h"
 
-#include <initializer_list>
-
 #include "text/padding.h"
 
 namespace route {
@@ -10,12 +8,6 @@ namespace {
 constexpr std::size_t keyWidth = 8;
 constexpr std::string_view familyCategory = "1";
 constexpr std::string_view mainCategory = "0";
-
-std::string joined(std::initializer_list<std::string_view> pieces) {
-  std::string result;
-  for (const std::string_view piece : pieces) result += piece;
-  return result;
-}
 
 }  // namespace
 
@@ -27,19 +19,19 @@ std::string routeFamily(std::string_view rosenBango) {
   return std::string(text::mid(paddedKey(rosenBango), 3, 4));
 }
 
-std::string routeCondition(const Selection& selection, std::string_view prefix) {
+db::Sql routeCondition(const Selection& selection, const db::Sql& prefix) {
   if (selection.dataKubun == familyCategory)
-    return joined({" AND MID(", prefix, "路線番号,3,4) ='", routeFamily(selection.rosenBango), "'"});
-  return joined({" AND ", prefix, "路線番号 ='", paddedKey(selection.rosenBango), "'"});
+    return " AND MID(" + prefix + "路線番号,3,4) =" + db::sqlValue(routeFamily(selection.rosenBango));
+  return " AND " + prefix + "路線番号 =" + db::sqlValue(paddedKey(selection.rosenBango));
 }
 
-std::string plainCategoryCondition(std::string_view dataKubun, std::string_view prefix) {
-  return joined({" AND ", prefix, "DataKubun = '", dataKubun, "'"});
+db::Sql plainCategoryCondition(std::string_view dataKubun, const db::Sql& prefix) {
+  return " AND " + prefix + "DataKubun = " + db::sqlValue(dataKubun);
 }
 
-std::string loadCategoryCondition(std::string_view dataKubun, std::string_view prefix) {
+db::Sql loadCategoryCondition(std::string_view dataKubun, const db::Sql& prefix) {
   if (dataKubun != mainCategory) return plainCategoryCondition(dataKubun, prefix);
-  return joined({" AND (", prefix, "DataKubun = '", dataKubun, "' OR ", prefix, "DataKubun = Null)"});
+  return " AND (" + prefix + "DataKubun = " + db::sqlValue(dataKubun) + " OR " + prefix + "DataKubun = Null)";
 }
 
 }  // namespace route

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "db/sql.h"
+
 namespace route {
 
 /// The keys that choose one route (or family of routes) of a job, as the operator chose them.
@@ -30,17 +32,16 @@ inline constexpr std::string_view routeEnd = "-1";
 inline constexpr std::string_view repeatedPoint = "-2";
 
 // Pieces of SQL. `prefix` stands before each column, such as "A." or "KansokuSeikaData."; it may be empty.
-// Values stand between quotes as they are.
 
 /// " AND <prefix>路線番号 ='<padded route>'", or for data category "1" the family of the route:
 /// " AND MID(<prefix>路線番号,3,4) ='<characters 3 to 6>'".
-std::string routeCondition(const Selection& selection, std::string_view prefix = {});
+db::Sql routeCondition(const Selection& selection, const db::Sql& prefix = {});
 
 /// " AND <prefix>DataKubun = '<category>'".
-std::string plainCategoryCondition(std::string_view dataKubun, std::string_view prefix = {});
+db::Sql plainCategoryCondition(std::string_view dataKubun, const db::Sql& prefix = {});
 
 /// The same for every category but "0". For "0" records without a category are named too,
 /// " AND (<prefix>DataKubun = '0' OR <prefix>DataKubun = Null)", though no comparison with Null ever holds.
-std::string loadCategoryCondition(std::string_view dataKubun, std::string_view prefix = {});
+db::Sql loadCategoryCondition(std::string_view dataKubun, const db::Sql& prefix = {});
 
 }  // namespace route

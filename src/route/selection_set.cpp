@@ -23,7 +23,7 @@ std::string SelectionSet::category() const {
   return categories_ == nullptr ? "0" : categoryCode(categories_->text());
 }
 
-std::string SelectionSet::categoryCondition() const {
+db::Sql SelectionSet::categoryCondition() const {
   return rule_ == CategoryRule::WithNull ? loadCategoryCondition(category())
                                          : plainCategoryCondition(category());
 }
@@ -36,15 +36,15 @@ void SelectionSet::fillProjects() {
 
 void SelectionSet::fillRoutes() {
   routes_.clear();
-  fill(routes_, "路線番号", " AND 事業番号 = '" + projects_.text() + "'" + categoryCondition());
+  fill(routes_, "路線番号", " AND 事業番号 = " + db::sqlValue(projects_.text()) + categoryCondition());
 }
 
-void SelectionSet::fill(ui::ComboBox& combo, const std::string& column, const std::string& conditions) {
+void SelectionSet::fill(ui::ComboBox& combo, db::SourceText column, const db::Sql& conditions) {
   const auto database = db::openDatabase(context_.gDbPath);
-  const auto records =
-      database->openRecordset("SELECT DISTINCT " + column + " FROM " + table_ + " WHERE JobId = '" +
-                              context_.gJobId + "'" + conditions + " ORDER BY " + column);
-  const db::Column number = records->column(column);
+  const auto records = database->openRecordset(
+      "SELECT DISTINCT " + db::Sql(column) + " FROM " + db::sqlName(table_) +
+      " WHERE JobId = " + db::sqlValue(context_.gJobId) + conditions + " ORDER BY " + column);
+  const db::Column number = records->column(column.text());
   for (; !records->eof(); records->moveNext()) combo.addItem(records->value(number).text());
   records->close();
   database->close();

@@ -38,8 +38,8 @@ class SelectionSet {
 
  private:
   std::string category() const;
-  void fill(ui::ComboBox& combo, const std::string& column, const std::string& conditions);
-  std::string categoryCondition() const;
+  void fill(ui::ComboBox& combo, db::SourceText column, const db::Sql& conditions);
+  db::Sql categoryCondition() const;
 
   const job::JobContext& context_;
   std::string table_;

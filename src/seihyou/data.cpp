@@ -3,6 +3,7 @@
 #include <string>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "seihyou/columns.h"
@@ -16,19 +17,21 @@ namespace {
 constexpr double tenthsOfMillimetre = 10000;  // means are rounded to 0.1 mm in every grade
 
 /// The saved end of the route listed before, where it is this bench mark.
-std::string savedEndSql(const job::JobContext& context, const route::Selection& selection,
-                        const std::string& benchMark) {
-  return "SELECT 標高 FROM " + context.tables.gTblKansokuSeikaDataSeihyou + " WHERE 水準点番号 = '" +
-         benchMark + "'" + " AND RosenEndDataFlg = '-1'" + " AND 事業番号 = '" + selection.jigyoBango + "'" +
-         " AND 路線番号 = '" + selection.previousRosen + "'" + " AND DataKubun ='" + selection.dataKubun +
-         "'" + " AND JobId = '" + context.gJobId + "'";
+db::Sql savedEndSql(const job::JobContext& context, const route::Selection& selection,
+                    const std::string& benchMark) {
+  return "SELECT 標高 FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataSeihyou) +
+         " WHERE 水準点番号 = " + db::sqlValue(benchMark) + " AND RosenEndDataFlg = '-1'" +
+         " AND 事業番号 = " + db::sqlValue(selection.jigyoBango) +
+         " AND 路線番号 = " + db::sqlValue(selection.previousRosen) +
+         " AND DataKubun =" + db::sqlValue(selection.dataKubun) +
+         " AND JobId = " + db::sqlValue(context.gJobId);
 }
 
 /// Saved results beside the observed heights of today.
-std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
-  const std::string& saved = context.tables.gTblKansokuSeikaDataSeihyou;
-  const std::string& observed = context.tables.gTblKansokuSeikaData;
-  const auto same = [&](const std::string& ours, const std::string& theirs) {
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
+  const db::Sql saved = db::sqlName(context.tables.gTblKansokuSeikaDataSeihyou);
+  const db::Sql observed = db::sqlName(context.tables.gTblKansokuSeikaData);
+  const auto same = [&](db::SourceText ours, db::SourceText theirs) {
     return " (" + observed + "." + ours + " = " + saved + "." + theirs + ")";
   };
   return " SELECT " + saved + ".*," + observed + ".標高 AS 観測標高" + " FROM " + saved + " LEFT JOIN " +

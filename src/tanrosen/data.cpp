@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "db/database.h"
+#include "db/sql.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "tanrosen/columns.h"
@@ -14,12 +15,12 @@ namespace tanrosen {
 namespace {
 
 /// Saved results (A) beside the heights of today (B).
-std::string savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT A.*,B.標高 FROM " + context.tables.gTblKansokuSeikaDataTanrosen + " A" + " LEFT JOIN " +
-         context.tables.gTblKansokuSeikaData + " B" + " ON A.JobId = B.JobId" +
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT A.*,B.標高 FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataTanrosen) + " A" +
+         " LEFT JOIN " + db::sqlName(context.tables.gTblKansokuSeikaData) + " B" + " ON A.JobId = B.JobId" +
          " AND A.事業番号 = B.事業番号" + " AND A.路線番号 = B.路線番号" + " AND A.SaveOrder = B.SaveOrder" +
-         route::routeKeys(context, selection, "A.") +
-         route::loadCategoryCondition(selection.dataKubun, "A.") + " ORDER BY A.SaveOrder";
+         route::routeKeys(context, selection, db::Sql("A.")) +
+         route::loadCategoryCondition(selection.dataKubun, db::Sql("A.")) + " ORDER BY A.SaveOrder";
 }
 
 bool isKnown(const db::Value& height) { return height.number() != 0; }

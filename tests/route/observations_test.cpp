@@ -18,7 +18,7 @@ TEST(RouteKeys, NameJobProjectAndRoute) {
   const test::SmallJob job;
   EXPECT_EQ(route::routeKeys(job.context(), mainRoute),
             " WHERE JobId ='3' AND 事業番号 ='1001' AND 路線番号 ='R001    '");
-  EXPECT_EQ(route::routeKeys(job.context(), family, "A."),
+  EXPECT_EQ(route::routeKeys(job.context(), family, db::Sql("A.")),
             " WHERE A.JobId ='3' AND A.事業番号 ='1001' AND MID(A.路線番号,3,4) ='A001'");
 }
 
@@ -47,7 +47,7 @@ TEST(ReadRecords, FindsTheRouteUnderEitherSpelling) {
   job.observed(4, "R001", "B3", "30", "1", "", "NULL");
   job.observed(5, "R001", "B4", "30", "1", "", "'1'");
   Lines found;
-  const std::string sql = route::observationsSql(job.context(), mainRoute);
+  const db::Sql sql = route::observationsSql(job.context(), mainRoute);
   route::readRecords(job.context().gDbPath, sql, [&](db::Database&, db::Recordset& records) {
     const db::Column number = records.column("標石番号");
     for (; !records.eof(); records.moveNext()) found.push_back(route::fieldText(records, number));
@@ -61,7 +61,7 @@ TEST(ReadRecords, FindsTheWholeFamilyInCategoryOne) {
   job.observed(2, "99A00199", "B2", "10", "1", "", "'1'");
   job.observed(3, "01A00201", "C1", "10", "1", "", "'1'");
   int count = 0;
-  const std::string sql = route::observationsSql(job.context(), family);
+  const db::Sql sql = route::observationsSql(job.context(), family);
   route::readRecords(job.context().gDbPath, sql, [&](db::Database&, db::Recordset& records) {
     for (; !records.eof(); records.moveNext()) ++count;
   });
@@ -77,7 +77,7 @@ struct Layer {
 TEST(LayRecords, GoesToTheEndOrUntilTheGridIsFull) {
   const test::SmallJob job;
   for (int order = 1; order <= 4; ++order) job.observed(order, "R001", "B", "10", "1");
-  const std::string sql = route::observationsSql(job.context(), mainRoute);
+  const db::Sql sql = route::observationsSql(job.context(), mainRoute);
   for (const auto& [room, laid] : std::vector<std::pair<int, int>>{{100, 4}, {3, 3}}) {
     Layer layer{room};
     route::readRecords(job.context().gDbPath, sql,
@@ -88,7 +88,7 @@ TEST(LayRecords, GoesToTheEndOrUntilTheGridIsFull) {
 
 TEST(BeginRecord, SetsTheKeysWithTheRouteOfTheRowOrOfTheSelection) {
   const test::SmallJob job;
-  const std::string sql = route::savedRecordsSql(job.context(), mainRoute, "KansokuSeikaDataSeihyou");
+  const db::Sql sql = route::savedRecordsSql(job.context(), mainRoute, "KansokuSeikaDataSeihyou");
   route::replaceRecords(job.context().gDbPath, sql, [&](db::Recordset& records) {
     route::beginRecord(records, job.context(), mainRoute, "  ", 1);
     records.update();

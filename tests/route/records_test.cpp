@@ -27,7 +27,7 @@ class ReplaceRecords : public testing::Test {
   }
 
   test::SmallJob job;
-  const char* routeOne = "SELECT * FROM KansokuSeikaDataSeihyou WHERE 路線番号 = 'R001'";
+  const db::Sql routeOne{"SELECT * FROM KansokuSeikaDataSeihyou WHERE 路線番号 = 'R001'"};
 };
 
 void add(db::Recordset& records, int order, const char* remark) {
@@ -168,12 +168,12 @@ TEST(PairMean, IsRoundedToTheUnitHalvesUpwards) {
   EXPECT_DOUBLE_EQ(millimetres.mean(), -1.062);
 }
 
-TEST(PairMean, IsTakenFromTheDoublesAsTheyStand) {
+TEST(PairMean, RoundsAHalfUpwardsAsItReads) {
   route::PairMean mean(10000);
   mean.add(1.0);
   mean.add(1.0001);
-  // 2.0001 / 2 × 10000 + 0.5 is 10000.999999999998 in doubles, and is cut to 10000.
-  EXPECT_EQ(mean.mean(), 1.0);
+  // (1.0000 + 1.0001) / 2 = 1.00005; × 10000 + 0.5 would be 10000.999999999998 in doubles.
+  EXPECT_EQ(mean.mean(), 1.0001);
 }
 
 TEST(PairMean, NeverReachesOverARouteEnd) {

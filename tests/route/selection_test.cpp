@@ -31,22 +31,23 @@ TEST(RouteFamily, IsCharactersThreeToSix) {
 
 TEST(RouteCondition, NamesThePaddedRoute) {
   EXPECT_EQ(route::routeCondition(routeOf("R001", "0")), " AND 路線番号 ='R001    '");
-  EXPECT_EQ(route::routeCondition(routeOf("R001", "4"), "A."), " AND A.路線番号 ='R001    '");
+  EXPECT_EQ(route::routeCondition(routeOf("R001", "4"), db::Sql("A.")), " AND A.路線番号 ='R001    '");
   EXPECT_EQ(route::routeCondition(routeOf("R001", "")), " AND 路線番号 ='R001    '");
 }
 
 TEST(RouteCondition, NamesTheFamilyInCategoryOne) {
   EXPECT_EQ(route::routeCondition(routeOf("01A00102", "1")), " AND MID(路線番号,3,4) ='A001'");
-  EXPECT_EQ(route::routeCondition(routeOf("01A00102", "1"), "KansokuSeikaData."),
+  EXPECT_EQ(route::routeCondition(routeOf("01A00102", "1"), db::Sql("KansokuSeikaData.")),
             " AND MID(KansokuSeikaData.路線番号,3,4) ='A001'");
 }
 
 TEST(CategoryConditions, NameNullInCategoryZeroOfALoadOnly) {
   EXPECT_EQ(route::plainCategoryCondition("0"), " AND DataKubun = '0'");
-  EXPECT_EQ(route::plainCategoryCondition("3", "A."), " AND A.DataKubun = '3'");
-  EXPECT_EQ(route::loadCategoryCondition("3", "A."), " AND A.DataKubun = '3'");
+  EXPECT_EQ(route::plainCategoryCondition("3", db::Sql("A.")), " AND A.DataKubun = '3'");
+  EXPECT_EQ(route::loadCategoryCondition("3", db::Sql("A.")), " AND A.DataKubun = '3'");
   EXPECT_EQ(route::loadCategoryCondition("0"), " AND (DataKubun = '0' OR DataKubun = Null)");
-  EXPECT_EQ(route::loadCategoryCondition("0", "A."), " AND (A.DataKubun = '0' OR A.DataKubun = Null)");
+  EXPECT_EQ(route::loadCategoryCondition("0", db::Sql("A.")),
+            " AND (A.DataKubun = '0' OR A.DataKubun = Null)");
 }
 
 }  // namespace
