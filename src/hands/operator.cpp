@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 #include "qt/convert.h"
+#include "ui/grid.h"
 
 namespace hands {
 namespace {

@@ -12,6 +12,8 @@
 #include "qt/convert.h"
 #include "qt/forms.h"
 #include "qt/window_desktop.h"
+#include "ui/controls.h"
+#include "ui/desktop.h"
 
 namespace hands {
 namespace {

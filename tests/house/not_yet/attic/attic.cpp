@@ -1,0 +1,1 @@
+int attic() { return 2; }

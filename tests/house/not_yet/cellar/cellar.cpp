@@ -1,0 +1,1 @@
+int cellar() { return 1; }

@@ -1,0 +1,3 @@
+#include "attic/attic.h"
+
+int attic() { return 2; }

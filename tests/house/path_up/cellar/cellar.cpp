@@ -1,0 +1,3 @@
+#include "../attic/attic.h"
+
+int cellar() { return attic(); }

@@ -1,0 +1,1 @@
+int height() { return 2; }

@@ -1,0 +1,1 @@
+int mean() { return 1; }

@@ -1,0 +1,4 @@
+#include "cellar/cellar.h"
+#include "hall/hall.h"
+
+int attic() { return hall() + cellar(); }

@@ -1,0 +1,3 @@
+#include "cellar/cellar.h"
+
+int cellar() { return 1; }

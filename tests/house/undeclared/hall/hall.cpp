@@ -1,0 +1,5 @@
+#include "hall/hall.h"
+
+#include "cellar/cellar.h"
+
+int hall() { return cellar(); }
