@@ -27,10 +27,11 @@ bool CsvReader::next(std::vector<CsvField>& record) {
 }
 
 void CsvReader::readPlain(CsvField& field, std::size_t number) {
-  const std::size_t end = std::min(bytes_.find_first_of(",\"\r\n", at_), bytes_.size());
+  const std::size_t end =
+      std::min(bytes_.find_first_of(std::string_view(stops_.data(), stops_.size()), at_), bytes_.size());
   field.bytes = bytes_.substr(at_, end - at_);
   at_ = end;
-  if (at_ == bytes_.size() || bytes_[at_] == ',' || bytes_[at_] == '\n') return;
+  if (at_ == bytes_.size() || bytes_[at_] == separator() || bytes_[at_] == '\n') return;
   if (bytes_[at_] == '"') throw CsvFault(line_, number, "引用符で始まらない項目の途中に引用符があります。");
   if (bytes_.substr(at_, 2) != "\r\n")
     throw CsvFault(line_, number, "改行の途中だけの文字 (CR) があります。");
@@ -47,12 +48,12 @@ void CsvReader::readQuoted(CsvField& field, std::size_t number) {
   }
   ++at_;
   const std::string_view rest = bytes_.substr(at_);
-  if (!rest.empty() && rest[0] != ',' && rest[0] != '\n' && !rest.starts_with("\r\n"))
+  if (!rest.empty() && rest[0] != separator() && rest[0] != '\n' && !rest.starts_with("\r\n"))
     throw CsvFault(line_, number, "閉じた引用符の後に余分な文字があります。");
 }
 
 bool CsvReader::takeLineEnd() {
-  if (bytes_[at_] == ',') return false;
+  if (bytes_[at_] == separator()) return false;
   at_ += bytes_[at_] == '\r' ? 2U : 1U;
   ++line_;
   return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -35,8 +36,10 @@ class CsvFault : public text::RuntimeError {
 /// Reads the records of a file one after another. Lines end with CR LF or LF.
 class CsvReader {
  public:
-  /// `bytes` must outlive the reader.
-  explicit CsvReader(std::string_view bytes) : bytes_(bytes) {}
+  /// `bytes` must outlive the reader. `separator` parts the fields: a comma, or a tab as spreadsheets put it
+  /// on the clipboard.
+  explicit CsvReader(std::string_view bytes, char separator = ',')
+      : bytes_(bytes), stops_{separator, '"', '\r', '\n'} {}
 
   /// The next record; false at the end of the file. An empty line is a record of one empty field. Raises
   /// CsvFault for a quote inside a field without quotes, for anything but a comma or a line end behind a
@@ -48,7 +51,10 @@ class CsvReader {
   void readQuoted(CsvField& field, std::size_t number);
   bool takeLineEnd();
 
+  char separator() const { return stops_[0]; }
+
   std::string_view bytes_;
+  std::array<char, 4> stops_;  ///< what ends a field without quotes; the separator first
   std::size_t at_ = 0;
   std::size_t line_ = 1;
 };

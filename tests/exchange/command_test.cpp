@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "job_file.h"
+#include "support/job_file.h"
 #include "platform/files.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "exchange/tables.h"
-#include "job_file.h"
+#include "support/job_file.h"
 #include "platform/files.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "exchange/tables.h"
-#include "job_file.h"
+#include "support/job_file.h"
 #include "platform/files.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "exchange/create.h"
 #include "exchange/csv_file.h"
-#include "job_file.h"
+#include "support/job_file.h"
 #include "platform/files.h"
 
 namespace {

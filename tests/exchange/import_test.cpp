@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "exchange/csv_file.h"
-#include "job_file.h"
+#include "support/job_file.h"
 
 namespace {
 

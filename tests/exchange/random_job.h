@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "exchange/tables.h"
-#include "job_file.h"
+#include "support/job_file.h"
 
 namespace test {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "job_file.h"
+#include "support/job_file.h"
 
 namespace {
 
