@@ -1,5 +1,7 @@
 #include "route/selection_screen.h"
 
+#include "ui/grid_helpers.h"
+
 namespace route {
 
 SelectionScreen::SelectionScreen(const Names& names, const Categories& categories,
@@ -32,6 +34,7 @@ void SelectionScreen::open(const SelectionSet& set, Reader read) {
   opened_.show(selection, set.categoryText());
   setUpGrids();
   (this->*read)(selection);
+  ui::goToFirstEntry(Grid1);
   SSTab1.setCurrent(dataPage());
 }
 

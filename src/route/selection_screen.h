@@ -72,7 +72,7 @@ class SelectionScreen : public ui::Screen {
   virtual void clear();
 
   /// Opens the route chosen from the observation results, or from the saved results: labels, empty grids,
-  /// data, and the data page to the front.
+  /// data, the first entry as the current cell, and the data page to the front.
   void openObserved() { open(observed_, &SelectionScreen::openData); }
   void openSaved() { open(saved_, &SelectionScreen::reopenData); }
 

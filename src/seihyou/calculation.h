@@ -23,7 +23,8 @@ void FcCalcSeihyou(ui::Grid& grid, int row, job::Grade grade);
 /// does not follow a repeated one.
 bool isCorrectionCell(const ui::Grid& grid, int row, int col);
 
-/// True for the cell of the start height: column 3 of the first bench mark.
+/// True for the cell of the start height: column 3 of the first bench mark. It takes keys, yet no key leads
+/// there: whoever goes from entry to entry never adds a digit to it unawares.
 bool isStartHeightCell(int row, int col);
 
 /// The section row with the next correction of the same route below `row`; `row` itself where it holds the

@@ -39,6 +39,7 @@ fSHsei::fSHsei(const job::JobContext& context, ui::Desktop& desktop)
                   context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1});
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
+  Grid1.setEntry([](int row, int col) { return !isStartHeightCell(row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
 }
 

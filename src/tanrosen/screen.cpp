@@ -95,13 +95,18 @@ void fTHsei::clear() {
   BenchMarkLists{lstSuijyun, lstKiti}.clear();
 }
 
-/// The operator keeps the known points in route order; nothing is sorted or checked.
+/// The operator keeps the known points in route order; nothing is sorted or checked. What the list holds
+/// decides which heights can be typed.
 void fTHsei::Command1_Click() {
-  if (!lstSuijyun.text().empty()) lstKiti.addItem(lstSuijyun.text());
+  if (lstSuijyun.text().empty()) return;
+  lstKiti.addItem(lstSuijyun.text());
+  Grid1.usesChanged();
 }
 
 void fTHsei::Command2_Click() {
-  if (!lstKiti.text().empty()) lstKiti.removeItem(lstKiti.listIndex());
+  if (lstKiti.text().empty()) return;
+  lstKiti.removeItem(lstKiti.listIndex());
+  Grid1.usesChanged();
 }
 
 void fTHsei::cmdCalc_Click() {

@@ -96,6 +96,9 @@ class Grid : public Control {
 
   /// The screen says which of the cells that take keys are entries; without that, all of them are.
   void setEntry(std::function<bool(int row, int col)> entry) { entry_ = std::move(entry); }
+  /// The screen says so when what setCellUse answers has become another by something outside the grid, such
+  /// as a list beside it: a window shows the cells anew.
+  void usesChanged() { notify(); }
   /// True for an entry: a cell that the operator is led to, by the keys that go on to the next one, by a
   /// paste, a fill or a delete. A cell that takes keys without being an entry is reached by a click or the
   /// arrows alone.

@@ -1,6 +1,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 #include "hands/reading.h"
 #include "qt/grid_desk.h"
@@ -79,6 +80,24 @@ TEST_F(GridViewTest, CellsToTypeIntoAreWhiteTheOthersGrey) {
   EXPECT_EQ(ground(1, 1), QColor(Qt::white));
   EXPECT_LT(ground(1, 0).lightness(), 255);
   EXPECT_GT(ground(1, 0).lightness(), 220) << "slightly";
+}
+
+// The view keeps what it painted until it is told; so the model must tell.
+TEST_F(GridViewTest, CellsThatBecomeTypeableAreShownSoAtOnce) {
+  bool known = false;
+  grid_.setCellUse(
+      [&](int, int col) { return known && col == 3 ? ui::CellUse::Number : ui::CellUse::Shown; });
+  grid_.setCurrent(5, 0);
+  settle();
+  EXPECT_LT(ground(1, 3).lightness(), 255);
+  const QSignalSpy told(view_.model(), &QAbstractItemModel::dataChanged);
+  known = true;
+  settle();
+  EXPECT_EQ(told.count(), 0);
+  grid_.usesChanged();
+  settle();
+  EXPECT_GE(told.count(), 1);
+  EXPECT_EQ(ground(1, 3), QColor(Qt::white));
 }
 
 TEST_F(GridViewTest, ASelectedRowIsTintedAndTheKeyCellFramed) {

@@ -85,6 +85,24 @@ TEST_F(RouteScreens, OpenWhatWasChosen) {
   EXPECT_EQ(desktop.pointers, (std::vector{ui::Pointer::Hourglass, ui::Pointer::Default}));
 }
 
+// Column 1 takes text on every row, figures on row 2 alone.
+TEST_F(RouteScreens, LeadToTheFirstEntry) {
+  screen.Grid1.setRows(4);
+  screen.Grid1.setCols(3);
+  screen.Grid1.setCellUse([](int row, int col) {
+    return col != 1 ? ui::CellUse::Shown : row == 2 ? ui::CellUse::Number : ui::CellUse::Text;
+  });
+  screen.Grid1.setCurrent(3, 2);
+  chooseObserved();
+  screen.openButton.press();
+  EXPECT_EQ(screen.Grid1.row(), 2);
+  EXPECT_EQ(screen.Grid1.col(), 1);
+  screen.Grid1.setCurrent(3, 2);
+  screen.reopenButton.press();
+  EXPECT_EQ(screen.Grid1.row(), 2);
+  EXPECT_EQ(screen.Grid1.col(), 1);
+}
+
 TEST_F(RouteScreens, ReopenFromTheirOwnSecondSet) {
   screen.LstDataKubun1.choose(2);
   screen.cmbJIgyoBango2.choose(0);

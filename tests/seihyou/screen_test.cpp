@@ -84,6 +84,28 @@ TEST_F(OrthometricScreen, OpeningWithoutDataShowsOneEmptyRow) {
   EXPECT_TRUE(desktop.messages.empty());
 }
 
+// The start height stands above, takes keys, and is no place that keys lead to.
+TEST_F(OrthometricScreen, OpeningLeadsToTheFirstCorrection) {
+  openRoute();
+  EXPECT_EQ(screen.Grid1.row(), 2);
+  EXPECT_EQ(screen.Grid1.col(), 2);
+  EXPECT_EQ(screen.Grid1.cellUse(1, 3), ui::CellUse::Number);
+  EXPECT_FALSE(screen.Grid1.isEntry(1, 3));
+  EXPECT_TRUE(screen.Grid1.isEntry(2, 2));
+  EXPECT_TRUE(screen.Grid1.isEntry(1, 4)) << "a remark";
+  screen.Grid1.pressKey(U'5');
+  EXPECT_EQ(cell(2, 2), "5");
+  EXPECT_EQ(cell(1, 3), "100.0000");
+}
+
+// A route of one bench mark has no correction: the first remark is where typing begins.
+TEST_F(OrthometricScreen, WithoutCorrectionsOpeningLeadsToTheFirstRemark) {
+  job.sql("DELETE FROM KansokuSeikaData WHERE SaveOrder > 1");
+  openRoute();
+  EXPECT_EQ(screen.Grid1.row(), 1);
+  EXPECT_EQ(screen.Grid1.col(), 4);
+}
+
 // 100 + (1.2345 + 0.0012) = 101.2357; + (−0.5 − 0.0003) = 100.7354
 TEST_F(OrthometricScreen, EnterOnACorrectionRecalculatesAndGoesOn) {
   openRoute();
@@ -143,6 +165,8 @@ TEST_F(OrthometricScreen, SavesClearsAndReopensTheSameGrid) {
   std::vector<std::string> after;
   for (int row = 0; row < 6; ++row)
     for (int col = 0; col < 7; ++col) after.push_back(cell(row, col));
+  EXPECT_EQ(screen.Grid1.row(), 2);
+  EXPECT_EQ(screen.Grid1.col(), 2) << "reopening leads there too";
   // The saved rows match their observations, of which only A has a height; the others had none to be shown
   // either.
   EXPECT_EQ(after, before);

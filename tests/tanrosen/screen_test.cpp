@@ -117,6 +117,31 @@ TEST_F(SingleRouteScreen, LoadsCalculatesSavesAndReopens) {
   EXPECT_EQ(cells(), padded) << "a second calculation changes nothing";
 }
 
+/// Counts the notices of a grid that are about more than one cell.
+struct Notices : ui::GridObserver {
+  void changed(ui::Control&) override { ++count; }
+  void cellChanged(int, int) override {}
+  int count = 0;
+};
+
+TEST_F(SingleRouteScreen, TheGridTellsWhenTheListChangesWhatCanBeTyped) {
+  openRoute();
+  EXPECT_EQ(screen.Grid1.row(), 1);
+  EXPECT_EQ(screen.Grid1.col(), 3) << "the first correction";
+  Notices notices;
+  screen.Grid1.observeGrid(&notices);
+  screen.Command1.press();
+  EXPECT_EQ(notices.count, 0) << "nothing chosen";
+  screen.lstSuijyun.choose(1);
+  screen.Command1.press();
+  EXPECT_EQ(notices.count, 1);
+  screen.lstKiti.choose(0);
+  screen.Command2.press();
+  EXPECT_EQ(notices.count, 2);
+  EXPECT_EQ(screen.Grid1.cellUse(1, 4), ui::CellUse::Shown) << "A is no known point any more";
+  screen.Grid1.observeGrid(nullptr);
+}
+
 TEST_F(SingleRouteScreen, KnownPointsAreAddedAtTheEndAndRemoved) {
   openRoute();
   screen.Command1.press();

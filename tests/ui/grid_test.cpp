@@ -269,11 +269,13 @@ TEST_F(GridOfFive, TellsItsObserverOfCellsAndOfItself) {
   grid.setRows(6);
   grid.setCurrent(2, 2);
   EXPECT_EQ(watcher.whole, 2);
+  grid.usesChanged();
+  EXPECT_EQ(watcher.whole, 3);
   grid.observeGrid(nullptr);
   grid.setText(1, 2, "newer");
   grid.setRows(7);
   EXPECT_EQ(watcher.cells.size(), 1U);
-  EXPECT_EQ(watcher.whole, 2);
+  EXPECT_EQ(watcher.whole, 3);
 }
 
 }  // namespace
