@@ -27,3 +27,6 @@ packages_ci=(clang libclang-rt-14-dev clang-format)
 
 # Measuring the other engines beside SQLite: their drivers, a server and its own client library.
 packages_measure=(libsqliteodbc odbc-postgresql postgresql libpq-dev)
+
+# Making the Debian package, looking into it and working it in a fresh system.
+packages_debian=(dpkg-dev lintian debootstrap gzip)

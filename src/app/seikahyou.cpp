@@ -1,7 +1,9 @@
 #include "platform/system.h"
 #include "qt/program.h"
+#include "tell_version.h"
 
 /// seikahyou: the program in its windows. The whole command-line text is the path of the job database.
 int main(int argc, char** argv) {
+  if (app::tellVersion(argc, argv, "seikahyou")) return 0;
   return qt::runProgram(argc > 0 ? argv[0] : "seikahyou", platform::commandLineText(argc, argv));
 }

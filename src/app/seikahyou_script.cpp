@@ -2,6 +2,7 @@
 
 #include "platform/system.h"
 #include "script/session.h"
+#include "tell_version.h"
 #ifdef SEIKAHYOU_WITH_WINDOWS
 #include "hands/window_hands.h"
 #endif
@@ -9,6 +10,7 @@
 /// seikahyou-script: works the program through an operation script and prints what the operator would see.
 int main(int argc, char** argv) {
   platform::useByteStreams();
+  if (app::tellVersion(argc, argv, "seikahyou-script")) return 0;
   script::WindowHandsMaker windowHands;
 #ifdef SEIKAHYOU_WITH_WINDOWS
   windowHands = [&argc, argv] { return hands::windowHands(argc, argv); };
