@@ -136,12 +136,15 @@ class SavedRows : public RouteRows {
   const db::Column remark2_ = records_.column("備考2");
 };
 
+/// Returns true where all records have found room.
 template <class Rows>
-void layInto(ui::Grid& grid, const db::Sql& sql, const job::JobContext& context, const Formats& formats) {
+bool layInto(ui::Grid& grid, const db::Sql& sql, const job::JobContext& context, const Formats& formats) {
+  bool whole = false;
   route::readRecords(context.gDbPath, sql, [&](db::Database&, db::Recordset& records) {
     Rows rows(records, formats, grid);
-    route::layRecords(records, rows);
+    whole = route::layRecords(records, rows);
   });
+  return whole;
 }
 
 /// Adds one bench mark to the saved results; a route end has no segment behind it.
@@ -172,14 +175,20 @@ bool hasNumber(const ui::Grid& grid, int row) { return !text::trimmed(grid.text(
 
 bool FcDHseiDBOpen(const route::Selection& selection, const job::JobContext& context, const Formats& formats,
                    ui::Grid& Grid1) {
-  return ui::trapped(Grid1.desktop(), "FcDHseiDBOpen",
-                     [&] { layInto<ObservedRows>(Grid1, loadSql(context, selection), context, formats); });
+  bool whole = false;
+  return ui::trapped(
+             Grid1.desktop(), "FcDHseiDBOpen",
+             [&] { whole = layInto<ObservedRows>(Grid1, loadSql(context, selection), context, formats); }) &&
+         whole;
 }
 
 bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& context,
                      const Formats& formats, ui::Grid& Grid1) {
-  return ui::trapped(Grid1.desktop(), "FcDHseiDBReOpen",
-                     [&] { layInto<SavedRows>(Grid1, savedSql(context, selection), context, formats); });
+  bool whole = false;
+  return ui::trapped(
+             Grid1.desktop(), "FcDHseiDBReOpen",
+             [&] { whole = layInto<SavedRows>(Grid1, savedSql(context, selection), context, formats); }) &&
+         whole;
 }
 
 bool FcDHseiSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& Grid1) {

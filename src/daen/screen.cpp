@@ -104,19 +104,19 @@ void fDHsei::setUpGrids() {
 /// The labels hold the keys themselves: of the category its code alone.
 void fDHsei::showKeys(const route::Selection& selection) { lblDatakubun.setText(selection.dataKubun); }
 
-void fDHsei::openData(const route::Selection& selection) {
+bool fDHsei::openData(const route::Selection& selection) {
   showKeys(selection);
-  FcDHseiDBOpen(selection, context_, formats_, Grid1);
-  FcSetLstSanshouDaen(opened_.selection(), context_, LstSanshouDaen);
-  FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2);
+  bool whole = FcDHseiDBOpen(selection, context_, formats_, Grid1);
+  whole = FcSetLstSanshouDaen(opened_.selection(), context_, LstSanshouDaen) && whole;
+  return FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2) && whole;
 }
 
-void fDHsei::reopenData(const route::Selection& selection) {
+bool fDHsei::reopenData(const route::Selection& selection) {
   showKeys(selection);
-  FcDHseiDBReOpen(selection, context_, formats_, Grid1);
-  FcSetLstSanshouDaen(opened_.selection(), context_, LstSanshouDaen);
+  bool whole = FcDHseiDBReOpen(selection, context_, formats_, Grid1);
+  whole = FcSetLstSanshouDaen(opened_.selection(), context_, LstSanshouDaen) && whole;
   reopenSections(opened_.selection(), context_, Grid2);
-  FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2);
+  return FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2) && whole;
 }
 
 void fDHsei::saveData(const route::Selection& selection) {

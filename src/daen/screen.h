@@ -34,8 +34,8 @@ class fDHsei : public route::RouteScreen {
  private:
   void Form_Resize() override;
   void setUpGrids() override;
-  void openData(const route::Selection& selection) override;
-  void reopenData(const route::Selection& selection) override;
+  bool openData(const route::Selection& selection) override;
+  bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
 
   void arrange();

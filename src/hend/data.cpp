@@ -280,7 +280,7 @@ void addRecords(db::Recordset& records, const route::Selection& selection, const
 
 }  // namespace
 
-void FcHendDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
+bool FcHendDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
   const auto database = db::openDatabase(context.gDbPath);
   auto records = database->openRecordset(observedSql(context, selection, exactRoute(selection)));
   if (!records->eof() && db::FcNullToBlank(records->field("DataKubun")) == familyCategory) {
@@ -288,20 +288,24 @@ void FcHendDBOpen(const route::Selection& selection, const job::JobContext& cont
     records = database->openRecordset(observedSql(context, selection, familyOfRoute(selection)));
   }
   ObservedRoute observed(*records, context, grid);
-  route::layRecords(*records, observed);
+  const bool whole = route::layRecords(*records, observed);
   records->close();
   database->close();
+  return whole;
 }
 
 bool FcHendDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
                     std::string& referenceDate) {
-  return ui::trapped(grid.desktop(), "FcHendDBReOpen", [&] {
-    route::readRecords(context.gDbPath, savedSql(context, selection),
-                       [&](db::Database&, db::Recordset& records) {
-                         SavedRoute saved(records, context, grid, referenceDate);
-                         route::layRecords(records, saved);
-                       });
-  });
+  bool whole = false;
+  return ui::trapped(grid.desktop(), "FcHendDBReOpen",
+                     [&] {
+                       route::readRecords(context.gDbPath, savedSql(context, selection),
+                                          [&](db::Database&, db::Recordset& records) {
+                                            SavedRoute saved(records, context, grid, referenceDate);
+                                            whole = route::layRecords(records, saved);
+                                          });
+                     }) &&
+         whole;
 }
 
 bool FcHendDBSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid,

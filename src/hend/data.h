@@ -15,8 +15,9 @@ namespace hend {
 
 /// Builds the grid from the observation results of a selection (table KansokuSeikaData): dates and height
 /// differences of both observations. In category "1" all routes of the chosen route's family are laid in.
-/// Traps nothing: db::Error passes to the caller.
-void FcHendDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid);
+/// Traps nothing: db::Error passes to the caller. Returns true where all records have found room in the grid;
+/// a full one has been reported.
+bool FcHendDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid);
 
 /// Builds the grid from saved results (table KansokuSeikaDataHend) and gives the reference date they were
 /// saved with in `referenceDate`, which stays as it is where nothing was saved. Traps its errors under its

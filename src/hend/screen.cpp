@@ -89,18 +89,20 @@ void fHHsei::Form_Resize() {
 
 void fHHsei::setUpGrids() { ui::headGrid(Grid1, columns, 2, 1); }
 
-void fHHsei::openData(const route::Selection& selection) {
+bool fHHsei::openData(const route::Selection& selection) {
   source_ = Source::Observation;
-  FcHendDBOpen(selection, context_, Grid1);
+  const bool whole = FcHendDBOpen(selection, context_, Grid1);
   calculate();
+  return whole;
 }
 
-void fHHsei::reopenData(const route::Selection& selection) {
+bool fHHsei::reopenData(const route::Selection& selection) {
   source_ = Source::Saved;
   std::string referenceDate = txtKijunbi.text();
-  FcHendDBReOpen(selection, context_, Grid1, referenceDate);
+  const bool whole = FcHendDBReOpen(selection, context_, Grid1, referenceDate);
   txtKijunbi.setText(referenceDate);
   calculate();
+  return whole;
 }
 
 void fHHsei::saveData(const route::Selection& selection) {

@@ -30,8 +30,8 @@ class fHHsei : public route::SelectionScreen {
   void Form_Load() override;
   void Form_Resize() override;
   void setUpGrids() override;
-  void openData(const route::Selection& selection) override;
-  void reopenData(const route::Selection& selection) override;
+  bool openData(const route::Selection& selection) override;
+  bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
   void clear() override;
 

@@ -41,10 +41,12 @@ void readRecords(std::string_view dbPath, const db::Sql& sql,
                  const std::function<void(db::Database&, db::Recordset&)>& read);
 
 /// Lets `layer.add()` lay record after record into its grid, as long as it returns true (it returns false
-/// where the grid is full, which has been reported then).
+/// where the grid is full, which has been reported then). Returns true where all have found room.
 template <class Layer>
-void layRecords(db::Recordset& records, Layer& layer) {
-  while (!records.eof() && layer.add()) records.moveNext();
+bool layRecords(db::Recordset& records, Layer& layer) {
+  for (; !records.eof(); records.moveNext())
+    if (!layer.add()) return false;
+  return true;
 }
 
 /// A field of the present record without blanks around it; "" for Null.

@@ -31,9 +31,11 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
 void SelectionScreen::open(const SelectionSet& set, Reader read) {
   const ui::Hourglass wait(desktop());
   const Selection selection = set.selection();
-  opened_.show(selection, set.categoryText());
-  setUpGrids();
-  (this->*read)(selection);
+  opening_.run([&] {
+    opened_.show(selection, set.categoryText());
+    setUpGrids();
+    return (this->*read)(selection);
+  });
   ui::goToFirstEntry(Grid1);
   SSTab1.setCurrent(dataPage());
 }
@@ -42,10 +44,11 @@ void SelectionScreen::clear() {
   setUpGrids();
   Form_Resize();
   opened_.clear();
+  opening_.clear();
 }
 
 void SelectionScreen::save() {
-  if (!opened_.isOpen()) return;
+  if (!opened_.isOpen() || !opening_.maySave(desktop())) return;
   const ui::Hourglass wait(desktop());
   saveData(opened_.selection());
 }

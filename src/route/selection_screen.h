@@ -3,6 +3,7 @@
 #include <string>
 
 #include "job/context.h"
+#include "route/opening.h"
 #include "route/selection_set.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
@@ -58,10 +59,10 @@ class SelectionScreen : public ui::Screen {
 
   /// Empties the grids and heads them again.
   virtual void setUpGrids() = 0;
-  /// Fills the grids from observation results.
-  virtual void openData(const Selection& selection) = 0;
-  /// Fills the grids from saved results.
-  virtual void reopenData(const Selection& selection) = 0;
+  /// Fills the grids from observation results. Returns true where no error was reported.
+  virtual bool openData(const Selection& selection) = 0;
+  /// Fills the grids from saved results. Returns true where no error was reported.
+  virtual bool reopenData(const Selection& selection) = 0;
   /// Saves the grids under the keys of the labels and tells the operator where all went well.
   virtual void saveData(const Selection& selection) = 0;
   /// The page of SSTab1 on which a route is chosen.
@@ -78,11 +79,12 @@ class SelectionScreen : public ui::Screen {
 
   const job::JobContext context_;
   OpenedRoute opened_;
+  Opening opening_;
   SelectionSet observed_;
   SelectionSet saved_;
 
  private:
-  using Reader = void (SelectionScreen::*)(const Selection&);
+  using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);
   void save();
 };

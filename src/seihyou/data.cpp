@@ -202,23 +202,30 @@ void addRecord(db::Recordset& records, const route::Selection& selection, const 
 }  // namespace
 
 bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
-  return ui::trapped(grid.desktop(), "FcDBOpen", [&] {
-    route::readRecords(context.gDbPath, route::observationsSql(context, selection),
-                       [&](db::Database& database, db::Recordset& records) {
-                         ObservedRoute observed(selection, context, database, records, grid);
-                         route::layRecords(records, observed);
-                       });
-  });
+  bool whole = false;
+  return ui::trapped(grid.desktop(), "FcDBOpen",
+                     [&] {
+                       route::readRecords(context.gDbPath, route::observationsSql(context, selection),
+                                          [&](db::Database& database, db::Recordset& records) {
+                                            ObservedRoute observed(selection, context, database, records,
+                                                                   grid);
+                                            whole = route::layRecords(records, observed);
+                                          });
+                     }) &&
+         whole;
 }
 
 bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
-  return ui::trapped(grid.desktop(), "FcDBReOpen", [&] {
-    route::readRecords(context.gDbPath, savedSql(context, selection),
-                       [&](db::Database&, db::Recordset& records) {
-                         SavedRoute saved(context, records, grid);
-                         route::layRecords(records, saved);
-                       });
-  });
+  bool whole = false;
+  return ui::trapped(grid.desktop(), "FcDBReOpen",
+                     [&] {
+                       route::readRecords(context.gDbPath, savedSql(context, selection),
+                                          [&](db::Database&, db::Recordset& records) {
+                                            SavedRoute saved(context, records, grid);
+                                            whole = route::layRecords(records, saved);
+                                          });
+                     }) &&
+         whole;
 }
 
 bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {

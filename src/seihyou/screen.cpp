@@ -52,9 +52,9 @@ void fSHsei::Form_Resize() {
 
 void fSHsei::setUpGrids() { ui::headGrid(Grid1, columns); }
 
-void fSHsei::openData(const route::Selection& selection) { FcDBOpen(selection, context_, Grid1); }
+bool fSHsei::openData(const route::Selection& selection) { return FcDBOpen(selection, context_, Grid1); }
 
-void fSHsei::reopenData(const route::Selection& selection) { FcDBReOpen(selection, context_, Grid1); }
+bool fSHsei::reopenData(const route::Selection& selection) { return FcDBReOpen(selection, context_, Grid1); }
 
 void fSHsei::saveData(const route::Selection& selection) {
   if (FcDbSave(selection, context_, Grid1)) route::reportSaved(desktop());

@@ -13,8 +13,8 @@ class fSHsei : public route::RouteScreen {
  private:
   void Form_Resize() override;
   void setUpGrids() override;
-  void openData(const route::Selection& selection) override;
-  void reopenData(const route::Selection& selection) override;
+  bool openData(const route::Selection& selection) override;
+  bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
 
   void Grid1_KeyPress(char32_t code);

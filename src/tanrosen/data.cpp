@@ -192,26 +192,32 @@ void addRecord(db::Recordset& records, const route::Selection& selection, const 
 
 bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
               const BenchMarkLists& lists) {
-  return ui::trapped(grid.desktop(), "FcDBOpen", [&] {
-    lists.clear();
-    route::readRecords(context.gDbPath, route::observationsSql(context, selection),
-                       [&](db::Database&, db::Recordset& records) {
-                         ObservedRoute observed(context, records, grid, lists);
-                         route::layRecords(records, observed);
-                       });
-  });
+  bool whole = false;
+  return ui::trapped(grid.desktop(), "FcDBOpen",
+                     [&] {
+                       lists.clear();
+                       route::readRecords(context.gDbPath, route::observationsSql(context, selection),
+                                          [&](db::Database&, db::Recordset& records) {
+                                            ObservedRoute observed(context, records, grid, lists);
+                                            whole = route::layRecords(records, observed);
+                                          });
+                     }) &&
+         whole;
 }
 
 bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
                 const BenchMarkLists& lists) {
-  return ui::trapped(grid.desktop(), "FcDBReOpen", [&] {
-    lists.clear();
-    route::readRecords(context.gDbPath, savedSql(context, selection),
-                       [&](db::Database&, db::Recordset& records) {
-                         SavedRoute saved(context, records, grid, lists);
-                         route::layRecords(records, saved);
-                       });
-  });
+  bool whole = false;
+  return ui::trapped(grid.desktop(), "FcDBReOpen",
+                     [&] {
+                       lists.clear();
+                       route::readRecords(context.gDbPath, savedSql(context, selection),
+                                          [&](db::Database&, db::Recordset& records) {
+                                            SavedRoute saved(context, records, grid, lists);
+                                            whole = route::layRecords(records, saved);
+                                          });
+                     }) &&
+         whole;
 }
 
 bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {

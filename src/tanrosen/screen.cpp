@@ -78,12 +78,12 @@ void fTHsei::placeBelowGrid(float left, float top) {
 
 void fTHsei::setUpGrids() { ui::headGrid(Grid1, columns); }
 
-void fTHsei::openData(const route::Selection& selection) {
-  FcDBOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
+bool fTHsei::openData(const route::Selection& selection) {
+  return FcDBOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
 }
 
-void fTHsei::reopenData(const route::Selection& selection) {
-  FcDBReOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
+bool fTHsei::reopenData(const route::Selection& selection) {
+  return FcDBReOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
 }
 
 void fTHsei::saveData(const route::Selection& selection) {

@@ -21,8 +21,8 @@ class fTHsei : public route::RouteScreen {
  private:
   void Form_Resize() override;
   void setUpGrids() override;
-  void openData(const route::Selection& selection) override;
-  void reopenData(const route::Selection& selection) override;
+  bool openData(const route::Selection& selection) override;
+  bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
   void clear() override;
 

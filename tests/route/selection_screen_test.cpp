@@ -27,20 +27,22 @@ class Probe : public route::RouteScreen {
                     context, desktop, 6000, 4000) {}
 
   std::vector<std::string> story;
-  bool failing = false;
+  bool failing = false;   ///< raises an error
+  bool stopping = false;  ///< reports that it did not come to its end
 
  private:
   void Form_Load() override { ui::FcEditSetLstDataKubun(LstDataKubun, LstDataKubun1); }
   void setUpGrids() override { story.push_back("grids"); }
-  void openData(const route::Selection& selection) override { tell("open", selection); }
-  void reopenData(const route::Selection& selection) override { tell("reopen", selection); }
+  bool openData(const route::Selection& selection) override { return tell("open", selection); }
+  bool reopenData(const route::Selection& selection) override { return tell("reopen", selection); }
   void saveData(const route::Selection& selection) override { tell("save", selection); }
   int dataPage() const override { return 1; }
 
-  void tell(const char* what, const route::Selection& selection) {
+  bool tell(const char* what, const route::Selection& selection) {
     if (failing) throw text::RuntimeError(text::ErrorCode::Overflow);
     story.push_back(std::string(what) + " " + selection.jigyoBango + "/" + selection.rosenBango + "/" +
                     selection.dataKubun + "/" + selection.previousRosen);
+    return !stopping;
   }
 };
 
@@ -131,6 +133,42 @@ TEST_F(RouteScreens, SaveNothingBeforeARouteIsOpenAndAfterClear) {
   takeStory();
   screen.saveItem.press();
   EXPECT_EQ(takeStory(), Story{});
+  EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(RouteScreens, SaveNothingAfterAnOpeningThatEndedWithAnError) {
+  const std::vector<ui::Message> refusal = {
+      {{}, "読込が途中で終わったため保存しません。もう一度読み込んでください。", ui::Icon::None}};
+  chooseObserved();
+  for (bool* trouble : {&screen.failing, &screen.stopping}) {
+    *trouble = true;
+    screen.openButton.press();
+    *trouble = false;
+    desktop.messages.clear();
+    takeStory();
+    screen.saveItem.press();
+    screen.saveItem.press();
+    EXPECT_EQ(takeStory(), Story{});
+    EXPECT_EQ(desktop.takeMessages(), (std::vector{refusal[0], refusal[0]}));
+  }
+  screen.openButton.press();  // now it succeeds
+  takeStory();
+  screen.saveItem.press();
+  EXPECT_EQ(takeStory(), Story{"save 1001/R002/0/"});
+  EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(RouteScreens, ClearEndsTheRefusal) {
+  chooseObserved();
+  screen.stopping = true;
+  screen.openButton.press();
+  screen.clearItem.press();
+  screen.lblJigyobango.setText("1001");
+  screen.lblRosenbango.setText("R009");
+  screen.lblDatakubun.setText("0");
+  takeStory();
+  screen.saveItem.press();
+  EXPECT_EQ(takeStory(), Story{"save 1001/R009/0/"});
   EXPECT_TRUE(desktop.messages.empty());
 }
 
