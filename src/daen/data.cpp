@@ -1,9 +1,9 @@
 #include "daen/data.h"
 
-#include <optional>
 #include <string>
 
 #include "daen/columns.h"
+#include "daen/loaded_heights.h"
 #include "db/database.h"
 #include "db/sql.h"
 #include "route/observations.h"
@@ -51,13 +51,13 @@ class RouteRows {
   bool addRows() {
     benchMarkRow_ += 2;
     if (!ui::FcGridMoveRow(grid_, benchMarkRow_) || !ui::FcGridMoveRow(grid_, segmentRow())) return false;
-    ends_ = text(flag_) == route::routeEnd;
+    flag_ = text(flagColumn_);
     set(benchMarkRow_, colBenchMark, text(benchMark_));
     set(benchMarkRow_, colDataForm, text(dataKubun_));
     set(benchMarkRow_, colSaveOrder, text(saveOrder_));
-    set(benchMarkRow_, colEndMark, text(flag_));
-    set(benchMarkRow_, colFlag, text(flag_));
-    if (!ends_)
+    set(benchMarkRow_, colEndMark, flag_);
+    set(benchMarkRow_, colFlag, flag_);
+    if (!ends())
       set(segmentRow(), colDistance, route::formatted(records_.value(distance_), formats_.distance));
     return true;
   }
@@ -66,8 +66,10 @@ class RouteRows {
   void set(int row, int col, const std::string& text) { grid_.setText(row, col, text); }
   int benchMarkRow() const { return benchMarkRow_; }
   int segmentRow() const { return benchMarkRow_ + 1; }
+  std::string benchMark() const { return text(benchMark_); }
+  const std::string& flag() const { return flag_; }
   /// True where the present record ends a route.
-  bool ends() const { return ends_; }
+  bool ends() const { return flag_ == route::routeEnd; }
 
   const Formats& formats_;
   db::Recordset& records_;
@@ -78,9 +80,9 @@ class RouteRows {
   const db::Column distance_ = records_.column("距離");
   const db::Column dataKubun_ = records_.column("DataKubun");
   const db::Column saveOrder_ = records_.column("SaveOrder");
-  const db::Column flag_ = records_.column("RosenEndDataFlg");
+  const db::Column flagColumn_ = records_.column("RosenEndDataFlg");
   int benchMarkRow_ = -1;
-  bool ends_ = false;
+  std::string flag_;
 };
 
 /// Lays observation records into the grid, one after another.
@@ -90,27 +92,18 @@ class ObservedRows : public RouteRows {
 
   bool add() {
     if (!addRows()) return false;
-    const db::Value own = records_.value(height_);
     const db::Value difference = records_.value(difference_);
-    if (own.number() != 0) reached_ = own.number();
-    if (reached_) set(benchMarkRow(), colHeight, formats_.loaded.format(*reached_));
+    const auto height = heights_.reach(benchMark(), flag(), records_.value(height_).number());
+    if (height) set(benchMarkRow(), colHeight, formats_.loaded.format(*height));
     if (!ends()) set(segmentRow(), colHeight, route::formatted(difference, formats_.difference));
-    goOn(difference);
+    heights_.leave(difference.number());
     return true;
   }
 
  private:
-  /// The height that the mean difference leads to; none behind a route end or a section without one.
-  void goOn(const db::Value& difference) {
-    if (reached_ && !ends() && !db::FcNullToBlank(difference).empty())
-      *reached_ += difference.number();
-    else
-      reached_.reset();
-  }
-
   const db::Column height_ = records_.column("標高");
   const db::Column difference_ = records_.column("中数");
-  std::optional<double> reached_;  // m, unrounded
+  LoadedHeights heights_;
 };
 
 /// Lays saved records into the grid, one after another.

@@ -92,10 +92,12 @@ void fDHsei::Form_Resize() {
   Grid1.setSize(across * 7395, down * 3900);
 }
 
-/// Headers stand to the left, over right-aligned figures too.
+/// Headers stand to the left, over right-aligned figures too. The route grid is as wide as its columns until
+/// the window is laid out again.
 void fDHsei::setUpGrids() {
   ui::headGrid(Grid1, columns, 3);
   for (int col = 0; col < columnCount; ++col) Grid1.setFixedAlign(col, left);
+  Grid1.setSize(ui::widthOf(columns), Grid1.box().height);
   ui::headGrid(Grid2, sectionColumns);
   for (ui::Grid* grid : {&Grid1, &Grid2}) grid->setRowHeight(rowHeight);
   Grid2.setSize(6700, 1560);

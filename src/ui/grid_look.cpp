@@ -17,4 +17,10 @@ void headGrid(Grid& grid, std::span<const ColumnLook> columns, int rows, int fix
   }
 }
 
+float widthOf(std::span<const ColumnLook> columns) {
+  int width = 0;
+  for (const ColumnLook& look : columns) width += look.width;
+  return static_cast<float>(width);
+}
+
 }  // namespace ui

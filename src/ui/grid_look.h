@@ -18,4 +18,7 @@ struct ColumnLook {
 /// cell below the header current. `fixedCols` columns at the left are no place to click.
 void headGrid(Grid& grid, std::span<const ColumnLook> columns, int rows = 2, int fixedCols = 0);
 
+/// The width (twips) that shows all these columns at once.
+float widthOf(std::span<const ColumnLook> columns);
+
 }  // namespace ui

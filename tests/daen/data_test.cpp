@@ -34,6 +34,13 @@ class DaenData : public testing::Test, protected test::DaenGrids {
     return lines;
   }
 
+  /// Heights of the bench marks in their order.
+  Lines heights() const {
+    Lines column;
+    for (int row = 1; row < route.rows(); row += 2) column.push_back(route.text(row, daen::colHeight));
+    return column;
+  }
+
   void clear() {
     route.setRows(3);
     for (int row = 1; row < 3; ++row)
@@ -71,23 +78,50 @@ TEST_F(DaenData, MissingHeightsFollowFromTheBenchMarkBefore) {
   job.observed(4, "01A00101", "D", "50", "0.25", "-2");
   job.observed(5, "01A00101", "E", "''", "NULL", "-1");
   load();
-  Lines heights;
-  for (const int row : {1, 3, 5, 7, 9}) heights.push_back(route.text(row, daen::colHeight));
-  EXPECT_EQ(heights, (Lines{"100.0000", "101.2346", "100.7345", "50.0000", "50.2500"}));
+  EXPECT_EQ(heights(), (Lines{"100.0000", "101.2346", "100.7345", "50.0000", "50.2500"}));
   EXPECT_EQ(cells(route, 7, daen::colEndMark, daen::colFlag), "-2|-2");
 }
 
-// Nothing leads to A; a section without a mean difference and a route end lead nowhere.
-TEST_F(DaenData, HeightsThatNothingLeadsToStayBlank) {
+// Nothing leads to A. The section behind B has no mean difference and adds nothing: C 20, D 20 + 1; the
+// height runs on over the route end: E 30 + 1.5.
+TEST_F(DaenData, OnlyBeforeTheFirstHeightIsAHeightBlank) {
   job.observed(1, "01A00101", "A", "NULL", "1");
   job.observed(2, "01A00101", "B", "20", "NULL");
   job.observed(3, "01A00101", "C", "NULL", "1");
-  job.observed(4, "01A00101", "D", "30", "1", "-1");
-  job.observed(5, "01A00101", "E", "NULL", "1");
+  job.observed(4, "01A00101", "D", "''", "NULL");
+  job.observed(5, "01A00101", "E", "30", "1.5", "-1");
+  job.observed(6, "01A00101", "F", "NULL", "1");
   load();
-  Lines heights;
-  for (const int row : {1, 3, 5, 7, 9}) heights.push_back(route.text(row, daen::colHeight));
-  EXPECT_EQ(heights, (Lines{"", "20.0000", "", "30.0000", ""}));
+  EXPECT_EQ(heights(), (Lines{"", "20.0000", "20.0000", "21.0000", "30.0000", "31.5000"}));
+}
+
+// Two runs from A to B: 200 + 2 = 202 and 200 + 2.0021 = 202.0021; their mean 202.00105 is 202.0011 where B
+// goes on. The height runs on from the second run: C 202.0021 + 1 = 203.0021.
+TEST_F(DaenData, TheMeanOfTwoRunsStandsWhereTheRouteGoesOn) {
+  job.observed(1, "01A00101", "A", "200", "2", "", "'0'", "1");
+  job.observed(2, "01A00101", "B", "NULL", "NULL", "-2");
+  job.observed(3, "01A00101", "A", "200", "2.0021", "", "'0'", "1");
+  job.observed(4, "01A00101", "B", "NULL", "NULL", "-2");
+  job.observed(5, "01A00101", "B", "NULL", "1", "", "'0'", "1");
+  job.observed(6, "01A00101", "C", "NULL", "NULL", "-1");
+  load();
+  EXPECT_EQ(heights(), (Lines{"200.0000", "202.0000", "200.0000", "202.0021", "202.0011", "203.0021"}));
+}
+
+// A corrected height is the height and the correction: 202.0011 + 2.1 mm = 202.0032, never 2.1 mm alone.
+TEST_F(DaenData, ACorrectionBehindAPairStandsOnItsHeight) {
+  job.observed(1, "01A00101", "A", "200", "2", "", "'0'", "1");
+  job.observed(2, "01A00101", "B", "NULL", "NULL", "-2");
+  job.observed(3, "01A00101", "A", "200", "2.0021", "", "'0'", "1");
+  job.observed(4, "01A00101", "B", "NULL", "NULL", "-2");
+  job.observed(5, "01A00101", "B", "NULL", "1", "", "'0'", "1");
+  job.observed(6, "01A00101", "C", "NULL", "NULL", "-1");
+  load();
+  const daen::Section section{"B", "C", "36", "0", "36", "0", "2.1"};
+  route.setText(3, daen::colBenchMark, "");  // the section begins where the route goes on
+  route.setText(7, daen::colBenchMark, "");
+  ASSERT_TRUE(daen::FcSeiDaenCal(route, sections, section, formats, [](const daen::SectionValues&) {}));
+  EXPECT_EQ(result(9), "2.1|202.0032");
 }
 
 TEST_F(DaenData, OtherGradesShowThreeDecimals) {

@@ -137,6 +137,27 @@ TEST_F(EllipsoidalScreen, TheTabControlAndTheRouteGridGrowWithTheWindow) {
   EXPECT_EQ(screen.Grid2.box(), (ui::Box{0, 0, 6700, 1560}));
 }
 
+// 1400 + 4 · 1134 + 1701 + 1134 = 8771: the columns that can be seen.
+TEST_F(EllipsoidalScreen, AnOpenedRouteIsAsWideAsItsColumns) {
+  openRoute();
+  EXPECT_EQ(screen.Grid1.box(), (ui::Box{0, 0, 8771, 3900}));
+  screen.clearItem.press();
+  EXPECT_EQ(screen.Grid1.box(), (ui::Box{0, 0, 7395, 3900})) << "and laid out with the window";
+}
+
+TEST_F(EllipsoidalScreen, AnOpenedRouteBeginsAtItsTop) {
+  openRoute();
+  EXPECT_EQ(screen.Grid1.row(), 1);
+  EXPECT_EQ(screen.Grid1.col(), 0);
+  screen.saveItem.press();
+  screen.LstDataKubun1.choose(0);
+  screen.cmbJIgyoBango2.choose(0);
+  screen.cmbRosenBango2.choose(0);
+  screen.reopenButton.press();
+  EXPECT_EQ(screen.Grid1.row(), 1);
+  EXPECT_EQ(screen.Grid1.col(), 0);
+}
+
 TEST_F(EllipsoidalScreen, OpeningFillsTheRouteTheListsAndTheKeys) {
   openRoute();
   EXPECT_EQ(
