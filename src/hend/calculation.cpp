@@ -34,11 +34,20 @@ std::string halfway(std::string_view a, std::string_view b) {
   return earlier.plus(static_cast<int>(text::roundHalfUp(apart / 2, 1))).text();
 }
 
+/// The last bench-mark row up to which an old observation goes: the last one with an old date or at a route
+/// end; 0 for none. Above it every route has one of these further on.
+int lastOldRow(const ui::Grid& grid) {
+  int last = 0;
+  for (int row = 1; row < grid.rows(); row += 2)
+    if (grid.text(row, colMark) == route::routeEnd || !isBlank(grid.text(row, colOldDate))) last = row;
+  return last;
+}
+
 /// The walk along the grid: counts of days and the daily change are carried from bench mark to bench mark.
 class Walk {
  public:
   Walk(ui::Grid& grid, std::string_view referenceDate, job::Grade grade)
-      : grid_(grid), referenceDate_(referenceDate), grade_(grade) {}
+      : grid_(grid), referenceDate_(referenceDate), grade_(grade), lastOldRow_(lastOldRow(grid)) {}
 
   /// Takes the bench mark on `row`.
   void benchMark(int row) {
@@ -94,21 +103,28 @@ class Walk {
     writeMetres(row, colResult, text::readNumber(correction) + newHeight);
   }
 
-  /// The old section that this point parts begins at the bench mark before it; where no section leads here,
-  /// as at the first bench mark of a route, it parts none.
+  /// What leads to the point is taken together with what leaves it, at the date halfway between the dates of
+  /// the bench mark before and its own, and compared with the old difference that stands above it.
   void newPoint(int row) {
     const int before = row - 2;
     const int above = row - 1;
-    if (before < 1 || blank(above, colNewHeight)) return;
+    if (before < 1 || (blank(above, colNewHeight) && blank(above, colOldHeight))) return;
     ui::FcGridMoveRow(grid_, row + 1);
     const std::string date = halfway(grid_.text(before, colNewDate), grid_.text(row, colNewDate));
     if (!date.empty()) grid_.setText(above, colNewDate, date);
+    countDays(row, grid_.text(before, colOldDate), date);
     writeMetres(row, colNewHeight, number(above, colNewHeight) + number(row + 1, colNewHeight));
     if (blank(above, colOldHeight)) return;
     grid_.setText(row, colOldHeight, grid_.text(above, colOldHeight));
-    countDays(row, grid_.text(before, colOldDate), date);
     compare(row, number(row, colNewHeight), number(row, colOldHeight));
+    if (!splits(row)) return;
     for (const int col : {colDifference, colRate, colCorrection, colResult}) grid_.setText(above, col, {});
+  }
+
+  /// True for a new point that parts an old section in two: the section begins at an ordinary bench mark, not
+  /// where runs end, and the old observation goes on below the point.
+  bool splits(int row) const {
+    return grid_.text(row - 2, colMark) != route::repeatedPoint && row < lastOldRow_;
   }
 
   /// The end of a run: the forward run is kept in mind, the backward run completes the pair.
@@ -152,6 +168,7 @@ class Walk {
   ui::Grid& grid_;
   std::string_view referenceDate_;
   job::Grade grade_;
+  int lastOldRow_;
   int daysNewOld_ = 0;
   int daysReference_ = 0;
   double rate_ = 0;  // m per day

@@ -19,11 +19,12 @@ namespace hend {
 /// between the observations, the daily change of the section before is used again; where a count of days is
 /// not made, the count before it. All start from 0 in every call.
 ///
-/// A newly established point (isNewPoint) to which a section leads parts a section of the old observation:
-/// its own row takes the combined section, the new differences of the two sections beside it added, against
-/// the old one on the section row above it, at the date halfway between the new dates of the bench mark
-/// before and its own (written on the section row above). The results of the section above, half a section
-/// against a whole one, are taken back.
+/// A newly established point (isNewPoint) to which a section leads takes in its own row the combined section:
+/// the new differences of the two sections beside it added, counted at the date halfway between the new dates
+/// of the bench mark before and its own (written on the section row above), and compared with the old
+/// difference on the section row above where there is one. Where the point parts an old section in two, half a
+/// section against a whole one is no result: what was computed for the section row above is taken back. It
+/// parts one where that section begins at an ordinary bench mark and the old observation goes on below.
 ///
 /// Of a route run forward ("…F") and backward ("…B"), each run ended by a repeated point ("-2"), the second
 /// of these points takes the means of both runs in its own row (days) and the section row below it (height

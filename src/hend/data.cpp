@@ -213,7 +213,7 @@ class Companions {
     const bool atNewPoint = isNewPoint(grid_, row);
     blank_ = true;
     if (atEnd) values(row, row - 1, row - 2);
-    if (atNewPoint && row > 1) values(row, row, row);
+    if (atNewPoint) values(row, row, row);
     records_.set("新設点Flg", atEnd || atNewPoint ? -1 : 0);
     records_.set("新設点BrankFlg", blank_ ? -1 : 0);
   }

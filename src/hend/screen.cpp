@@ -6,6 +6,7 @@
 #include "hend/calculation.h"
 #include "hend/columns.h"
 #include "hend/data.h"
+#include "hend/entries.h"
 #include "route/records.h"
 #include "text/date.h"
 #include "text/padding.h"
@@ -61,12 +62,10 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
   txtKijunbi.setValid(isDateOrBlank, "日付ではありません");
   openButton.onClick.handle([this] { openObserved(); });
   reopenButton.onClick.handle([this] { openSaved(); });
-  CmdSettei.onClick.handle([this] {
-    const ui::Hourglass wait(this->desktop());
-    calculate();
-  });
+  CmdSettei.onClick.handle([this] { calculateAgain(); });
   on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
   Grid1.setCellUse([this](int, int col) { return cellUse(col); });
+  Grid1.setEntry([this](int row, int col) { return isEntry(Grid1, row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
 }
 
@@ -116,6 +115,18 @@ void fHHsei::clear() {
 
 void fHHsei::calculate() { FcHendCalc(Grid1, txtKijunbi.text(), context_.grade()); }
 
+/// The walk along the grid ends on its last bench mark, mostly a route end. Where it leaves the operator in a
+/// cell that takes keys and is no entry, the next key would go astray: he stays where he was.
+void fHHsei::calculateAgain() {
+  const ui::Hourglass wait(desktop());
+  const int row = Grid1.row();
+  const int col = Grid1.col();
+  calculate();
+  const bool astray =
+      Grid1.cellUse(Grid1.row(), col) != ui::CellUse::Shown && !Grid1.isEntry(Grid1.row(), col);
+  if (astray) Grid1.setCurrent(row, col);
+}
+
 void fHHsei::pastePicture() {
   const std::string picture = "成果表変動補正" + std::string(text::trimmed(cmbRosenBango1.text())) + ".bmp";
   ui::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe", picture);
@@ -129,12 +140,16 @@ ui::CellUse fHHsei::cellUse(int col) const {
   return source_ == Source::Saved && isObservation ? ui::CellUse::Number : ui::CellUse::Shown;
 }
 
+/// Enter takes a correction into the result of its row and goes on to the next section's.
 void fHHsei::Grid1_KeyPress(char32_t code) {
+  const int row = Grid1.keyRow();
   if (cellUse(Grid1.keyCol()) == ui::CellUse::Shown) return;
-  if (Grid1.keyCol() == colCorrection && code == ui::key::enter)
-    FcHendCalcResult(Grid1, Grid1.keyRow(), context_.grade());
-  else
+  if (Grid1.keyCol() == colCorrection && code == ui::key::enter) {
+    FcHendCalcResult(Grid1, row, context_.grade());
+    Grid1.setCurrent(nextCorrectionRow(Grid1, row), colCorrection);
+  } else {
     ui::FcGridKeyEdit(Grid1, code);
+  }
 }
 
 }  // namespace hend

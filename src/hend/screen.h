@@ -36,6 +36,7 @@ class fHHsei : public route::SelectionScreen {
   void clear() override;
 
   void calculate();
+  void calculateAgain();
   void pastePicture();
   void Grid1_KeyPress(char32_t code);
   ui::CellUse cellUse(int col) const;

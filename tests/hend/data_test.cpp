@@ -184,7 +184,7 @@ TEST_F(VariationData, CompanionColumnsOfARouteEndHoldItsLastSection) {
 }
 
 TEST_F(VariationData, WithoutValuesTheCompanionColumnsAreMarkedBlank) {
-  job.observedTwice(1, "'E1'", "'20220511'", "1.5", "NULL", "NULL");
+  job.observedTwice(1, "'E1'", "NULL", "1.5", "NULL", "NULL");
   job.observedTwice(2, "'E2'", "NULL", "NULL", "NULL", "NULL", "'-1'", "'01E00201'");
   open(job);
   hend::FcHendCalc(made.grid, "2022/08/19", job.context().grade());
@@ -194,6 +194,18 @@ TEST_F(VariationData, WithoutValuesTheCompanionColumnsAreMarkedBlank) {
   open(job, {"1001", "01E00201", "0", {}});
   ASSERT_TRUE(save(job));
   EXPECT_EQ(job.saved(companions), (Lines{"-1|-1|-|-|-|-|-|-|-|-|-|-"}));
+}
+
+// A new point that begins the route shows the days to the reference date, and whatever was typed into its
+// line.
+TEST_F(VariationData, TheLineOfANewPointIsSavedOnTheFirstRowToo) {
+  job.observedTwice(1, "'E1'", "'20220511'", "1.5", "NULL", "NULL");
+  open(job);
+  hend::FcHendCalc(made.grid, "2022/08/19", job.context().grade());
+  made.grid.setText(1, hend::colCorrection, "0.0007");
+  made.grid.setText(1, hend::colResult, "1.5007");
+  ASSERT_TRUE(save(job));
+  EXPECT_EQ(job.saved(companions), (Lines{"0|-1|0.0007|-|-|-|-|-|100|-|1.5007|-"}));
 }
 
 TEST_F(VariationData, SavingReplacesTheSelectionAndNothingElse) {

@@ -98,7 +98,7 @@ TEST(NewPoint, TheFirstBenchMarkBehindARouteEndPartsNoSection) {
 }
 
 // A second new point in a row has no old difference above it: it shows the sum 0.8000 + 0.3000 and the
-// midpoint, and is compared with nothing.
+// midpoint, from where 89 days lead to 2022/08/19, and is compared with nothing.
 TEST(NewPoint, WithoutAnOldDifferenceNothingIsCompared) {
   VariationGrid route = parted("2022/05/21");
   route.grid.setText(7, hend::colMark, "");
@@ -106,7 +106,7 @@ TEST(NewPoint, WithoutAnOldDifferenceNothingIsCompared) {
   route.grid.setText(8, hend::colNewHeight, "0.3000");
   FcHendCalc(route.grid, "2022/08/19", first);
   EXPECT_EQ(route.grid.text(6, hend::colNewDate), "2022/05/22");
-  EXPECT_EQ(route.values(7), "2022/05/23|1.1000||||||88||");
+  EXPECT_EQ(route.values(7), "2022/05/23|1.1000||||||89||");
 }
 
 // Behind the point the rate of the combined section is the rate before.
@@ -120,6 +120,62 @@ TEST(NewPoint, ItsRateIsTheRateBeforeForTheNextSection) {
   FcHendCalc(route.grid, "2022/08/19", first);
   // −9.95E-06 × 100 = −0.000995, shown −0.0010
   EXPECT_EQ(route.results(8), "0.0000||-9.95E-06||-0.0010|0.2990");
+}
+
+// Nothing old goes on below E3: E2's section is not parted and keeps its own comparison,
+// 1.2000 − 2.0100 = −0.8100; / 1000 = −8.10E-04; × 100 = −0.0810; 1.2000 − 0.0810 = 1.1190.
+TEST(NewPoint, WithoutAnOldObservationBelowTheSectionAboveStaysAsComputed) {
+  VariationGrid route = parted("2022/05/21");
+  route.grid.setRows(7);
+  FcHendCalc(route.grid, "2022/08/19", first);
+  EXPECT_EQ(route.values(4), "2022/05/16|1.2000||2.0100|-0.8100||-8.10E-04||-0.0810|1.1190");
+  EXPECT_EQ(route.values(5), "2022/05/21|2.0000||2.0100|-0.0100|1005|-9.95E-06|95|-0.0009|1.9991");
+}
+
+// The route has no end in the grid, but E5 was observed before: the old observation passed E3.
+TEST(NewPoint, AnOldDateFurtherOnPartsTheSection) {
+  VariationGrid route = parted("2022/05/21");
+  route.grid.setText(7, hend::colMark, "");
+  route.add("E5", "2022/05/21", "", "2019/08/15", "");
+  FcHendCalc(route.grid, "2022/08/19", first);
+  EXPECT_EQ(route.values(4), "2022/05/16|1.2000||2.0100||||||");
+}
+
+// Above the point stand the means of two runs, 2.0010 against 1.9810: 0.0200 / 1000 × 100 = 0.0020, 2.0030. A
+// pair is no section that a point can part. Combined: 2.0010 + 0.8000 = 2.8010, − 1.9810 = 0.8200;
+// / 1005 = 8.16E-04 (0.000815920); × 95 = 0.0775 (0.077512); 2.8010 + 0.0775 = 2.8785.
+TEST(NewPoint, BehindAPairTheMeansStay) {
+  VariationGrid route;
+  route.add("RF", "2022/05/11", "2.0000", "2019/08/15", "1.9800");
+  route.add("R", "2022/05/11", "", "2019/08/15", "", "-2");
+  route.add("RB", "2022/05/11", "2.0020", "2019/08/15", "1.9820");
+  const int pair = route.add("R", "2022/05/11", "", "2019/08/15", "", "-2");
+  const int point = route.add("N", "2022/05/21", "0.8000", "", "");
+  route.end("E");
+  for (int call = 0; call < 2; ++call) {
+    FcHendCalc(route.grid, "2022/08/19", first);
+    EXPECT_EQ(route.values(pair + 1), "2022/05/16|2.0010||1.9810|0.0200||2.00E-05||0.0020|2.0030");
+    EXPECT_EQ(route.values(point), "2022/05/21|2.8010||1.9810|0.8200|1005|8.16E-04|95|0.0775|2.8785");
+  }
+}
+
+// No section leads to the point: nothing is combined, and the point counts by its own date.
+TEST(NewPoint, WithBothHeightsAboveBlankNothingIsCombined) {
+  VariationGrid route = parted("2022/05/21");
+  route.grid.setText(4, hend::colNewHeight, " ");
+  route.grid.setText(4, hend::colOldHeight, "");
+  FcHendCalc(route.grid, "2022/08/19", first);
+  EXPECT_EQ(route.grid.text(4, hend::colNewDate), "");
+  EXPECT_EQ(route.values(5), "2022/05/21|||||||90||");
+}
+
+// An old difference alone above the point is a section that leads to it: 0 + 0.8000 against 2.0100 is
+// −1.2100; / 1005 = −1.20E-03 (−0.00120398); × 95 = −0.1144 (−0.114378); 0.8000 − 0.1144 = 0.6856.
+TEST(NewPoint, AnOldHeightAloneAboveIsCombined) {
+  VariationGrid route = parted("2022/05/21");
+  route.grid.setText(4, hend::colNewHeight, "");
+  FcHendCalc(route.grid, "2022/08/19", first);
+  EXPECT_EQ(route.values(5), "2022/05/21|0.8000||2.0100|-1.2100|1005|-1.20E-03|95|-0.1144|0.6856");
 }
 
 TEST(NewPoint, TheGridGrowsWhereItsSectionRowIsMissing) {

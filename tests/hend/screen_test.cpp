@@ -42,6 +42,10 @@ class VariationScreen : public testing::Test {
     for (; *keys != 0; ++keys) on.Grid1.pressKey(*keys);
   }
 
+  /// "row,col" of the current cell.
+  std::string current() const {
+    return std::to_string(screen.Grid1.row()) + "," + std::to_string(screen.Grid1.col());
+  }
   const std::string& cell(int row, int col) const { return screen.Grid1.text(row, col); }
 
   test::VariationJob job;
@@ -96,7 +100,9 @@ TEST_F(VariationScreen, SettingAnotherDateCalculatesAgain) {
   openRoute();
   screen.txtKijunbi.edit("2022/05/21");
   EXPECT_EQ(cell(2, hend::colResult), "1.5010");
+  desktop.pointers.clear();
   screen.CmdSettei.press();
+  EXPECT_EQ(desktop.pointers, (std::vector<ui::Pointer>{ui::Pointer::Hourglass, ui::Pointer::Default}));
   EXPECT_EQ(cell(2, hend::colResult), "1.5001");
   EXPECT_EQ(cell(1, hend::colDaysReference), "10");
 }
@@ -147,6 +153,46 @@ TEST_F(VariationScreen, ACorrectionIsTypedAndTakenWithEnter) {
   type(screen, 2, hend::colCorrection, U"\r");
   EXPECT_EQ(cell(2, hend::colResult), "1.5015");
   EXPECT_EQ(cell(5, hend::colResult), "1.9991");
+}
+
+// E1 and E2 have sections (rows 2 and 4), as has the new point E3 (row 6); E4 ends the route.
+TEST_F(VariationScreen, EnterLeadsFromCorrectionToCorrection) {
+  openRoute();
+  EXPECT_EQ(current(), "2,9") << "the first correction, after loading";
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(current(), "4,9");
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(current(), "6,9");
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(current(), "6,9") << "the last one stays";
+  EXPECT_EQ(cell(1, hend::colResult) + cell(3, hend::colResult) + cell(7, hend::colResult), "");
+}
+
+// The walk ends on the route end, where Enter would write a result of 0.0000.
+TEST_F(VariationScreen, CalculatingAgainLeavesTheOperatorWhereHeWas) {
+  openRoute();
+  screen.Grid1.click(4, hend::colCorrection);
+  screen.CmdSettei.press();
+  EXPECT_EQ(current(), "4,9");
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(cell(7, hend::colResult), "");
+}
+
+// Clicked, the cell of the new point's own row takes what is typed: 2.0000 + 0.0005 = 2.0005.
+TEST_F(VariationScreen, TheLineOfANewPointTakesACorrection) {
+  openRoute();
+  type(screen, 5, hend::colCorrection, U"\b\b\b\b\b\b\b0.0005\r");
+  EXPECT_EQ(cell(5, hend::colResult), "2.0005");
+  EXPECT_EQ(current(), "6,9");
+  screen.saveItem.press();
+  EXPECT_EQ(job.saved({"標石番号", "新設点用変動補正量", "新設点用変動補正結果"})[2], "E3|0.0005|2.0005");
+}
+
+TEST_F(VariationScreen, ReopeningLeadsToTheFirstDate) {
+  openRoute();
+  saveAndReopen();
+  EXPECT_EQ(again.Grid1.row(), 1);
+  EXPECT_EQ(again.Grid1.col(), hend::colNewDate);
 }
 
 TEST_F(VariationScreen, RemarksAreTypedInEveryRow) {
