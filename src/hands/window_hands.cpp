@@ -12,6 +12,7 @@
 #include "qt/convert.h"
 #include "qt/forms.h"
 #include "qt/window_desktop.h"
+#include "script/answers.h"
 #include "ui/controls.h"
 #include "ui/desktop.h"
 
@@ -57,6 +58,7 @@ class WindowHands : public script::Hands {
   }
 
   ui::Desktop& desktop() override { return desktop_; }
+  void answerBy(script::Answers& answers) override { answers_ = &answers; }
 
   void press(ui::Pressable& control) override {
     perform([&] { hands::press(widgetOf<QObject>(desktop_, control)); });
@@ -107,11 +109,16 @@ class WindowHands : public script::Hands {
     const std::string file = platform::pathText(platform::nativePath(path));
     return windowOf(screen).grab().save(qt::toQString(file), "PNG");
   }
+  ui::Findings findings(const ui::Screen& screen) override {
+    settle();
+    return screen.findings();
+  }
   std::vector<ui::Message> takeMessages() override { return std::exchange(messages_, {}); }
 
  private:
   qt::DesktopOwner owner() {
     return {.ask = [this](QMessageBox& box) { answer(box); },
+            .safeguards = [this] { return answers_ != nullptr && answers_->asked(); },
             .failed = [this](std::exception_ptr error) { keep(error); },
             .settled = [] {},
             .sweep = [] {},
@@ -139,9 +146,21 @@ class WindowHands : public script::Hands {
     desktop_.sweep();
   }
 
+  /// Reads the question as it stands on the desk and presses the button that the script has ready.
+  void answerQuestion(QMessageBox& box) {
+    ui::Question question{qt::fromQString(box.text()), {}, 0};
+    const QList<QAbstractButton*> buttons = box.buttons();
+    for (const QAbstractButton* button : buttons) {
+      if (button == box.defaultButton()) question.safe = question.buttons.size();
+      question.buttons.push_back(qt::fromQString(button->text()));
+    }
+    hands::press(*buttons[static_cast<qsizetype>(answers_->answer(question))]);
+  }
+
   /// Reads the box as it stands on the desk and presses its OK.
   void answer(QMessageBox& box) {
     box.show();
+    if (box.icon() == QMessageBox::Question) return answerQuestion(box);
     messages_.push_back({qt::fromQString(box.windowTitle()), qt::fromQString(box.text()), iconOf(box)});
     hands::press(*box.button(QMessageBox::Ok));
     if (box.isVisible()) throw std::logic_error("message box does not close");
@@ -153,6 +172,7 @@ class WindowHands : public script::Hands {
 
   qt::Application application_;
   std::vector<ui::Message> messages_;
+  script::Answers* answers_ = nullptr;
   std::exception_ptr error_;
   qt::WindowDesktop desktop_;
 };

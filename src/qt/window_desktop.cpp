@@ -1,6 +1,7 @@
 #include "qt/window_desktop.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
@@ -35,11 +36,29 @@ WindowDesktop::WindowDesktop(Opening opening, DesktopOwner owner)
 WindowDesktop::~WindowDesktop() { setMousePointer(ui::Pointer::Default); }
 
 void WindowDesktop::message(const ui::Message& message) {
+  QMessageBox box(toolkitIcon(message.icon), toQString(message.title), toQString(message.text),
+                  QMessageBox::Ok, front());
+  showBox(box);
+}
+
+/// Enter, Esc and the close box all stand for the safe button.
+std::size_t WindowDesktop::ask(const ui::Question& question) {
+  QMessageBox box(QMessageBox::Question, {}, toQString(question.text), QMessageBox::NoButton, front());
+  std::vector<QAbstractButton*> buttons;
+  for (const std::string& caption : question.buttons)
+    buttons.push_back(box.addButton(toQString(caption), QMessageBox::ActionRole));
+  auto* const safe = qobject_cast<QPushButton*>(buttons[question.safe]);
+  box.setDefaultButton(safe);
+  box.setEscapeButton(safe);
+  showBox(box);
+  const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+  return pressed == buttons.end() ? question.safe : static_cast<std::size_t>(pressed - buttons.begin());
+}
+
+void WindowDesktop::showBox(QMessageBox& box) {
   refresh();
   const bool wasHourglass = hourglass_;
   setMousePointer(ui::Pointer::Default);
-  QMessageBox box(toolkitIcon(message.icon), toQString(message.title), toQString(message.text),
-                  QMessageBox::Ok, windows_.empty() ? nullptr : windows_.back().get());
   box.setTextFormat(Qt::PlainText);
   owner_.ask(box);
   if (wasHourglass) setMousePointer(ui::Pointer::Hourglass);

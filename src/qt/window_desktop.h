@@ -24,6 +24,8 @@ enum class Opening {
 struct DesktopOwner {
   /// Shows the message box and returns when it has been answered.
   std::function<void(QMessageBox& box)> ask;
+  /// Whether operators are asked before something could be lost; empty for never.
+  std::function<bool()> safeguards = {};
   /// An act ended with an error that nothing in the program trapped. No further act is run.
   std::function<void(std::exception_ptr error)> failed;
   /// An act is over and every window shows the new state.
@@ -41,6 +43,8 @@ class WindowDesktop : public ui::Desktop, public Host {
   ~WindowDesktop() override;
 
   void message(const ui::Message& message) override;
+  bool safeguards() const override { return owner_.safeguards && owner_.safeguards(); }
+  std::size_t ask(const ui::Question& question) override;
   void setMousePointer(ui::Pointer pointer) override;
   void breathe() override;
   void show(ui::Screen& screen) override;
@@ -66,6 +70,8 @@ class WindowDesktop : public ui::Desktop, public Host {
     bool maximised = false;
   };
 
+  void showBox(QMessageBox& box);
+  QWidget* front() const { return windows_.empty() ? nullptr : windows_.back().get(); }
   void settle();
   void later(void (WindowDesktop::*what)());
   void open(ScreenWindow& window);

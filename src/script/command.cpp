@@ -57,7 +57,7 @@ struct Form {
 
 using Given = const Arguments&;
 
-constexpr std::array<Form, 14> forms = {{
+constexpr std::array<Form, 16> forms = {{
     {"click", " NAME", 1, [](Given w) -> Command { return Click{w[0].text}; }},
     {"select", " NAME TEXT", 2, select},
     {"enter", " NAME TEXT", 2,
@@ -90,6 +90,8 @@ constexpr std::array<Form, 14> forms = {{
     {"screen", "", 0, [](Given) -> Command { return WhichScreen{}; }},
     {"messages", "", 0, [](Given) -> Command { return Messages{}; }},
     {"shot", " FILE.png", 1, shot},
+    {"checks", "", 0, [](Given) -> Command { return Checks{}; }},
+    {"answer", " TEXT", 1, [](Given w) -> Command { return Answer{w[0].text}; }},
 }};
 
 const Form& formOf(const Word& word) {

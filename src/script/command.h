@@ -68,13 +68,19 @@ struct SizeOf {
 struct WhichScreen {};
 /// Print the message boxes shown since they were last printed.
 struct Messages {};
+/// Print the findings of the open screen.
+struct Checks {};
+/// Answer the next question by this button.
+struct Answer {
+  std::string button;
+};
 /// Write a picture of the open screen.
 struct Shot {
   std::string path;
 };
 
 using Command = std::variant<Click, SelectText, SelectAt, Enter, Type, Cell, Keys, Page, Resize, Close, Show,
-                             SizeOf, WhichScreen, Messages, Shot>;
+                             SizeOf, WhichScreen, Messages, Shot, Checks, Answer>;
 
 /// The command of a script line (without its line end); nothing for a blank line and for one whose first
 /// character is "#". Raises LineError for a line that cannot be understood.

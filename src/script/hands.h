@@ -12,6 +12,8 @@
 
 namespace script {
 
+class Answers;
+
 /// What the operator sees of a control. Which members count depends on the kind.
 struct Reading {
   ui::Kind kind = ui::Kind::Label;
@@ -48,6 +50,9 @@ class Hands {
   /// The desk on which the program's screens are to stand.
   virtual ui::Desktop& desktop() = 0;
 
+  /// Whoever answers the questions of the program; to be set before it starts. Without one none is asked.
+  virtual void answerBy(Answers& answers) = 0;
+
   /// Presses a button, option button or menu item.
   virtual void press(ui::Pressable& control) = 0;
   /// Chooses the item at `index` (from 0), as a mouse click does.
@@ -71,6 +76,8 @@ class Hands {
   /// Writes a picture of the screen where there is one to be had. Returns false where the file could not be
   /// written.
   virtual bool shot(ui::Screen& screen, std::string_view path) = 0;
+  /// What the checks of the screen have found, as the operator sees it.
+  virtual ui::Findings findings(const ui::Screen& screen) = 0;
   /// The message boxes shown since the last call, oldest first.
   virtual std::vector<ui::Message> takeMessages() = 0;
 };

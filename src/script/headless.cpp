@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "script/answers.h"
 #include "text/padding.h"
 
 namespace script {
@@ -12,15 +13,19 @@ namespace {
 class HeadlessDesktop : public ui::Desktop {
  public:
   void message(const ui::Message& message) override { messages_.push_back(message); }
+  bool safeguards() const override { return answers_ != nullptr && answers_->asked(); }
+  std::size_t ask(const ui::Question& question) override { return answers_->answer(question); }
   void setMousePointer(ui::Pointer) override {}
   void breathe() override {}
   void show(ui::Screen&) override {}
   void hide(ui::Screen&) override {}
 
+  void answerBy(Answers& answers) { answers_ = &answers; }
   std::vector<ui::Message> take() { return std::exchange(messages_, {}); }
 
  private:
   std::vector<ui::Message> messages_;
+  Answers* answers_ = nullptr;
 };
 
 void readItems(const ui::ItemControl& control, Reading& reading) {
@@ -46,6 +51,7 @@ void readGrid(const ui::Grid& grid, Reading& reading) {
 class HeadlessHands : public Hands {
  public:
   ui::Desktop& desktop() override { return desktop_; }
+  void answerBy(Answers& answers) override { desktop_.answerBy(answers); }
 
   void press(ui::Pressable& control) override { control.press(); }
   void choose(ui::ItemControl& control, int index) override { control.choose(index); }
@@ -70,6 +76,7 @@ class HeadlessHands : public Hands {
   }
   std::string caption(const ui::Screen& screen) override { return screen.caption(); }
   bool shot(ui::Screen&, std::string_view) override { return true; }
+  ui::Findings findings(const ui::Screen& screen) override { return screen.findings(); }
   std::vector<ui::Message> takeMessages() override { return desktop_.take(); }
 
  private:

@@ -95,4 +95,12 @@ void printUnhandled(std::ostream& out, std::string_view description) {
   out << "unhandled error: " << line << '\n';
 }
 
+void printFindings(std::ostream& out, const ui::Findings& findings) {
+  const auto place = [](int at) { return at < 0 ? std::string("-") : std::to_string(at); };
+  for (const ui::Finding& finding : findings)
+    out << "check: " << (finding.severity == ui::Severity::Error ? "error " : "warning ")
+        << place(finding.row) << ',' << place(finding.col) << ' ' << quoted(finding.text) << '\n';
+  if (findings.empty()) out << "checks: none\n";
+}
+
 }  // namespace script

@@ -31,4 +31,8 @@ void printMessages(std::ostream& out, const std::vector<ui::Message>& messages);
 /// `unhandled error: DESCRIPTION`, in one line.
 void printUnhandled(std::ostream& out, std::string_view description);
 
+/// The findings of a screen, one a line: `check: error 4,2 "text"`, `-,-` for one that belongs to no cell;
+/// `checks: none` where there are none.
+void printFindings(std::ostream& out, const ui::Findings& findings);
+
 }  // namespace script

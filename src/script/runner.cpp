@@ -90,6 +90,7 @@ void Runner::runLine(std::string_view line) {
   if (!command) return;
   std::visit([this](const auto& what) { perform(what); }, *command);
   subject_.sweep();
+  if (const auto failure = answers_.takeFailure()) throw LineError(*failure);
   transcript_.flush();
   if (!transcript_) throw LineError("記録を書き出せません。");
 }
@@ -160,6 +161,10 @@ void Runner::perform(const Shot& shot) {
   if (!hands_.shot(openScreen(), shot.path))
     throw LineError("画面の写しを" + inBrackets(shot.path) + "に書けません。");
 }
+
+void Runner::perform(const Checks&) { printFindings(transcript_, hands_.findings(openScreen())); }
+
+void Runner::perform(const Answer& answer) { answers_.prepare(answer.button); }
 
 ui::Screen& Runner::openScreen() {
   ui::Screen* screen = subject_.screen();

@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string_view>
 
+#include "script/answers.h"
 #include "script/command.h"
 #include "script/hands.h"
 #include "script/subject.h"
@@ -22,8 +23,16 @@ enum class Ending : int {
 class Runner {
  public:
   /// The transcript goes to `transcript`, the reason of an early end to `errors`, as `LINE: why`.
-  Runner(Subject& subject, Hands& hands, std::ostream& transcript, std::ostream& errors)
-      : subject_(subject), hands_(hands), transcript_(transcript), errors_(errors) {}
+  /// With `safeguards` the program asks what an operator would be asked.
+  Runner(Subject& subject, Hands& hands, std::ostream& transcript, std::ostream& errors,
+         bool safeguards = false)
+      : subject_(subject),
+        hands_(hands),
+        transcript_(transcript),
+        errors_(errors),
+        answers_(safeguards, transcript) {
+    hands_.answerBy(answers_);
+  }
 
   /// Starts the program and does the script's lines until the first that fails. The transcript is flushed
   /// after every line.
@@ -48,6 +57,8 @@ class Runner {
   void perform(const WhichScreen& screen);
   void perform(const Messages& messages);
   void perform(const Shot& shot);
+  void perform(const Checks& checks);
+  void perform(const Answer& answer);
 
   ui::Screen& openScreen();
   ui::Control& control(std::string_view name);
@@ -61,6 +72,7 @@ class Runner {
   Hands& hands_;
   std::ostream& transcript_;
   std::ostream& errors_;
+  Answers answers_;
   int line_ = 0;
 };
 

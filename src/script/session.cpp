@@ -69,7 +69,7 @@ Ending work(const Options& options, std::istream& script, const WindowHandsMaker
             const Streams& streams) {
   const auto hands = handsFor(options, windowHands);
   ProgramSubject program(commandLineOf(options), hands->desktop());
-  return Runner(program, *hands, streams.out, streams.errors).run(script);
+  return Runner(program, *hands, streams.out, streams.errors, options.safeguards).run(script);
 }
 
 Ending session(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
@@ -89,6 +89,8 @@ std::optional<Options> parseOptions(const std::vector<std::string>& words) {
   for (; word != words.end() && word->starts_with("--"); ++word) {
     if (*word == "--window") {
       options.window = true;
+    } else if (*word == "--safeguards") {
+      options.safeguards = true;
     } else if (*word == "--program-folder" && word + 1 != words.end() && !(word + 1)->empty()) {
       options.programFolder = *++word;
     } else {
@@ -102,8 +104,9 @@ std::optional<Options> parseOptions(const std::vector<std::string>& words) {
 }
 
 std::string usage() {
-  return "使い方: seikahyou-script [--window] [--program-folder DIR] SCRIPT DATABASE\n"
+  return "使い方: seikahyou-script [--window] [--safeguards] [--program-folder DIR] SCRIPT DATABASE\n"
          "  --window              実際のウィンドウを操作します（指定しなければウィンドウなしで動きます）\n"
+         "  --safeguards          操作者への確認を行います（答えは answer で用意します）\n"
          "  --program-folder DIR  プログラムのフォルダとみなすフォルダ（JobSel.txt を探すところ）\n"
          "  SCRIPT                操作手順のファイル（UTF-8）、- は標準入力\n"
          "  DATABASE              ジョブのデータベース\n"

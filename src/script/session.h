@@ -16,6 +16,7 @@ namespace script {
 /// What the command line of an operation script asks for.
 struct Options {
   bool window = false;                       ///< work real windows
+  bool safeguards = false;                   ///< ask what an operator would be asked
   std::optional<std::string> programFolder;  ///< the folder that counts as the program's own
   std::string script;                        ///< path of the script; "-" for standard input
   std::string database;                      ///< the job database, as it stands
@@ -23,8 +24,9 @@ struct Options {
   bool operator==(const Options&) const = default;
 };
 
-/// Reads `[--window] [--program-folder DIR] SCRIPT DATABASE`, the words behind the program's name. Options
-/// stand before SCRIPT; what follows it is taken as it stands. Nothing where the words do not fit.
+/// Reads `[--window] [--safeguards] [--program-folder DIR] SCRIPT DATABASE`, the words behind the program's
+/// name. Options stand before SCRIPT; what follows it is taken as it stands. Nothing where the words do not
+/// fit.
 std::optional<Options> parseOptions(const std::vector<std::string>& words);
 
 /// How to write the command line, with the exit statuses; several lines.

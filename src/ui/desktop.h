@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace ui {
 
@@ -18,6 +20,15 @@ struct Message {
   bool operator==(const Message&) const = default;
 };
 
+/// A question before an act that could lose or spoil something.
+struct Question {
+  std::string text;                  ///< names what would happen
+  std::vector<std::string> buttons;  ///< captions without access keys
+  std::size_t safe = 0;  ///< the button that loses nothing: Enter, Esc and the close box stand for it
+
+  bool operator==(const Question&) const = default;
+};
+
 /// Pointer codes of setMousePointer.
 enum class Pointer : int { Default = 0, Hourglass = 11 };
 
@@ -28,6 +39,14 @@ class Desktop {
 
   /// Shows a message box and returns when the operator has answered it.
   virtual void message(const Message& message) = 0;
+
+  /// True where operators are asked before something could be lost or spoilt. False: no question is ever
+  /// asked.
+  virtual bool safeguards() const { return false; }
+
+  /// Asks a question and returns the position of the button that answered it. Only to be called with
+  /// safeguards.
+  virtual std::size_t ask(const Question& question) { return question.safe; }
 
   /// Sets the mouse pointer everywhere on the desktop.
   virtual void setMousePointer(Pointer pointer) = 0;

@@ -8,6 +8,7 @@
 
 #include "ui/control.h"
 #include "ui/desktop.h"
+#include "ui/finding.h"
 
 namespace ui {
 
@@ -45,6 +46,9 @@ class Screen {
   /// only.
   void unload();
   bool loaded() const { return loaded_; }
+
+  /// What the checks find on the screen as it stands, worst first.
+  virtual Findings findings() const { return {}; }
 
   /// Told when the screen has been unloaded.
   void whenUnloaded(std::function<void(Screen&)> notice) { unloaded_ = std::move(notice); }

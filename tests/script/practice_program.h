@@ -43,6 +43,7 @@ class PracticeScreen : public ui::Screen {
   ui::Button asleep{"asleep", this, "押せない"};
   ui::Button fail{"fail", this, "失敗"};
   ui::Button trapped{"trapped", this, "報告"};
+  ui::Button asking{"asking", this, "消す"};
   ui::OptionButton first{"optSeika(0)", this, "今回"};
   ui::OptionButton second{"optSeika(1)", this, "前回"};
   ui::TextBox box{"box", this};
@@ -54,6 +55,10 @@ class PracticeScreen : public ui::Screen {
   ui::TabControl sleepingTab{"sleepingTab", this, 2};
   ui::Button behindSleep{"behindSleep", this, "眠るページ"};
   ui::Grid Grid1{"Grid1", this};
+
+  ui::Findings found;  ///< what the checks of this screen find
+
+  ui::Findings findings() const override { return found; }
 
  private:
   void fillGrid() {
@@ -78,6 +83,11 @@ class PracticeScreen : public ui::Screen {
     speak.onClick.handle([this] {
       desktop().message({"", "保存しました", ui::Icon::None});
       desktop().message({"題", "二行\nある", ui::Icon::Information});
+    });
+    asking.onClick.handle([this] {
+      if (!desktop().safeguards()) return;
+      const ui::Question question{"路線「R1」の\n入力を消しますか。", {"消す", "やめる"}, 1};
+      seen += "answer" + std::to_string(desktop().ask(question)) + " ";
     });
     quit.onClick.handle([this] { unload(); });
     fail.onClick.handle([] { throw text::RuntimeError(text::ErrorCode::Overflow); });

@@ -91,6 +91,14 @@ TEST(Printer, MessagesOneALine) {
             "message: title=\"題\" icon=information text=\"\"\n");
 }
 
+TEST(Printer, FindingsOneALine) {
+  std::ostringstream out;
+  script::printFindings(out, {{ui::Severity::Error, 4, 2, "補正数「x」は\n数値ではありません。", "直す"},
+                              {ui::Severity::Warning, -1, -1, "閉合差", ""}});
+  EXPECT_EQ(out.str(),
+            "check: error 4,2 \"補正数「x」は\\n数値ではありません。\"\ncheck: warning -,- \"閉合差\"\n");
+}
+
 TEST(Printer, UnhandledErrorsInOneLine) {
   std::ostringstream out;
   script::printUnhandled(out, "開けません\nC:\\job");

@@ -14,9 +14,9 @@ using script::Ending;
 /// A practice program with headless hands, worked through one script.
 class RunnerTest : public testing::Test {
  protected:
-  Ending run(const std::string& lines) {
+  Ending run(const std::string& lines, bool safeguards = false) {
     std::istringstream script(lines);
-    return script::Runner(program, *hands, out, errors).run(script);
+    return script::Runner(program, *hands, out, errors, safeguards).run(script);
   }
 
   /// A script of one line that must fail; the reason behind the line number.
@@ -41,6 +41,30 @@ TEST_F(RunnerTest, AnEmptyScriptStartsTheProgramAndEnds) {
   EXPECT_EQ(run(""), Ending::Done);
   EXPECT_NE(program.screen(), nullptr);
   EXPECT_EQ(out.str() + errors.str(), "");
+}
+
+TEST_F(RunnerTest, AsksNothingWithoutSafeguards) {
+  EXPECT_EQ(run("answer 消す\nclick asking"), Ending::Done);
+  EXPECT_EQ(out.str() + seen(), "");
+}
+
+// The prepared answers are used up one by one; after them the safe button answers.
+TEST_F(RunnerTest, AnswersQuestionsInLine) {
+  EXPECT_EQ(run("answer 消す\nanswer やめる\nclick asking\nclick asking\nclick asking", true), Ending::Done);
+  const std::string question = "question: \"路線「R1」の\\n入力を消しますか。\" -> ";
+  EXPECT_EQ(out.str(), question + "\"消す\"\n" + question + "\"やめる\"\n" + question + "\"やめる\"\n");
+  EXPECT_EQ(seen(), "answer0 answer1 answer1 ");
+}
+
+TEST_F(RunnerTest, EndsWhereAQuestionLacksTheButton) {
+  EXPECT_EQ(run("answer 残す\nclick asking\nshow label", true), Ending::Line);
+  EXPECT_EQ(errors.str(), "2: この質問に「残す」というボタンはありません。\n");
+  EXPECT_EQ(seen(), "answer1 ") << "the safe button has answered";
+}
+
+TEST_F(RunnerTest, PrintsWhatTheChecksFind) {
+  EXPECT_EQ(run("checks"), Ending::Done);
+  EXPECT_EQ(out.str(), "checks: none\n");
 }
 
 TEST_F(RunnerTest, ShowsEveryKindOfControl) {

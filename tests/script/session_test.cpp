@@ -30,10 +30,12 @@ Outcome run(const std::vector<std::string>& words, const std::string& input = {}
 }
 
 TEST(ParseOptions, ScriptAndDatabase) {
-  EXPECT_EQ(parseOptions({"a.txt", "job.sqlite"}), (Options{false, std::nullopt, "a.txt", "job.sqlite"}));
-  EXPECT_EQ(parseOptions({"-", ""}), (Options{false, std::nullopt, "-", ""}));
+  EXPECT_EQ(parseOptions({"a.txt", "job.sqlite"}),
+            (Options{false, false, std::nullopt, "a.txt", "job.sqlite"}));
+  EXPECT_EQ(parseOptions({"--safeguards", "a", "b"}), (Options{false, true, std::nullopt, "a", "b"}));
+  EXPECT_EQ(parseOptions({"-", ""}), (Options{false, false, std::nullopt, "-", ""}));
   EXPECT_EQ(parseOptions({"--window", "--program-folder", "--x", "a", "--window"}),
-            (Options{true, "--x", "a", "--window"}));
+            (Options{true, false, "--x", "a", "--window"}));
 }
 
 TEST(ParseOptions, RefusesWhatDoesNotFit) {
