@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034
 
 # Compiling everything but the windows.
-packages_build=(cmake ninja-build g++ libsqlite3-dev unixodbc-dev)
+packages_build=(cmake ninja-build g++ libsqlite3-dev unixodbc-dev libxlsxwriter-dev)
 
 # Compiling and showing the windows, with Japanese letters in them.
 packages_window=(qt6-base-dev qt6-translations-l10n libgl-dev libopengl-dev libegl1 fontconfig fonts-ipafont-gothic)
@@ -10,12 +10,12 @@ packages_window=(qt6-base-dev qt6-translations-l10n libgl-dev libopengl-dev libe
 # Showing the windows on a Wayland desktop that offers no X.
 packages_wayland=(qt6-wayland)
 
-# Building and running the tests; those of other database engines need their drivers, a server and its client library.
-packages_test=(libgtest-dev libsqliteodbc odbc-postgresql odbc-mdbtools postgresql libpq-dev)
+# Building and running the tests; what is printed is read back; those of other database engines need their drivers, a server and its client library.
+packages_test=(libgtest-dev zlib1g-dev poppler-utils libsqliteodbc odbc-postgresql odbc-mdbtools postgresql libpq-dev)
 
 # Compiling the Windows program: cross compiler, what unpacks and builds the toolkit's and the database's sources, the
 # toolkit's own tools for this machine.
-packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev mingw-w64-common binutils-mingw-w64-x86-64
+packages_windows=(libxlsxwriter-dev g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev mingw-w64-common binutils-mingw-w64-x86-64
   qt6-base-dev-tools libgtest-dev libsqlite3-dev dpkg-dev tclsh make gcc git zip)
 
 # Running it here and looking at it.

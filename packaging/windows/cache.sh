@@ -30,6 +30,8 @@ toolkit_options=(
 
 database_flags=(-O2 -DSQLITE_THREADSAFE=1 -DSQLITE_ENABLE_COLUMN_METADATA=1)
 
+spreadsheet_flags=(-O2 -DUSE_SYSTEM_MINIZIP=0)
+
 digest() { sha256sum | cut -c 1-12; }
 
 # The version of the compiler is part of every recipe: objects of two of them are not linked together.
@@ -47,6 +49,12 @@ database_folder() {
   echo "$windows_cache/sqlite-${version}-$({ compiler_version; echo "${database_flags[@]}"; } | digest)"
 }
 
+spreadsheet_folder() {
+  local version
+  version="$(dpkg-query -W -f '${Version}' libxlsxwriter-dev 2>/dev/null)" || true
+  echo "$windows_cache/xlsxwriter-${version}-$({ compiler_version; echo "${spreadsheet_flags[@]}"; } | digest)"
+}
+
 test_library_folder() {
   local version
   version="$(dpkg-query -W -f '${Version}' libgtest-dev 2>/dev/null)" || true
@@ -54,7 +62,7 @@ test_library_folder() {
 }
 
 cache_is_there() {
-  [[ -d "$(toolkit_folder)" && -d "$(database_folder)" && -d "$(test_library_folder)" ]]
+  [[ -d "$(toolkit_folder)" && -d "$(database_folder)" && -d "$(spreadsheet_folder)" && -d "$(test_library_folder)" ]]
 }
 
 # source_package NAME FOLDER: unpacks Debian's source of a package into FOLDER. The lists of source packages are kept
@@ -109,6 +117,29 @@ build_database() {
   cp "$work/source/debian/copyright" "$target/debian-copyright.txt"
 }
 
+# The library for spreadsheets, with the compression that it needs beside it.
+build_spreadsheets() {
+  local file cc=x86_64-w64-mingw32-gcc-posix
+  local -a objects
+  source_package zlib "$work/zlib"
+  source_package libxlsxwriter "$work/source"
+  mkdir -p "$target/include" "$target/lib" "$work/z" "$work/x"
+  for file in "$work"/zlib/*.c; do "$cc" -O2 -c "$file" -o "$work/z/$(basename "$file" .c).o"; done
+  objects=("$work"/z/*.o)
+  x86_64-w64-mingw32-ar rcs "$target/lib/libz.a" "${objects[@]}"
+  for file in "$work"/source/src/*.c "$work"/source/third_party/minizip/{ioapi,zip,iowin32}.c \
+    "$work"/source/third_party/{tmpfileplus/tmpfileplus,md5/md5}.c; do
+    "$cc" "${spreadsheet_flags[@]}" -I "$work/source/include" -I "$work/zlib" -c "$file" \
+      -o "$work/x/$(basename "$file" .c).o"
+  done
+  objects=("$work"/x/*.o)
+  x86_64-w64-mingw32-ar rcs "$target/lib/libxlsxwriter.a" "${objects[@]}"
+  cp -r "$work"/source/include/* "$target/include/"
+  cp "$work"/zlib/{zlib,zconf}.h "$target/include/"
+  cp "$work/source/debian/copyright" "$target/xlsxwriter-copyright.txt"
+  cp "$work/zlib/debian/copyright" "$target/zlib-copyright.txt"
+}
+
 build_test_library() {
   cmake -S /usr/src/googletest -B "$work/build" -G Ninja --toolchain "$windows_packaging/toolchain.cmake" \
     -DCMAKE_BUILD_TYPE=Release "-DCMAKE_INSTALL_PREFIX=$target"
@@ -119,6 +150,7 @@ build_test_library() {
 fill_cache() {
   mkdir -p "$windows_cache"
   build_part "$(database_folder)" build_database
+  build_part "$(spreadsheet_folder)" build_spreadsheets
   build_part "$(test_library_folder)" build_test_library
   build_part "$(toolkit_folder)" build_toolkit
   rm -rf "$windows_cache/apt"

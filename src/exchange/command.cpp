@@ -52,7 +52,7 @@ bool takeOption(Request& request, const std::vector<std::string>& words, std::si
   }
   const bool moves = request.command == "import-csv" || request.command == "export-csv";
   if (words[at] != "--encoding" || !moves || request.encoding || ++at == words.size()) return false;
-  request.encoding = encodingOf(words[at]);
+  request.encoding = platform::encodingOf(words[at]);
   return request.encoding.has_value();
 }
 

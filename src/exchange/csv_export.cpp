@@ -1,8 +1,8 @@
 #include "exchange/create.h"
-#include "exchange/csv.h"
 #include "exchange/csv_file.h"
 #include "exchange/tables.h"
 #include "platform/files.h"
+#include "text/csv.h"
 
 namespace exchange {
 namespace {
@@ -17,7 +17,7 @@ class Content {
  public:
   Content(std::string table, std::vector<db::ColumnDefinition> columns, Encoding encoding)
       : table_(std::move(table)), columns_(std::move(columns)), encoding_(encoding) {
-    if (encoding_ == Encoding::Utf8) bytes_ = utf8Mark;
+    if (encoding_ == Encoding::Utf8) bytes_ = platform::utf8Mark;
     for (std::size_t i = 0; i < columns_.size(); ++i) add(i, columns_[i].name, false);
     bytes_ += "\r\n";
   }
@@ -36,17 +36,19 @@ class Content {
 
  private:
   void add(std::size_t column, const std::string& words, bool quoted) {
-    const auto bytes = encoded(words, encoding_);
+    const auto bytes = platform::encoded(words, encoding_);
     if (!bytes) refuse(column, words);
     if (column > 0) bytes_ += ',';
-    appendField(bytes_, *bytes, quoted);
+    text::appendField(bytes_, *bytes, quoted);
   }
 
   [[noreturn]] void refuse(std::size_t column, const std::string& words) const {
     const std::string place = "テーブル「" + table_ + "」の " + std::to_string(record_) + " 件目の列「" +
                               columns_[column].name + "」";
-    if (!encoded(words, Encoding::Utf8)) throw db::Error(place + "に文字として正しくないバイトがあります。");
-    throw db::Error(place + "の文字「" + firstLacking(words, encoding_) + "」は CP932 にありません。");
+    if (!platform::encoded(words, Encoding::Utf8))
+      throw db::Error(place + "に文字として正しくないバイトがあります。");
+    throw db::Error(place + "の文字「" + platform::firstLacking(words, encoding_) +
+                    "」は CP932 にありません。");
   }
 
   std::string table_;

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <string>
 
-#include "exchange/encoding.h"
+#include "platform/text_encoding.h"
 
 namespace exchange {
+
+using platform::Encoding;
 
 /// Writes a job table into the file `file`, over one that is there: a row of column names, then a row for
 /// each record. Null is an empty field, an empty text an empty field in quotes; numbers stand as they can be

@@ -1,15 +1,18 @@
-#include "exchange/csv.h"
 #include "exchange/csv_file.h"
 #include "exchange/table_writer.h"
 #include "exchange/tables.h"
 #include "platform/files.h"
+#include "text/csv.h"
 #include "text/number.h"
 #include "text/padding.h"
 
 namespace exchange {
 namespace {
 
-using Record = std::vector<CsvField>;
+using text::CsvFault;
+using text::CsvReader;
+
+using Record = std::vector<text::CsvField>;
 
 /// Reads a file's records for one table.
 class Importer {
@@ -48,7 +51,7 @@ class Importer {
 
  private:
   db::Value value(const Record& record, std::size_t at) const {
-    const CsvField& field = record[at];
+    const text::CsvField& field = record[at];
     if (field.bytes.empty() && !field.quoted) return {};
     std::string words = decodedField(record, at);
     const Kind kind = kindOf(columns_[at].type);
@@ -63,7 +66,7 @@ class Importer {
   }
 
   std::string decodedField(const Record& record, std::size_t at) const {
-    auto words = decoded(record[at].bytes, encoding_);
+    auto words = platform::decoded(record[at].bytes, encoding_);
     if (!words) refuseBytes(record, at);
     return *words;
   }
@@ -72,7 +75,7 @@ class Importer {
   [[noreturn]] void refuseBytes(const Record& record, std::size_t at) const {
     std::size_t line = record[at].line;
     std::string_view rest = record[at].bytes;
-    for (; decoded(rest.substr(0, rest.find('\n')), encoding_); ++line)
+    for (; platform::decoded(rest.substr(0, rest.find('\n')), encoding_); ++line)
       rest.remove_prefix(rest.find('\n') + 1);
     const char* const encoding = encoding_ == Encoding::Utf8 ? "UTF-8" : "CP932";
     fail(line, at, std::string(encoding) + " として正しくないバイトがあります。");
@@ -117,7 +120,8 @@ std::int64_t importCsv(const std::string& job, const std::string& table, const s
   database->close();
   const std::string content = contentOf(file);
   std::string_view bytes = content;
-  if (encoding == Encoding::Utf8 && bytes.starts_with(utf8Mark)) bytes.remove_prefix(utf8Mark.size());
+  if (encoding == Encoding::Utf8 && bytes.starts_with(platform::utf8Mark))
+    bytes.remove_prefix(platform::utf8Mark.size());
   std::vector<Row> rows;
   try {
     CsvReader reader(bytes);

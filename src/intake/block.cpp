@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "exchange/csv.h"
-#include "exchange/encoding.h"
+#include "platform/text_encoding.h"
+#include "text/csv.h"
 
 namespace intake {
 namespace {
@@ -16,10 +16,10 @@ char separatorOf(std::string_view text) {
   return text.substr(0, text.find('\n')).find('\t') == std::string_view::npos ? ',' : '\t';
 }
 
-Line lineOf(const std::vector<exchange::CsvField>& record) {
+Line lineOf(const std::vector<text::CsvField>& record) {
   Line line{record.front().line, {}};
   line.cells.reserve(record.size());
-  for (const exchange::CsvField& field : record) line.cells.emplace_back(trimmedCell(field.bytes));
+  for (const text::CsvField& field : record) line.cells.emplace_back(trimmedCell(field.bytes));
   return line;
 }
 
@@ -47,10 +47,10 @@ std::string_view trimmedCell(std::string_view cell) {
 }
 
 Block readBlock(std::string_view text) {
-  if (text.starts_with(exchange::utf8Mark)) text.remove_prefix(exchange::utf8Mark.size());
-  exchange::CsvReader reader(text, separatorOf(text));
+  if (text.starts_with(platform::utf8Mark)) text.remove_prefix(platform::utf8Mark.size());
+  text::CsvReader reader(text, separatorOf(text));
   Block block;
-  for (std::vector<exchange::CsvField> record; reader.next(record);) {
+  for (std::vector<text::CsvField> record; reader.next(record);) {
     Line line = lineOf(record);
     if (isBlank(line)) continue;
     if (block.headings.number == 0)

@@ -21,7 +21,7 @@ struct Block {
 
 /// Reads a block from UTF-8 text, with or without a mark at its front: tabs between the cells where the first
 /// line holds one (a block from the clipboard), commas else (a CSV file). Cells lose the blanks at their
-/// ends, ideographic ones too. Raises exchange::CsvFault for stray or open quotes, text::RuntimeError where
+/// ends, ideographic ones too. Raises text::CsvFault for stray or open quotes, text::RuntimeError where
 /// there is no line at all.
 Block readBlock(std::string_view text);
 

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "exchange/command.h"
-#include "exchange/encoding.h"
 #include "intake/cells.h"
 #include "intake/store.h"
 #include "platform/files.h"
+#include "platform/text_encoding.h"
 
 namespace intake {
 namespace {
@@ -55,7 +55,7 @@ std::optional<Request> parse(const std::vector<std::string>& words) {
     else if (!takeOption(request, words, at))
       return std::nullopt;
   }
-  const bool known = exchange::encodingOf(request.value("--encoding", "utf-8")).has_value() &&
+  const bool known = platform::encodingOf(request.value("--encoding", "utf-8")).has_value() &&
                      categoryCell(request.value("--category", "0")).has_value();
   return known && request.operands.size() == 2 ? std::optional(request) : std::nullopt;
 }
@@ -64,7 +64,7 @@ std::string readText(const Request& request) {
   const std::string& file = request.operands[1];
   const auto bytes = platform::isFile(file) ? platform::readFile(file) : std::nullopt;
   if (!bytes) throw db::Error("ファイル「" + file + "」を読み込めません。");
-  auto words = exchange::decoded(*bytes, *exchange::encodingOf(request.value("--encoding", "utf-8")));
+  auto words = platform::decoded(*bytes, *platform::encodingOf(request.value("--encoding", "utf-8")));
   if (!words)
     throw db::Error("ファイル「" + file +
                     "」に文字として正しくないバイトがあります。--encoding を確かめてください。");

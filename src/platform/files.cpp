@@ -18,6 +18,12 @@ namespace {
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
+/// The folder that a path leads into.
+std::filesystem::path folderOf(std::string_view path) {
+  const std::filesystem::path folder = nativePath(path).parent_path();
+  return folder.empty() ? std::filesystem::path(".") : folder;
+}
+
 }  // namespace
 
 #ifdef _WIN32
@@ -133,14 +139,33 @@ bool isSameFile(std::string_view path, std::string_view other) {
 }
 
 void writeFile(std::string_view path, std::string_view content) {
-  const std::filesystem::path target = nativePath(path);
-  const std::filesystem::path growing = nativePath(std::string(path) + ".part");
-  std::ofstream file(growing, std::ios::binary);
+  GrowingFile growing(path);
+  std::ofstream file(nativePath(growing.path()), std::ios::binary);
   file.write(content.data(), static_cast<std::streamsize>(content.size()));
   file.close();
-  if (file && putInPlace(growing, target)) return;
-  removeNative(growing);
-  throw text::RuntimeError(text::ErrorCode::PathNotFound);
+  if (!file) throw text::RuntimeError(text::ErrorCode::PathNotFound);
+  growing.finish();
+}
+
+GrowingFile::GrowingFile(std::string_view path) : target_(path), path_(target_ + ".part") {}
+
+GrowingFile::~GrowingFile() {
+  if (!finished_) removeNative(nativePath(path_));
+}
+
+void GrowingFile::finish() {
+  if (!putInPlace(nativePath(path_), nativePath(target_)))
+    throw text::RuntimeError(text::ErrorCode::PathNotFound);
+  finished_ = true;
+}
+
+WriteObstacle writeObstacle(std::string_view path, std::uintmax_t bytes) {
+  std::error_code error;
+  const std::filesystem::path folder = folderOf(path);
+  if (!std::filesystem::is_directory(folder, error)) return WriteObstacle::NoFolder;
+  if (isFolder(path)) return WriteObstacle::IsFolder;
+  const std::filesystem::space_info room = std::filesystem::space(folder, error);
+  return !error && room.available < bytes ? WriteObstacle::Full : WriteObstacle::Locked;
 }
 
 void makeFolder(std::string_view path) {

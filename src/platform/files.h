@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -36,6 +37,39 @@ bool isSameFile(std::string_view path, std::string_view other);
 /// Writes a whole file in the place of whatever file is at `path`; one that was there stays until the new one
 /// is complete. Raises PathNotFound where it cannot be written.
 void writeFile(std::string_view path, std::string_view content);
+
+/// A file that grows beside the one whose place it takes in the end; whoever writes it writes to path().
+class GrowingFile {
+ public:
+  /// `path`: the file that is to be written or replaced. Nothing is made yet.
+  explicit GrowingFile(std::string_view path);
+  /// Deletes what has grown where it was not finished; the file at the target is what it was.
+  ~GrowingFile();
+  GrowingFile(const GrowingFile&) = delete;
+  GrowingFile& operator=(const GrowingFile&) = delete;
+
+  /// Where the content grows.
+  const std::string& path() const { return path_; }
+  /// Puts the complete file, closed by its writer, in the target's place. Raises PathNotFound where that
+  /// fails.
+  void finish();
+
+ private:
+  std::string target_;
+  std::string path_;
+  bool finished_ = false;
+};
+
+/// What keeps a file from being written.
+enum class WriteObstacle {
+  NoFolder,  ///< the folder that it should stand in is not there
+  IsFolder,  ///< a folder of that name is there
+  Full,      ///< the medium has no room for it
+  Locked     ///< the medium, the folder or the file refuses: read-only, or open in another program
+};
+
+/// Why a file of `bytes` bytes could not be written to `path`, looked at after the attempt has failed.
+WriteObstacle writeObstacle(std::string_view path, std::uintmax_t bytes);
 
 /// Makes the folder at `path` and those above it that are missing. Raises PathNotFound where that fails.
 void makeFolder(std::string_view path);

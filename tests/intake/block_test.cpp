@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "exchange/csv.h"
+#include "text/csv.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ TEST(Block, CutsBlanksOfEveryKindOff) {
 TEST(Block, RefusesAnEmptyTextAndAnOpenQuote) {
   EXPECT_THROW(intake::readBlock(""), text::RuntimeError);
   EXPECT_THROW(intake::readBlock(" \n,\n"), text::RuntimeError);
-  EXPECT_THROW(intake::readBlock("標石番号\n\"A\n"), exchange::CsvFault);
+  EXPECT_THROW(intake::readBlock("標石番号\n\"A\n"), text::CsvFault);
 }
 
 }  // namespace

@@ -181,4 +181,38 @@ TEST(Files, AreWrittenWholeOverOlderOnes) {
   EXPECT_FALSE(platform::isFile(folder.path("場所.part")));
 }
 
+TEST(GrowingFile, TakesTheTargetsPlaceWhenItIsFinished) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.write("成果.pdf", "old");
+  platform::GrowingFile growing(path);
+  EXPECT_NE(growing.path(), path);
+  platform::writeFile(growing.path(), "new");
+  EXPECT_EQ(platform::readFile(path), "old");
+  growing.finish();
+  EXPECT_EQ(platform::readFile(path), "new");
+  EXPECT_FALSE(platform::isFile(growing.path()));
+}
+
+TEST(GrowingFile, LeavesTheOldFileWhereItIsNotFinished) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.write("成果.pdf", "old");
+  std::string growingPath;
+  {
+    platform::GrowingFile growing(path);
+    growingPath = growing.path();
+    platform::writeFile(growingPath, "half");
+  }
+  EXPECT_EQ(platform::readFile(path), "old");
+  EXPECT_FALSE(platform::isFile(growingPath));
+}
+
+TEST(WriteObstacle, SaysWhatStandsInTheWay) {
+  const test::TemporaryFolder folder;
+  using platform::WriteObstacle;
+  EXPECT_EQ(platform::writeObstacle(folder.path("nowhere/a.pdf"), 1), WriteObstacle::NoFolder);
+  EXPECT_EQ(platform::writeObstacle(folder.path(), 1), WriteObstacle::IsFolder);
+  EXPECT_EQ(platform::writeObstacle(folder.path("a.pdf"), UINTMAX_MAX), WriteObstacle::Full);
+  EXPECT_EQ(platform::writeObstacle(folder.path("a.pdf"), 1), WriteObstacle::Locked);
+}
+
 }  // namespace

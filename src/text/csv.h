@@ -11,7 +11,7 @@
 // Comma-separated records as RFC 4180 describes them. All works on the bytes of the file: the signs that part
 // fields and lines are never a part of a character, in UTF-8 as well as in CP932.
 
-namespace exchange {
+namespace text {
 
 /// A field as it stands in the file, without its quotes.
 struct CsvField {
@@ -21,7 +21,7 @@ struct CsvField {
 };
 
 /// A fault of a file, at a line and a field (both counted from 1).
-class CsvFault : public text::RuntimeError {
+class CsvFault : public RuntimeError {
  public:
   CsvFault(std::size_t line, std::size_t field, const std::string& words);
 
@@ -62,4 +62,4 @@ class CsvReader {
 /// Appends a field, in quotes where `quoted` or where its content asks for them.
 void appendField(std::string& out, std::string_view bytes, bool quoted);
 
-}  // namespace exchange
+}  // namespace text

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace exchange {
+namespace platform {
 
 /// The encoding of a text file.
 enum class Encoding { Utf8, Cp932 };
@@ -24,4 +24,4 @@ std::optional<std::string> encoded(std::string_view text, Encoding encoding);
 /// The first character of `text` that `encoded` does not take; "" where it takes them all.
 std::string firstLacking(std::string_view text, Encoding encoding);
 
-}  // namespace exchange
+}  // namespace platform

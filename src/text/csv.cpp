@@ -1,12 +1,12 @@
-#include "exchange/csv.h"
+#include "text/csv.h"
 
 #include <algorithm>
 
-namespace exchange {
+namespace text {
 
 CsvFault::CsvFault(std::size_t line, std::size_t field, const std::string& words)
-    : text::RuntimeError(text::ErrorCode::TypeMismatch,
-                         std::to_string(line) + " 行目 " + std::to_string(field) + " 列目: " + words),
+    : RuntimeError(ErrorCode::TypeMismatch,
+                   std::to_string(line) + " 行目 " + std::to_string(field) + " 列目: " + words),
       line_(line),
       field_(field) {}
 
@@ -69,4 +69,4 @@ void appendField(std::string& out, std::string_view bytes, bool quoted) {
   out += '"';
 }
 
-}  // namespace exchange
+}  // namespace text

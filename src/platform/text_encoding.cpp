@@ -1,9 +1,9 @@
-#include "exchange/encoding.h"
+#include "platform/text_encoding.h"
 
 #include "platform/encoding.h"
 #include "text/padding.h"
 
-namespace exchange {
+namespace platform {
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
@@ -30,12 +30,12 @@ std::optional<Encoding> encodingOf(std::string_view name) {
 }
 
 std::optional<std::string> decoded(std::string_view bytes, Encoding encoding) {
-  if (encoding == Encoding::Cp932) return platform::fromCp932(bytes);
+  if (encoding == Encoding::Cp932) return fromCp932(bytes);
   return isUtf8(bytes) ? std::optional(std::string(bytes)) : std::nullopt;
 }
 
 std::optional<std::string> encoded(std::string_view text, Encoding encoding) {
-  if (encoding == Encoding::Cp932) return platform::toCp932(text);
+  if (encoding == Encoding::Cp932) return toCp932(text);
   return isUtf8(text) ? std::optional(std::string(text)) : std::nullopt;
 }
 
@@ -49,4 +49,4 @@ std::string firstLacking(std::string_view text, Encoding encoding) {
   return {};
 }
 
-}  // namespace exchange
+}  // namespace platform

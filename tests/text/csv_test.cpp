@@ -1,17 +1,17 @@
-#include "exchange/csv.h"
+#include "text/csv.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using exchange::CsvFault;
-using exchange::CsvReader;
+using text::CsvFault;
+using text::CsvReader;
 
 /// The records of a file, fields joined with "|", quoted ones in "<>".
 std::vector<std::string> read(std::string_view bytes) {
   std::vector<std::string> lines;
   CsvReader reader(bytes);
-  std::vector<exchange::CsvField> record;
+  std::vector<text::CsvField> record;
   while (reader.next(record)) {
     std::string& line = lines.emplace_back();
     for (const auto& field : record) {
@@ -48,7 +48,7 @@ TEST(CsvReader, TakesQuotedFields) {
 
 TEST(CsvReader, CountsTheLinesInsideQuotes) {
   CsvReader reader("a\n\"1\n2\n3\",x\nlast\n");
-  std::vector<exchange::CsvField> record;
+  std::vector<text::CsvField> record;
   ASSERT_TRUE(reader.next(record) && reader.next(record));
   EXPECT_EQ(record[0].line, 2U);
   EXPECT_EQ(record[1].line, 4U);
@@ -68,7 +68,7 @@ TEST(CsvReader, NamesThePlaceOfAFault) {
 TEST(AppendField, QuotesWhatNeedsIt) {
   const auto written = [](std::string_view bytes, bool quoted = false) {
     std::string out;
-    exchange::appendField(out, bytes, quoted);
+    text::appendField(out, bytes, quoted);
     return out;
   };
   EXPECT_EQ(written("路線 1"), "路線 1");

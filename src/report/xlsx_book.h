@@ -1,0 +1,64 @@
+#pragma once
+
+#include <xlsxwriter.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "report/document.h"
+#include "report/progress.h"
+
+namespace report {
+
+/// How a cell of a spreadsheet looks.
+struct CellLook {
+  std::string numbers;  ///< number format; "" for texts
+  bool heading = false;
+  bool ruleBelow = false;
+
+  auto operator<=>(const CellLook&) const = default;
+};
+
+/// A spreadsheet file under work, with each look made once. Not finished, it leaves nothing behind but a file
+/// that its owner deletes.
+class XlsxBook {
+ public:
+  /// Raises RuntimeError where the file cannot be made.
+  explicit XlsxBook(const std::string& path);
+  ~XlsxBook();
+  XlsxBook(const XlsxBook&) = delete;
+  XlsxBook& operator=(const XlsxBook&) = delete;
+
+  lxw_worksheet* addSheet(const std::string& name);
+  lxw_format* look(const CellLook& look);
+  lxw_format* title();
+  void describe(const std::string& title);
+
+  /// Puts everything into the file. Raises RuntimeError where that fails.
+  void finish();
+
+ private:
+  lxw_workbook* book_;
+  std::map<CellLook, lxw_format*> looks_;
+  lxw_format* title_ = nullptr;
+};
+
+/// The number format that shows a cell's decimals; "" for a cell that holds no number.
+std::string numberFormat(std::string_view cell);
+
+/// Raises RuntimeError where the library could not write a cell.
+void require(lxw_error error);
+
+/// The rows that stand above the headings of every sheet: the title, the fields in pairs, and an empty one.
+int rowsAboveHeadings(const Document& document);
+
+/// Writes the sheet 検算. `sheets` are the names of the sheets of `tables`.
+void writeCheckSheet(XlsxBook& book, lxw_worksheet* sheet, const Document& document,
+                     const std::vector<Table>& tables, const std::vector<std::string>& sheets,
+                     const Progress& progress);
+
+/// The name of a cell, such as "$B$5".
+std::string cellName(int row, int col);
+
+}  // namespace report
