@@ -17,6 +17,11 @@ std::string Value::text() const {
   return {};
 }
 
+bool Value::isBlank() const {
+  const std::string* const words = textIfAny();
+  return isNull() || (words != nullptr && text::trimmed(*words).empty());
+}
+
 std::string FcNullToBlank(const Value& value) { return std::string(text::trimmed(value.text())); }
 
 std::string FcNullToZeroText(const Value& value) {

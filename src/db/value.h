@@ -23,6 +23,8 @@ class Value {
   bool isNull() const { return content_.index() == 0; }
   bool isNumber() const { return content_.index() == 1; }
   bool isText() const { return content_.index() == 2; }
+  /// True for Null and for a text of nothing but blanks.
+  bool isBlank() const;
 
   /// The number, or the number that the text begins with (0 where there is none); Null is 0.
   double number() const;

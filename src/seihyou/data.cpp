@@ -1,5 +1,6 @@
 #include "seihyou/data.h"
 
+#include <optional>
 #include <string>
 
 #include "db/database.h"
@@ -72,7 +73,7 @@ class ObservedRoute {
     db::Value start = records_.value(height_);
     if (selection_.previousRosen.empty()) return start;
     const auto ends = database_.openRecordset(savedEndSql(context_, selection_, text(benchMark_)));
-    if (!ends->eof() && !ends->field("標高").isNull()) start = ends->field("標高");
+    if (!ends->eof() && !ends->field("標高").isBlank()) start = ends->field("標高");
     ends->close();
     return start;
   }
@@ -119,11 +120,11 @@ class SavedRoute {
   bool add() {
     const std::string flag = text(flag_);
     if (!benchMarkRow(flag)) return false;
-    if (flag == route::routeEnd) {
-      difference_ = 0;
-      return true;
-    }
-    return sectionRow();
+    pairedMean_ = flag == route::repeatedPoint && takePaired(records_.value(result_));
+    if (flag != route::routeEnd) return sectionRow();
+    height_.reset();
+    repeated_.restart();
+    return true;
   }
 
  private:
@@ -134,19 +135,29 @@ class SavedRoute {
     const db::Value observed = records_.value(observedHeight_);
     grid_.setText(row_, colBenchMark, text(benchMark_));
     grid_.setText(row_, colHeight,
-                  route::formatted(observed.isNull() ? records_.value(savedHeight_) : observed, pattern_));
+                  route::formatted(observed.isBlank() ? records_.value(savedHeight_) : observed, pattern_));
     grid_.setText(row_, colResult, resultText(flag));
     grid_.setText(row_, colRemark, text(remark1_));
     grid_.setText(row_, colFlag, flag);
     grid_.setText(row_, colRoute, records_.value(route_).text());
+    if (!height_) difference_ = 0;
     height_ = text::readNumber(grid_.text(row_, colResult));
     return true;
   }
 
-  /// A route end has no saved result: its height follows from the bench mark before it.
+  /// Returns true where this result is the second of a pair.
+  bool takePaired(const db::Value& result) {
+    if (!result.isBlank()) return repeated_.add(result.number());
+    repeated_.restart();
+    return false;
+  }
+
+  /// A route end has no saved result: its height follows from the bench mark before it, or is the mean of the
+  /// two repeated ones before it.
   std::string resultText(const std::string& flag) const {
     if (flag != route::routeEnd) return route::formatted(records_.value(result_), pattern_);
-    return row_ == 1 ? std::string() : pattern_.format(height_ + difference_);
+    if (pairedMean_) return pattern_.format(repeated_.mean());
+    return height_ ? pattern_.format(*height_ + difference_) : std::string();
   }
 
   bool sectionRow() {
@@ -177,9 +188,11 @@ class SavedRoute {
   const db::Column remark2_ = records_.column("備考2");
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column route_ = records_.column("路線番号");
+  route::PairMean repeated_{tenthsOfMillimetre};
+  bool pairedMean_ = false;  // the last record was the second of a pair
   int row_ = 0;
-  double height_ = 0;      // shown at the last bench mark, m
-  double difference_ = 0;  // last corrected difference, m
+  std::optional<double> height_;  // shown at the bench mark before on the route, m
+  double difference_ = 0;         // last corrected difference of the route, m
 };
 
 /// Adds one bench mark to the saved results.

@@ -1,31 +1,30 @@
 #include "tanrosen/data.h"
 
 #include <string>
-#include <utility>
 
 #include "db/database.h"
 #include "db/sql.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "tanrosen/columns.h"
+#include "tanrosen/saved_bench_marks.h"
 #include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
 
 namespace tanrosen {
 namespace {
 
-/// Saved results (A) beside the heights of today (B).
+/// Saved results (A) beside the heights of today (B), which tell whose they are.
 db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT A.*,B.標高 FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataTanrosen) + " A" +
-         " LEFT JOIN " + db::sqlName(context.tables.gTblKansokuSeikaData) + " B" + " ON A.JobId = B.JobId" +
+  return " SELECT A.*,B.標高,B.標石番号,B.DataKubun FROM " +
+         db::sqlName(context.tables.gTblKansokuSeikaDataTanrosen) + " A" + " LEFT JOIN " +
+         db::sqlName(context.tables.gTblKansokuSeikaData) + " B" + " ON A.JobId = B.JobId" +
          " AND A.事業番号 = B.事業番号" + " AND A.路線番号 = B.路線番号" + " AND A.SaveOrder = B.SaveOrder" +
          route::routeKeys(context, selection, db::Sql("A.")) +
          route::loadCategoryCondition(selection.dataKubun, db::Sql("A.")) + " ORDER BY A.SaveOrder";
 }
 
 bool isKnown(const db::Value& height) { return height.number() != 0; }
-
-bool isBlank(const db::Value& value) { return db::FcNullToBlank(value).empty(); }
 
 /// What both ways of filling the grid do alike: two rows for each record, and the lists.
 class Rows {
@@ -105,71 +104,50 @@ class ObservedRoute {
   route::RunningHeights heights_{grade_.heights(), grade_.factor()};
 };
 
-/// Lays saved records into the grid, one after another.
+/// Lays saved bench marks into the grid, one after another.
 class SavedRoute {
  public:
-  SavedRoute(const job::JobContext& context, const db::Recordset& records, ui::Grid& grid,
-             const BenchMarkLists& lists)
-      : records_(records), rows_(grid, lists), pattern_(context.grade().heights()) {}
+  SavedRoute(const job::JobContext& context, ui::Grid& grid, const BenchMarkLists& lists)
+      : rows_(grid, lists), pattern_(context.grade().heights()) {}
 
-  /// Adds the present record. Returns false where the grid could not take it (already reported).
-  bool add() {
-    if (!isNext()) return true;
+  /// Returns false where the grid could not take it (already reported).
+  bool add(const SavedBenchMark& saved) {
     if (!rows_.add()) return false;
-    const std::string flag = text(flag_);
-    rows_.benchMark(colDistance, text(distance_));
-    rows_.benchMark(colCorrection, text(correction_));
-    rows_.benchMark(colRemark, text(remark1_));
-    rows_.benchMark(colFlag, flag);
-    rows_.benchMark(colRoute, records_.value(route_).text());
-    benchMark();
-    if (flag == route::routeEnd) return true;
-    rows_.section(colHeight, formatted(records_.value(meanDifference_)));
-    rows_.section(colRemark, text(remark2_));
+    rows_.benchMark(colBenchMark, saved.name);
+    rows_.benchMark(colDistance, saved.distance);
+    rows_.benchMark(colCorrection, saved.correction);
+    rows_.benchMark(colRemark, saved.remark1);
+    rows_.benchMark(colFlag, saved.flag);
+    rows_.benchMark(colRoute, saved.route);
+    heights(saved);
+    if (saved.flag == route::routeEnd) return true;
+    rows_.section(colHeight, formatted(saved.meanDifference));
+    rows_.section(colRemark, saved.remark2);
     return true;
   }
 
  private:
-  std::string text(db::Column column) const { return route::fieldText(records_, column); }
-
-  /// A route observed in two categories meets each saved record twice; it is laid once.
-  bool isNext() {
-    std::string key = text(order_) + " " + text(route_);
-    if (key == key_) return false;
-    key_ = std::move(key);
-    return true;
-  }
-
   std::string formatted(const db::Value& value) const { return route::formatted(value, pattern_); }
 
-  void benchMark() {
-    const std::string name = text(benchMark_);
-    const db::Value today = records_.value(heightToday_);
-    const db::Value saved = records_.value(savedHeight_);
-    const db::Value result = records_.value(result_);
-    rows_.benchMark(colBenchMark, name);
-    rows_.benchMark(colHeight, formatted(isBlank(saved) ? today : saved));
-    rows_.benchMark(colResult, formatted(isBlank(result) && isKnown(today) ? today : result));
-    rows_.list(name, isKnown(today));
+  void heights(const SavedBenchMark& saved) {
+    const db::Value& today = saved.heightToday;
+    rows_.benchMark(colHeight, formatted(saved.height.isBlank() ? today : saved.height));
+    rows_.benchMark(colResult, formatted(saved.result.isBlank() && isKnown(today) ? today : saved.result));
+    rows_.list(saved.name, isKnown(today));
   }
 
-  const db::Recordset& records_;
   Rows rows_;
   const text::Pattern& pattern_;
-  const db::Column benchMark_ = records_.column("水準点番号");
-  const db::Column distance_ = records_.column("距離");
-  const db::Column savedHeight_ = records_.column("A.標高");
-  const db::Column heightToday_ = records_.column("B.標高");
-  const db::Column correction_ = records_.column("単路線補正数");
-  const db::Column result_ = records_.column("単路線補正結果");
-  const db::Column remark1_ = records_.column("備考1");
-  const db::Column remark2_ = records_.column("備考2");
-  const db::Column flag_ = records_.column("RosenEndDataFlg");
-  const db::Column meanDifference_ = records_.column("中数");
-  const db::Column route_ = records_.column("路線番号");
-  const db::Column order_ = records_.column("SaveOrder");
-  std::string key_;  // of the last record laid
 };
+
+/// Returns false where the grid could not take all of them (already reported).
+bool laySaved(db::Recordset& records, SavedRoute& route) {
+  SavedBenchMarks saved(records);
+  for (auto benchMarks = saved.next(); !benchMarks.empty(); benchMarks = saved.next())
+    for (const SavedBenchMark& benchMark : benchMarks)
+      if (!route.add(benchMark)) return false;
+  return true;
+}
 
 /// Adds one bench mark to the saved results.
 void addRecord(db::Recordset& records, const route::Selection& selection, const job::JobContext& context,
@@ -213,8 +191,8 @@ bool FcDBReOpen(const route::Selection& selection, const job::JobContext& contex
                        lists.clear();
                        route::readRecords(context.gDbPath, savedSql(context, selection),
                                           [&](db::Database&, db::Recordset& records) {
-                                            SavedRoute saved(context, records, grid, lists);
-                                            whole = route::layRecords(records, saved);
+                                            SavedRoute saved(context, grid, lists);
+                                            whole = laySaved(records, saved);
                                           });
                      }) &&
          whole;

@@ -46,4 +46,13 @@ TEST(FcBlankToNull, BlankBecomesNullAndTheRestStays) {
   EXPECT_EQ(db::FcBlankToNull(0.0), Value(0.0));
 }
 
+TEST(Value, IsBlankWhereNothingStandsInIt) {
+  EXPECT_TRUE(db::Value().isBlank());
+  EXPECT_TRUE(db::Value("").isBlank());
+  EXPECT_TRUE(db::Value("  ").isBlank());
+  EXPECT_FALSE(db::Value(" x ").isBlank());
+  EXPECT_FALSE(db::Value("0").isBlank());
+  EXPECT_FALSE(db::Value(0.0).isBlank());
+}
+
 }  // namespace

@@ -40,6 +40,14 @@ class SeihyouData : public testing::Test {
     return lines;
   }
 
+  /// A saved record of route R1; `values`: 標高, 備考1, 備考2, RosenEndDataFlg, 中数, 正標高補正数 and
+  /// 正標高結果.
+  void saveRecord(int order, std::string_view benchMark, std::string_view values) const {
+    job.sql("INSERT INTO KansokuSeikaDataSeihyou VALUES ('3','1001','R1','0'," + std::to_string(order) +
+            ",'" + std::string(benchMark) + "'," + std::string(values) + ")");
+  }
+
+  const route::Selection r1{"1001", "R1", "0", ""};
   test::SmallJob job;
   test::RecordingDesktop desktop;
   ui::Grid grid;
@@ -125,10 +133,12 @@ TEST_F(SeihyouData, ARouteStartsOnTheSavedEndOfTheOneBefore) {
   clear();
   seihyou::FcDBOpen({"1001", "01A00201", "0", ""}, job.context(), grid);
   EXPECT_EQ(grid.text(1, 3), "50.0000") << "the first route of the list has none before it";
-  job.sql("UPDATE KansokuSeikaDataSeihyou SET 標高 = NULL");
-  clear();
-  seihyou::FcDBOpen({"1001", "01A00201", "0", "01A00101"}, job.context(), grid);
-  EXPECT_EQ(grid.text(1, 3), "50.0000") << "a saved end without height changes nothing";
+  for (const char* none : {"NULL", "''"}) {
+    job.sql("UPDATE KansokuSeikaDataSeihyou SET 標高 = " + std::string(none));
+    clear();
+    seihyou::FcDBOpen({"1001", "01A00201", "0", "01A00101"}, job.context(), grid);
+    EXPECT_EQ(grid.text(1, 3), "50.0000") << "a saved end without height changes nothing: " << none;
+  }
 }
 
 // Two routes in one selection: the second starts on its own height 20, right below the end of the first.
@@ -223,6 +233,64 @@ TEST_F(SeihyouData, ReopensWhatWasSavedWithTheObservedHeightsOfToday) {
   EXPECT_EQ(rows(),
             (Lines{"A|100.5000||100.0000|起点||R1", "|1.2345|12|1.2357|橋||", "B|101.5000||101.2357|||R1",
                    "|-0.5000||-0.5000|||", "C|100.7400||100.7357||-1|R1"}));
+}
+
+// A blank text is no observed height: B shows what was saved.
+TEST_F(SeihyouData, ReopeningTakesABlankObservedHeightForNone) {
+  job.sql("ALTER TABLE KansokuSeikaData RENAME COLUMN 標高 TO 旧標高");
+  job.sql("ALTER TABLE KansokuSeikaData ADD COLUMN 標高 TEXT");
+  job.observed(1, "R1", "A", "'100.5'", "1");
+  job.observed(2, "R1", "B", "' '", "1");
+  job.observed(3, "R1", "C", "''", "NULL", "-1");
+  saveRecord(1, "A", "'100',NULL,NULL,NULL,1,NULL,100");
+  saveRecord(2, "B", "101.25,NULL,NULL,NULL,1,NULL,101");
+  saveRecord(3, "C", "102.5,NULL,NULL,'-1',NULL,NULL,NULL");
+  EXPECT_TRUE(seihyou::FcDBReOpen(r1, job.context(), grid));
+  EXPECT_EQ(grid.text(1, 1), "100.5000");
+  EXPECT_EQ(grid.text(3, 1), "101.2500");
+  EXPECT_EQ(grid.text(5, 1), "102.5000");
+}
+
+// P and Q are the pair: (11.0008 + 11.0021) / 2 = 11.00145 → 11.0015 to 0.1 mm, halves upwards; the end does
+// not follow from Q's height and the last corrected difference, 11.0021 + 1.0008.
+TEST_F(SeihyouData, AnEndBehindAPairReopensWithTheMeanOfItsSavedResults) {
+  saveRecord(1, "A", "10,NULL,NULL,NULL,1,'8',10");
+  saveRecord(2, "P", "NULL,NULL,NULL,'-2',NULL,NULL,11.0008");
+  saveRecord(3, "A", "NULL,NULL,NULL,NULL,1.0021,NULL,10");
+  saveRecord(4, "P", "NULL,NULL,NULL,'-2',NULL,NULL,11.0021");
+  saveRecord(5, "P", "NULL,NULL,NULL,'-1',NULL,NULL,NULL");
+  EXPECT_TRUE(seihyou::FcDBReOpen(r1, job.context(), grid));
+  EXPECT_EQ(rows(), (Lines{"A|10.0000||10.0000|||R1", "|1.0000|8|1.0008|||", "P|||11.0008||-2|R1", "||||||",
+                           "A|||10.0000|||R1", "|1.0021||1.0021|||", "P|||11.0021||-2|R1", "||||||",
+                           "P|||11.0015||-1|R1"}));
+}
+
+// One bench mark further on the end follows from the height and the difference before it again: 11 + 0.5. A
+// pair of which one result is missing has no mean: 11.0021 + 0.25 (D of A–P).
+TEST_F(SeihyouData, OnlyAnEndRightBehindAWholePairShowsTheMean) {
+  saveRecord(1, "P", "NULL,NULL,NULL,'-2',NULL,NULL,11.0008");
+  saveRecord(2, "P", "NULL,NULL,NULL,'-2',NULL,NULL,11.0021");
+  saveRecord(3, "P", "NULL,NULL,NULL,NULL,0.5,NULL,11");
+  saveRecord(4, "E", "NULL,NULL,NULL,'-1',NULL,NULL,NULL");
+  saveRecord(5, "P", "NULL,NULL,NULL,'-2',NULL,NULL,NULL");
+  saveRecord(6, "A", "NULL,NULL,NULL,NULL,0.25,NULL,10");
+  saveRecord(7, "P", "NULL,NULL,NULL,'-2',NULL,NULL,11.0021");
+  saveRecord(8, "P", "NULL,NULL,NULL,'-1',NULL,NULL,NULL");
+  EXPECT_TRUE(seihyou::FcDBReOpen(r1, job.context(), grid));
+  EXPECT_EQ(grid.text(7, 0), "E");
+  EXPECT_EQ(grid.text(7, 3), "11.5000");
+  EXPECT_EQ(grid.text(14, 0), "P");
+  EXPECT_EQ(grid.text(14, 3), "11.2521");
+}
+
+// A route of its end alone has no height before it; that of the route above is none of its.
+TEST_F(SeihyouData, AnEndWithoutABenchMarkBeforeItReopensBlank) {
+  saveRecord(1, "A", "10,NULL,NULL,NULL,1,NULL,10");
+  saveRecord(2, "B", "11,NULL,NULL,'-1',NULL,NULL,NULL");
+  saveRecord(3, "C", "50,NULL,NULL,'-1',NULL,NULL,NULL");
+  EXPECT_TRUE(seihyou::FcDBReOpen(r1, job.context(), grid));
+  EXPECT_EQ(rows(), (Lines{"A|10.0000||10.0000|||R1", "|1.0000||1.0000|||", "B|11.0000||11.0000||-1|R1",
+                           "C|50.0000||||-1|R1"}));
 }
 
 // What stands between deletion and the failing insertion stays: both old records gone, the first new one

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -206,6 +207,56 @@ TEST_F(SingleRouteData, ARouteObservedInTwoCategoriesReopensEveryBenchMarkOnce) 
   EXPECT_EQ(all.items(), (Lines{"A", "B"}));
   EXPECT_EQ(known.items(), Lines{"A"});
   EXPECT_EQ(grid.rows(), 5);
+}
+
+// Four saved records of order 1: two routes of a family with a bench mark each, one of them twice (the join
+// met two observations), and two bench marks of one route. Each is there once.
+TEST_F(SingleRouteData, RecordsAreTheSameOnlyWhereOrderRouteAndBenchMarkAre) {
+  job.observed(1, "01A001", "A", "10", "1", "", "'1'");
+  job.observed(1, "01A001", "A", "10", "1", "", "'0'");
+  job.observed(1, "02A001", "B", "20", "1", "", "'1'");
+  for (const char* record : {"'01A001','1',1,'A'", "'02A001','1',1,'B'", "'02A001','1',1,'C'"})
+    job.sql(
+        "INSERT INTO KansokuSeikaDataTanrosen (JobId, 事業番号, 路線番号, DataKubun, SaveOrder, 水準点番号) "
+        "VALUES ('3','1001'," +
+        std::string(record) + ")");
+  EXPECT_TRUE(reopen({"1001", "01A001", "1", ""}));
+  auto names = all.items();
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names, (Lines{"A", "B", "C"}));
+  EXPECT_EQ(grid.rows(), 7);
+  EXPECT_EQ(known.count(), 2) << "C has no observation of its own";
+}
+
+// The observations were renumbered: at B's order stands X at 999 m. That is no height of B, whose closure
+// error it would make 999 − 11 = 988 m.
+TEST_F(SingleRouteData, TheHeightOfAnotherBenchMarkIsNoKnownHeight) {
+  job.observed(1, "R1", "A", "10", "1");
+  job.observed(2, "R1", "X", "999", "NULL", "-1");
+  savedRecord(1, "A", "NULL,10,0,10,NULL,NULL,NULL,1");
+  savedRecord(2, "B", "NULL,11,NULL,NULL,NULL,NULL,'-1',NULL");
+  EXPECT_TRUE(reopen(r1));
+  EXPECT_EQ(known.items(), Lines{"A"});
+  EXPECT_EQ(grid.text(3, tanrosen::colResult), "");
+}
+
+// A has 12 m in category 4 and 10.5 m in category 0, the saved one, whichever is met first; B is observed in
+// category 4 alone, and that is its height. Numbers with blanks behind them are the same.
+TEST_F(SingleRouteData, TheHeightOfTheSameCategoryGoesFirst) {
+  for (const bool sameFirst : {false, true}) {
+    job.sql("DELETE FROM KansokuSeikaData");
+    job.sql("DELETE FROM KansokuSeikaDataTanrosen");
+    job.observed(1, "R1", "A  ", sameFirst ? "10.5" : "12", "1", "", sameFirst ? "'0'" : "'4'");
+    job.observed(1, "R1", "A", sameFirst ? "12" : "10.5", "1", "", sameFirst ? "'4'" : "'0'");
+    job.observed(2, "R1", "B", "13", "NULL", "-1", "'4'");
+    savedRecord(1, "A", "NULL,NULL,NULL,NULL,NULL,NULL,NULL,1");
+    savedRecord(2, "B", "NULL,11,NULL,NULL,NULL,NULL,'-1',NULL");
+    EXPECT_TRUE(reopen(r1));
+    EXPECT_EQ(grid.text(1, tanrosen::colResult), "10.5000") << sameFirst;
+    EXPECT_EQ(grid.text(1, tanrosen::colHeight), "10.5000") << sameFirst;
+    EXPECT_EQ(grid.text(3, tanrosen::colResult), "13.0000") << sameFirst;
+    EXPECT_EQ(known.items(), (Lines{"A", "B"}));
+  }
 }
 
 TEST_F(SingleRouteData, ListsAreEmptiedFirst) {
