@@ -37,6 +37,9 @@ void reportSaved(ui::Desktop& desktop);
 void forEachBenchMark(const ui::Grid& grid, int flagCol,
                       const std::function<void(int row, int sectionRow)>& visit);
 
+/// The units of 0.1 mm in a metre, to which means are rounded whatever the grade.
+inline constexpr double tenthsOfMillimetre = 10000;
+
 /// Means of bench marks that are observed twice: the heights come in pairs, and the second of each pair gives
 /// the mean.
 class PairMean {

@@ -8,8 +8,6 @@
 namespace seihyou {
 namespace {
 
-constexpr double tenthsOfMillimetre = 10000;  // means are rounded to 0.1 mm in every grade
-
 /// The walk along one route: H, D and the mean are carried from bench mark to bench mark.
 class Walk {
  public:
@@ -44,7 +42,7 @@ class Walk {
   void average(int row) {
     sum_ += height_;
     if (++count_ != 2) return;
-    sum_ = text::roundHalfUp(sum_ / 2, tenthsOfMillimetre);
+    sum_ = text::roundHalfUp(sum_ / 2, route::tenthsOfMillimetre);
     write(row + 2, sum_);
   }
 

@@ -15,8 +15,6 @@
 namespace seihyou {
 namespace {
 
-constexpr double tenthsOfMillimetre = 10000;  // means are rounded to 0.1 mm in every grade
-
 /// The saved end of the route listed before, where it is this bench mark.
 db::Sql savedEndSql(const job::JobContext& context, const route::Selection& selection,
                     const std::string& benchMark) {
@@ -106,7 +104,7 @@ class ObservedRoute {
   const db::Column meanDifference_ = records_.column("中数");
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column route_ = records_.column("路線番号");
-  route::RunningHeights heights_{pattern_, tenthsOfMillimetre};
+  route::RunningHeights heights_{pattern_, route::tenthsOfMillimetre};
   int row_ = 0;
 };
 
@@ -188,7 +186,7 @@ class SavedRoute {
   const db::Column remark2_ = records_.column("備考2");
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column route_ = records_.column("路線番号");
-  route::PairMean repeated_{tenthsOfMillimetre};
+  route::PairMean repeated_{route::tenthsOfMillimetre};
   bool pairedMean_ = false;  // the last record was the second of a pair
   int row_ = 0;
   std::optional<double> height_;  // shown at the bench mark before on the route, m
