@@ -10,7 +10,8 @@ namespace qt {
 
 GridView::Cell GridView::cellAt(const QPoint& position) const {
   const QModelIndex index = indexAt(position);
-  if (grid_ == nullptr || !index.isValid()) return {};
+  const bool underFixed = fixed_ != nullptr && fixed_->isVisible() && position.x() < fixed_->cover();
+  if (grid_ == nullptr || !index.isValid() || underFixed) return {};
   const Cell cell{index.row() + model_.headerRows(), index.column()};
   return grid_->clickable(cell.row, cell.col) ? cell : Cell{};
 }

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QInputMethod>
+#include <QScrollBar>
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -56,6 +57,7 @@ void GridView::showGrid() {
                                             : fontMetrics().height() + rowMargin;
   if (verticalHeader()->defaultSectionSize() != height) verticalHeader()->setDefaultSectionSize(height);
   showColumns();
+  showFixedColumns();
   showSelection();
   showInputMethod();
   if (filledAnew)
@@ -83,19 +85,41 @@ void GridView::showColumns() {
   fitWidestColumn();
 }
 
-/// The widest column, the last of those equally wide, takes what the others leave, but never less than its
-/// own width: words are given room, figures stay close to each other.
+void GridView::showFixedColumns() {
+  if (fixed_ == nullptr && grid_->fixedCols() == 0) return;
+  if (fixed_ == nullptr) fixed_ = new FixedColumns(*this);
+  fixed_->setCount(grid_->fixedCols());
+}
+
+/// The widest column, the last of those equally wide, takes what the others leave: words are given room,
+/// figures stay close to each other. It never gets less than its own width but where the grid is as wide as
+/// its columns: then it makes room for the scroll bar and the frame, and for what rounding to pixels has
+/// added.
 void GridView::fitWidestColumn() {
   if (fitting_ || grid_ == nullptr || static_cast<int>(widths_.size()) != grid_->cols()) return;
   const auto fromBack = std::max_element(widths_.rbegin(), widths_.rend());
   if (fromBack == widths_.rend() || *fromBack <= 0) return;
   const int widest = static_cast<int>(std::distance(fromBack, widths_.rend())) - 1;
   int others = 0;
-  for (int col = 0; col < grid_->cols(); ++col)
-    if (col != widest && !isColumnHidden(col)) others += columnWidth(col);
+  int rounded = 0;
+  for (int col = 0; col < grid_->cols(); ++col) {
+    if (isColumnHidden(col)) continue;
+    ++rounded;
+    if (col != widest) others += columnWidth(col);
+  }
+  const int own = toPixels(static_cast<float>(*fromBack));
+  const int left = viewport()->width() - others;
+  const int edges = width() - viewport()->width();
   fitting_ = true;
-  setColumnWidth(widest, std::max(toPixels(static_cast<float>(*fromBack)), viewport()->width() - others));
+  setColumnWidth(widest, left + edges + rounded >= own ? left : own);
   fitting_ = false;
+}
+
+void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QTableView::scrollTo(index, hint);
+  if (fixed_ == nullptr || !index.isValid() || index.column() < grid_->fixedCols()) return;
+  const int under = fixed_->cover() - columnViewportPosition(index.column());
+  if (under > 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() - under);
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {

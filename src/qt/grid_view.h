@@ -4,12 +4,13 @@
 #include <functional>
 #include <vector>
 
+#include "qt/fixed_columns.h"
 #include "qt/grid_model.h"
 
 namespace qt {
 
 /// A grid in a window. It paints and scrolls; the current cell, the selection and every key are the grid's,
-/// and the view follows it.
+/// and the view follows it. Its fixed columns stay in view when it scrolls sideways.
 ///
 /// Keys: characters, Enter and Backspace go to the grid's key cell, Delete empties it, input methods come in
 /// where text may be typed. Arrows, Page Up and Down, Home and End (with Ctrl: of the whole grid) go from
@@ -43,6 +44,8 @@ class GridView : public QTableView {
   bool rangeSelected() const;
 
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+  /// Brings a cell into view, out from under the fixed columns.
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -65,6 +68,7 @@ class GridView : public QTableView {
   void setUpLook();
   void act(const std::function<void()>& what);
   void showColumns();
+  void showFixedColumns();
   void fitWidestColumn();
   void showSelection();
   void showInputMethod();
@@ -86,6 +90,7 @@ class GridView : public QTableView {
   int rowsInView() const;
 
   GridModel model_;
+  FixedColumns* fixed_ = nullptr;  // none before a grid with fixed columns is shown
   ui::Grid* grid_ = nullptr;
   Act act_;
   std::vector<int> widths_;

@@ -44,6 +44,16 @@ TEST_F(GridViewTest, AHiddenLastColumnLeavesTheRoomToTheOneBefore) {
   EXPECT_EQ(view_.columnWidth(3), view_.viewport()->width() - 2 * 60);
 }
 
+// Columns 0, 1, 3 and 4 of 60 pixels each make 240: as wide as the grid, they make room for its frame and its
+// scroll bar.
+TEST_F(GridViewTest, AGridAsWideAsItsColumnsShowsThemAll) {
+  grid_.setSize(3600, 1500);
+  settle();
+  EXPECT_LT(view_.viewport()->width(), 240);
+  EXPECT_EQ(view_.horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(view_.columnWidth(4), view_.viewport()->width() - 3 * 60);
+}
+
 TEST_F(GridViewTest, HeaderIsTheFirstRowAndStaysInView) {
   EXPECT_EQ(view_.model()->headerData(1, Qt::Horizontal).toString(), "見出1");
   view_.scrollToBottom();
