@@ -30,7 +30,7 @@ struct Book : MeasuredRoute {
   void empty() { hksnb::FcHHKSB_InitGrid1(grid, kind); }
   void fill() {
     hksnb::FcHHKSB_SetGrid1FromSeikaData(context, kind, {{selection.jigyoBango, selection.rosenBango}},
-                                         boxes.present, grid);
+                                         boxes.present, places, grid);
   }
   void workAmounts() { hksnb::FcHHKSB_HendryoCal(grid, context.grade()); }
   void save() { hksnb::FcHHKSB_HKSNBSave(context, kind, number, boxes.present, grid); }
@@ -72,6 +72,7 @@ struct Book : MeasuredRoute {
   static constexpr hksnb::Kind kind = hksnb::Kind::Orthometric;
   const std::string number = "1";
   hksnb::BookBoxes boxes;
+  hksnb::PlaceNames places;
   std::vector<double> present;     // m
   std::vector<double> previous;    // m
   std::vector<std::string> cells;  // written by the bare pass

@@ -35,9 +35,9 @@ void setVariation(ui::Grid& Grid1, int row, const Formats& formats) {
     Grid1.setText(row, colVariation, {});
     return;
   }
-  const double q = text::readNumber(previous);
+  Grid1.setText(row, colPrevious, formats.heights.format(text::readNumber(previous)));
+  const double q = text::readNumber(Grid1.text(row, colPrevious));
   const double p = text::readNumber(Grid1.text(row, colPresent));
-  Grid1.setText(row, colPrevious, formats.heights.format(q));
   Grid1.setText(row, colVariation, formats.variation.format(millimetres(p, q)));
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "route/selection.h"
+#include "text/decimal.h"
 #include "text/number.h"
 #include "ui/grid_helpers.h"
 
@@ -31,7 +32,7 @@ bool Filling::finish() {
 bool Filling::benchMarkRow(const Observation& observation) {
   if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
   grid_.setText(row_, colEndMark, observation.flag);
-  places(observation);
+  placeCells(observation);
   grid_.setText(row_, colBenchMark, observation.benchMark);
   kind_ == Kind::Orthometric ? orthometricHeights(observation) : ellipsoidalHeights(observation);
   grid_.setText(row_, colRemark, observation.remark1);
@@ -39,12 +40,12 @@ bool Filling::benchMarkRow(const Observation& observation) {
   return true;
 }
 
-void Filling::places(const Observation& observation) {
-  for (std::size_t col = 0; col < place_.size(); ++col) {
-    if (observation.place[col] == place_[col]) continue;
-    place_[col] = observation.place[col];
-    grid_.setText(row_, static_cast<int>(col), place_[col]);
-  }
+void Filling::placeCells(const Observation& observation) {
+  const Place& place = observation.place;
+  const Place shown = shownBelow(place_, place);
+  for (std::size_t col = 0; col < shown.size(); ++col) grid_.setText(row_, static_cast<int>(col), shown[col]);
+  place_ = place;
+  places_.add(observation.benchMark, place);
 }
 
 /// First grade shows corrections in tenths of a millimetre.
@@ -58,25 +59,25 @@ void Filling::ellipsoidalHeights(const Observation& observation) {
 }
 
 void Filling::orthometricHeights(const Observation& observation) {
-  if (benchMark_ != 0) {
-    walk(colHeight);
-    walk(colPresent);
-    return;
-  }
+  if (benchMark_ == 0) return startWalk(observation);
+  // Through its decimal text, so that thousands of sums gather no noise.
+  observed_ = text::Decimal(observed_ + difference_).value();
+  grid_.setText(row_, colHeight, heights_.format(observed_));
+  const double before = text::readNumber(grid_.text(benchMark_, colPresent));
+  const double step = text::readNumber(grid_.text(benchMark_ + 1, colPresent));
+  grid_.setText(row_, colPresent, heights_.format(before + step));
+}
+
+void Filling::startWalk(const Observation& observation) {
+  observed_ = text::readNumber(observation.height);
   const std::string start = heights_.formatText(observation.height);
   grid_.setText(row_, colHeight, start);
   grid_.setText(row_, colPresent, start);
 }
 
-/// From the bench mark before over the section behind it.
-void Filling::walk(int col) {
-  const double before = text::readNumber(grid_.text(benchMark_, col));
-  const double step = text::readNumber(grid_.text(benchMark_ + 1, col));
-  grid_.setText(row_, col, heights_.format(before + step));
-}
-
 bool Filling::sectionRow(const Observation& observation) {
   if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
+  difference_ = text::readNumber(observation.meanDifference);
   grid_.setText(row_, colHeight, heights_.formatText(observation.meanDifference));
   if (kind_ == Kind::Orthometric) orthometricSection(observation);
   grid_.setText(row_, colRemark, observation.remark2);
@@ -88,22 +89,22 @@ void Filling::orthometricSection(const Observation& observation) {
   grid_.setText(row_, colPresent, correctedDifference(observation));
 }
 
-/// As shown; blank where the section has nothing to make it of.
+/// As shown; blank where the section has nothing to make it of. The mean difference counts as shown: so does
+/// the correction screen, and the two agree.
 std::string Filling::correctedDifference(const Observation& observation) const {
-  if (observation.correction.empty() && observation.result.empty()) return {};
-  const double mean = text::readNumber(grid_.text(row_, colHeight));
-  if (isDifference(observation.result, mean)) return heights_.formatText(observation.result);
-  if (observation.meanDifference.empty() && observation.correction.empty()) return {};
-  return heights_.format(mean + text::readNumber(observation.correction) / grade_.factor());
+  if (observation.result.empty()) return {};
+  const bool isBlank = observation.meanDifference.empty() && observation.correction.empty();
+  const double sum = text::readNumber(grid_.text(row_, colHeight)) +
+                     text::readNumber(observation.correction) / grade_.factor();
+  const double result = text::readNumber(observation.result);
+  if (std::abs(result - sum) < std::abs(result - ownHeight(observation))) return heights_.format(result);
+  return isBlank ? std::string() : heights_.format(sum);
 }
 
-/// True where a stored result lies nearer to the mean difference (m) of its section than to the height that
-/// its bench mark has in the book.
-bool Filling::isDifference(const std::string& stored, double mean) const {
-  if (stored.empty()) return false;
-  const double result = text::readNumber(stored);
-  const double height = text::readNumber(grid_.text(benchMark_, colPresent));
-  return std::abs(result - mean) < std::abs(result - height);
+/// The height (m) that the correction started from at the bench mark.
+double Filling::ownHeight(const Observation& observation) const {
+  return text::readNumber(observation.height.empty() ? grid_.text(benchMark_, colPresent)
+                                                     : observation.height);
 }
 
 }  // namespace hksnb

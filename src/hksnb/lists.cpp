@@ -26,6 +26,9 @@ db::Sql numbersSql(const job::JobContext& context, Kind kind) {
          " AND 補正値フラグ = " + db::sqlValue(rowsCode(kind)) + " ORDER BY 変動観測簿No";
 }
 
+/// A key without the blanks behind it, which make no other key of it.
+std::string key(const db::Value& value) { return std::string(text::trimmedRight(value.text())); }
+
 }  // namespace
 
 std::string RouteItem::text() const {
@@ -55,22 +58,28 @@ Status FcHHKSB_GetRosenNo(const job::JobContext& context, Kind kind, ui::ListBox
   return procedure(LstRosenNo1.desktop(), "FcHHKSB_GetRosenNo", [&] {
     LstRosenNo1.clear();
     LstRosenNo2.clear();
+    std::vector<RouteItem> routes;
     route::readRecords(context.gDbPath, routesSql(context, kind), [&](db::Database&, db::Recordset& records) {
       for (; !records.eof(); records.moveNext())
-        LstRosenNo1.addItem(
-            RouteItem{records.field("事業番号").text(), records.field("路線番号").text()}.text());
+        routes.push_back({key(records.field("事業番号")), key(records.field("路線番号"))});
     });
+    std::sort(routes.begin(), routes.end());
+    routes.erase(std::unique(routes.begin(), routes.end()), routes.end());
+    for (const RouteItem& item : routes) LstRosenNo1.addItem(item.text());
   });
 }
 
 Status FcHHKSB_GetHksnbNo(const job::JobContext& context, Kind kind, ui::ListBox& LstHksnbNo) {
   return procedure(LstHksnbNo.desktop(), "FcHHKSB_GetHksnbNo", [&] {
     LstHksnbNo.clear();
+    std::vector<std::string> numbers;
     route::readRecords(context.gDbPath, numbersSql(context, kind),
                        [&](db::Database&, db::Recordset& records) {
                          for (; !records.eof(); records.moveNext())
-                           LstHksnbNo.addItem(records.field("変動観測簿No").text());
+                           numbers.push_back(key(records.field("変動観測簿No")));
                        });
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    for (const std::string& number : numbers) LstHksnbNo.addItem(number);
   });
 }
 

@@ -94,8 +94,9 @@ class ObservedBook {
 }  // namespace
 
 Status FcHHKSB_SetGrid1FromSeikaData(const job::JobContext& context, Kind kind,
-                                     const std::vector<RouteItem>& routes, Period& present, ui::Grid& Grid1) {
-  return procedure(Grid1.desktop(), "FcHHKSB_SetGrid1FromSeikaData", [&] {
+                                     const std::vector<RouteItem>& routes, Period& present,
+                                     PlaceNames& places, ui::Grid& Grid1) {
+  return fillingProcedure(Grid1.desktop(), "FcHHKSB_SetGrid1FromSeikaData", [&] {
     Filling filling(Grid1, kind, context.grade());
     GrowingPeriod period(present);
     ObservedBook book(filling, period);
@@ -107,8 +108,10 @@ Status FcHHKSB_SetGrid1FromSeikaData(const job::JobContext& context, Kind kind,
       records->close();
     }
     database->close();
-    if (hasRoom) filling.finish();
+    hasRoom = hasRoom && filling.finish();
+    places = filling.places();
     present = period.period();
+    return hasRoom;
   });
 }
 

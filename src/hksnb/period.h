@@ -5,7 +5,8 @@
 
 namespace hksnb {
 
-/// A span of months as the operator's four boxes hold it: years of four digits, months of two, or blank.
+/// A span of months as the operator's four boxes hold it: years of four digits, months of one or two, or
+/// blank.
 struct Period {
   std::string yearFrom;
   std::string monthFrom;
@@ -16,6 +17,11 @@ struct Period {
 
   /// The period between two months "YYYYMM": the first four characters are the year, the last two the month.
   static Period between(std::string_view from, std::string_view to);
+
+  /// Its months as they are stored, "YYYYMM": a month of one digit gets a zero in front of it, any other text
+  /// stays as it is.
+  std::string from() const;
+  std::string to() const;
 };
 
 /// A period that grows over the months of observations and never shrinks.

@@ -14,4 +14,12 @@ Status procedure(ui::Desktop* desktop, std::string_view name, Action&& action) {
   return ui::trapped(desktop, name, std::forward<Action>(action)) ? Status::Done : Status::Failed;
 }
 
+/// The same for an action that fills a grid and returns false where the grid was full (already reported).
+template <class Action>
+Status fillingProcedure(ui::Desktop* desktop, std::string_view name, Action&& action) {
+  bool whole = false;
+  const Status status = procedure(desktop, name, [&] { whole = action(); });
+  return whole ? status : Status::Failed;
+}
+
 }  // namespace hksnb

@@ -61,22 +61,30 @@ void fHHksb::tieOrder() {
   const auto chosen = [this] { return std::string(text::trimmed(LstHyousekiNo.text())); };
   on(CmdExeD3.onClick, "CmdExeD3_Click", [this, chosen] { lblStartNo.setText(chosen()); });
   on(CmdExeD4.onClick, "CmdExeD4_Click", [this, chosen] { lblEndNo.setText(chosen()); });
-  on(CmdExeD5.onClick, "CmdExeD5_Click", [this] {
-    HKsnbSetFcSortToGrid1(Grid1, lblStartNo.text(), lblEndNo.text(), kind_, context_.grade());
-    HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
-  });
+  on(CmdExeD5.onClick, "CmdExeD5_Click", [this] { turn(); });
+}
+
+void fHHksb::turn() {
+  const ui::Hourglass wait(desktop());
+  HKsnbSetFcSortToGrid1(Grid1, places_, lblStartNo.text(), lblEndNo.text(), kind_, context_.grade());
+  HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
 }
 
 void fHHksb::tieBook() {
   on(cmdSetNen.onClick, "cmdSetNen_Click",
      [this] { setYears(Grid1, txtKansokuNen.text(), txtHeikinNen.text()); });
-  on(CmdHendryocal.onClick, "CmdHendryocal_Click", [this] { FcHHKSB_HendryoCal(Grid1, context_.grade()); });
+  on(CmdHendryocal.onClick, "CmdHendryocal_Click", [this] { computeAmounts(); });
   on(txtHksnbNo.onChange, "txtHksnbNo_Change", [this] {
     if (!text::isNumeric(txtHksnbNo.text())) txtHksnbNo.setText({});
   });
   on(Grid1.onClick, "Grid1_Click", [this] { ui::FcGridSelectRow(Grid1); });
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
+}
+
+void fHHksb::computeAmounts() {
+  const ui::Hourglass wait(desktop());
+  FcHHKSB_HendryoCal(Grid1, context_.grade());
 }
 
 void fHHksb::Form_Load() {
@@ -91,40 +99,45 @@ void fHHksb::newBook() { showBook(optSeika0, &fHHksb::fillFromRoutes); }
 
 void fHHksb::storedBook() { showBook(optSeika20, &fHHksb::fillFromStore); }
 
-void fHHksb::showBook(const ui::OptionButton& orthometric, void (fHHksb::*fill)()) {
+void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
   kind_ = kindOf(orthometric);
   {
     const ui::Hourglass wait(desktop());
     FcHHKSB_InitGrid1(Grid1, kind_);
     Form_Resize();
-    (this->*fill)();
+    opening_.run([&] { return (this->*fill)() == Status::Done; });
     HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
-    Grid1.setCurrent(1, colPrevious);  // where typing begins
+    ui::goToFirstEntry(Grid1);
   }
   SSTab1.setCurrent(pageBook);
 }
 
-void fHHksb::fillFromRoutes() {
+Status fHHksb::fillFromRoutes() {
   std::vector<RouteItem> routes;
   for (const std::string& item : LstRosenNo2.items()) routes.push_back(RouteItem::read(item));
   Period present = presentPeriod();
-  if (FcHHKSB_SetGrid1FromSeikaData(context_, kind_, routes, present, Grid1) == Status::Done)
-    showPresent(present);
+  places_ = {};
+  const Status status = FcHHKSB_SetGrid1FromSeikaData(context_, kind_, routes, present, places_, Grid1);
+  showPresent(present);
+  return status;
 }
 
-void fHHksb::fillFromStore() {
+Status fHHksb::fillFromStore() {
   const std::string number = LstHksnbNo.text();
   txtHksnbNo.setText(number);
   BookBoxes boxes{txtKansokuNen.text(), txtHeikinNen.text(), presentPeriod(),
                   Period{txtOldYearFr.text(), txtOldMonFr.text(), txtOldYearTo.text(), txtOldMonTo.text()}};
-  FcHHKSB_Reopen(context_, kind_, number, boxes, Grid1);
+  const Status status = FcHHKSB_Reopen(context_, kind_, number, boxes, Grid1);
+  places_ = PlaceNames::readFrom(Grid1);
   txtKansokuNen.setText(boxes.presentYear);
   txtHeikinNen.setText(boxes.previousYear);
   showPresent(boxes.present);
   showPrevious(boxes.previous);
+  return status;
 }
 
 void fHHksb::save() {
+  if (!opening_.maySave(desktop())) return;
   const ui::Hourglass wait(desktop());
   FcHHKSB_HKSNBSave(context_, kind_, txtHksnbNo.text(), presentPeriod(), Grid1);
 }

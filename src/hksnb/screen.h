@@ -2,6 +2,8 @@
 
 #include "hksnb/data.h"
 #include "hksnb/kind.h"
+#include "hksnb/place_names.h"
+#include "route/opening.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
 #include "ui/screen.h"
@@ -79,9 +81,11 @@ class fHHksb : public ui::Screen {
 
   void newBook();
   void storedBook();
-  void showBook(const ui::OptionButton& orthometric, void (fHHksb::*fill)());
-  void fillFromRoutes();
-  void fillFromStore();
+  void showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)());
+  Status fillFromRoutes();
+  Status fillFromStore();
+  void turn();
+  void computeAmounts();
   void save();
   void pastePicture();
 
@@ -97,6 +101,8 @@ class fHHksb : public ui::Screen {
 
   const job::JobContext context_;
   Kind kind_ = Kind::Orthometric;  // of the book in the grid
+  PlaceNames places_;              // of its bench marks
+  route::Opening opening_;         // the filling or reopening that laid it there
 };
 
 }  // namespace hksnb

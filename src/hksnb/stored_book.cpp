@@ -108,7 +108,8 @@ class StoredBook {
   int row_ = 0;
 };
 
-void readRows(db::Database& database, const job::JobContext& context, Kind kind, const std::string& number,
+/// Returns false where the grid was full.
+bool readRows(db::Database& database, const job::JobContext& context, Kind kind, const std::string& number,
               BookBoxes& boxes, ui::Grid& grid) {
   const auto records = database.openRecordset(
       " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
@@ -119,8 +120,9 @@ void readRows(db::Database& database, const job::JobContext& context, Kind kind,
     setYears(grid, boxes.presentYear, boxes.previousYear);
   }
   StoredBook book(context, kind, *records, grid);
-  route::layRecords(*records, book);
+  const bool whole = route::layRecords(*records, book);
   records->close();
+  return whole;
 }
 
 void readPeriods(db::Database& database, const job::JobContext& context, Kind kind, const std::string& number,
@@ -203,19 +205,19 @@ void replacePeriods(db::Database& database, const job::JobContext& context, Kind
   database.execute("DELETE FROM KansokuKikan" + periodsCondition(context, kind, number));
   database.execute("INSERT INTO KansokuKikan VALUES(" + db::sqlValue(context.gJobId) + "," +
                    db::sqlValue(periodsCode(kind)) + "," + db::sqlValue(number) + "," +
-                   db::sqlValue(present.yearFrom + present.monthFrom) + "," +
-                   db::sqlValue(present.yearTo + present.monthTo) + ",' ',' ')");
+                   db::sqlValue(present.from()) + "," + db::sqlValue(present.to()) + ",' ',' ')");
 }
 
 }  // namespace
 
 Status FcHHKSB_Reopen(const job::JobContext& context, Kind kind, const std::string& number, BookBoxes& boxes,
                       ui::Grid& Grid1) {
-  return procedure(Grid1.desktop(), "FcHHKSB_Reopen", [&] {
+  return fillingProcedure(Grid1.desktop(), "FcHHKSB_Reopen", [&] {
     const auto database = db::openDatabase(context.gDbPath);
-    readRows(*database, context, kind, number, boxes, Grid1);
+    const bool whole = readRows(*database, context, kind, number, boxes, Grid1);
     readPeriods(*database, context, kind, number, boxes);
     database->close();
+    return whole;
   });
 }
 

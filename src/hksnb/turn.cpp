@@ -18,7 +18,6 @@ namespace {
 constexpr int mostRows = 1001;
 
 using Row = std::array<std::string, colRemark + 1>;
-using Place = std::array<std::string, placeColumns>;
 
 /// The rows of the first and the last bench mark.
 struct Span {
@@ -37,7 +36,7 @@ int rowOf(const ui::Grid& grid, std::string_view number) {
 
 std::optional<Span> spanBetween(const ui::Grid& grid, std::string_view startNo, std::string_view endNo) {
   const auto [first, last] = std::minmax({rowOf(grid, startNo), rowOf(grid, endNo)});
-  if (first == 0) return std::nullopt;
+  if (first == 0 || first == last) return std::nullopt;
   return Span{first, last};
 }
 
@@ -46,8 +45,9 @@ class Turn {
   Turn(ui::Grid& grid, Span span, Kind kind, const text::Pattern& heights)
       : grid_(grid), span_(span), kind_(kind), heights_(heights), table_(copy(grid)) {}
 
-  void run() {
-    const std::vector<Place> places = placesInOrder();
+  /// `places`: of all bench marks of the grid, in the order before the turn.
+  void run(std::vector<Place> places) {
+    std::reverse(places.begin() + span_.first / 2, places.begin() + span_.last / 2 + 1);
     for (int row = span_.first; row <= span_.last; ++row) move(row);
     for (int row = span_.first + 1; row < span_.last; row += 2) changeSigns(row);
     if (kind_ == Kind::Orthometric) {
@@ -85,42 +85,37 @@ class Turn {
   }
 
   void changeSign(int row, int col) {
-    const std::string& value = grid_.text(row, col);
-    if (!text::trimmed(value).empty()) grid_.setText(row, col, heights_.format(-text::readNumber(value)));
+    if (!isBlank(row, col)) grid_.setText(row, col, heights_.format(-text::readNumber(grid_.text(row, col))));
+  }
+
+  /// The nearest bench mark from `row` upwards that has a height in the column; the first of the grid where
+  /// none has.
+  int heightAtOrAbove(int row, int col) const {
+    while (row > 1 && isBlank(row, col)) row -= 2;
+    return row;
   }
 
   /// Heights along the new order. One that was blank stays so, and the sum goes on past it.
   void sumUp(int col) {
-    double height = text::readNumber(grid_.text(span_.first, col));
-    for (int row = span_.first + 2; row <= span_.last; row += 2) {
+    const int start = span_.first == 1 ? 1 : heightAtOrAbove(span_.first - 2, col);
+    double height = text::readNumber(grid_.text(start, col));
+    for (int row = start + 2; row <= span_.last; row += 2) {
       height += text::readNumber(grid_.text(row - 1, col));
-      if (text::trimmed(grid_.text(row, col)).empty()) continue;
+      if (row < span_.first || isBlank(row, col)) continue;
       grid_.setText(row, col, heights_.format(height));
       height = text::readNumber(grid_.text(row, col));
     }
   }
 
-  /// Where each bench mark stands, spelt out, in the order after the turn. The one below the span is the last
-  /// whose neighbour is another.
-  std::vector<Place> placesInOrder() const {
-    std::vector<Place> places;
-    Place place;
-    const int end = std::min(span_.last + 2, grid_.rows() - 1);
-    for (int row = 1; row <= end; row += 2) {
-      for (std::size_t col = 0; col < place.size(); ++col)
-        if (!text::trimmed(before(row)[col]).empty()) place[col] = before(row)[col];
-      places.push_back(place);
-    }
-    std::reverse(places.begin() + span_.first / 2, places.begin() + span_.last / 2 + 1);
-    return places;
-  }
+  bool isBlank(int row, int col) const { return text::trimmed(grid_.text(row, col)).empty(); }
 
+  /// Down to the bench mark below the span, the last whose neighbour is another.
   void showPlaces(const std::vector<Place>& places) {
-    for (std::size_t at = static_cast<std::size_t>(span_.first) / 2; at < places.size(); ++at) {
-      const Place above = at == 0 ? Place() : places[at - 1];
-      for (std::size_t col = 0; col < above.size(); ++col)
-        grid_.setText(static_cast<int>(2 * at + 1), static_cast<int>(col),
-                      places[at][col] == above[col] ? std::string() : places[at][col]);
+    const std::size_t end = std::min(static_cast<std::size_t>(span_.last) / 2 + 2, places.size());
+    for (std::size_t at = static_cast<std::size_t>(span_.first) / 2; at < end; ++at) {
+      const Place shown = shownBelow(at == 0 ? Place() : places[at - 1], places[at]);
+      for (std::size_t col = 0; col < shown.size(); ++col)
+        grid_.setText(static_cast<int>(2 * at + 1), static_cast<int>(col), shown[col]);
     }
   }
 
@@ -133,11 +128,11 @@ class Turn {
 
 }  // namespace
 
-void HKsnbSetFcSortToGrid1(ui::Grid& Grid1, std::string_view startNo, std::string_view endNo, Kind kind,
-                           job::Grade grade) {
+void HKsnbSetFcSortToGrid1(ui::Grid& Grid1, const PlaceNames& places, std::string_view startNo,
+                           std::string_view endNo, Kind kind, job::Grade grade) {
   ui::trapped(Grid1.desktop(), "HKsnbSetFcSortToGrid1", [&] {
     const auto span = spanBetween(Grid1, startNo, endNo);
-    if (span) Turn(Grid1, *span, kind, FcHHKSB_DefToColNo(grade).heights).run();
+    if (span) Turn(Grid1, *span, kind, FcHHKSB_DefToColNo(grade).heights).run(places.inOrder(Grid1));
   });
 }
 

@@ -57,17 +57,28 @@ TEST(VariationAmount, OfABlankPreviousResultIsBlankAlsoTheSecondTime) {
   }
 }
 
-// 10.123 − 10.1195 = 0.0035 m: 3.5 mm is 4 in whole millimetres, and the other way round −4. In doubles the
-// subtraction gives 3.49999999999966.
+// 10.1195 − 10.123 = −0.0035 m: −3.5 mm is −4 in whole millimetres. In doubles the subtraction gives
+// −3.49999999999966.
 TEST(VariationAmount, RoundsHalvesAwayFromZeroDespiteTheNoiseOfSubtraction) {
-  EXPECT_EQ(amount("10.123", "10.1195", second), "4 / 10.120");
   EXPECT_EQ(amount("10.1195", "10.123", second), "-4 / 10.123");
   EXPECT_EQ(amount("1234.56785", "1234.5678", first), "0.1 / 1234.5678");  // 0.05 mm
 }
 
+// 10.1195 reads 10.120 in second grade: 10.123 − 10.120 = 3 mm, not the 3.5 of what was typed.
+TEST(VariationAmount, CountsThePreviousResultAsItReads) {
+  ui::Grid grid;
+  test::BookMaker(grid, Kind::Orthometric).benchMark("A", "", "10.123").section();
+  grid.setText(1, hksnb::colPrevious, "10.1195");
+  hksnb::FcHHKSB_HendryoCal(grid, second);
+  const auto once = test::rowText(grid, 1);
+  EXPECT_EQ(once, "|||||A|||10.123|10.120|3||");
+  hksnb::FcHHKSB_HendryoCal(grid, second);
+  EXPECT_EQ(test::rowText(grid, 1), once) << "a second press changes nothing";
+}
+
 TEST(VariationAmount, OfEqualResultsIsZeroWithoutASign) {
   EXPECT_EQ(amount("10.1", "10.1", first), "0.0 / 10.1000");
-  EXPECT_EQ(amount("10.1000", "10.10001", second), "0 / 10.100");  // −0.01 mm
+  EXPECT_EQ(amount("10.1000", "10.10001", second), "0 / 10.100");
 }
 
 TEST(VariationAmount, LeavesSectionsAloneAndTheEmptyBookToo) {

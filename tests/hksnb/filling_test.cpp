@@ -67,8 +67,8 @@ TEST_F(BookFilling, OtherGradesShowThreeDecimalsAndCorrectInMillimetres) {
                    "|||||B|11.000||11.005||||-1", "||||||||||||"}));
 }
 
-// The stored 1.0007 is a difference: 0.0007 from the mean difference, 8.9993 from the height 10. The stored
-// 10.0000 is a height: 9 from the mean difference, 0 from the height; 1.0 + 0.0005 takes its place.
+// The stored 1.0007 is a difference: 0.0002 from 1.0 + 0.0005, 8.9993 from the height 10. The stored 10.0000
+// is a height: 8.9995 from 1.0005, 0 from the height; 1.0005 takes its place.
 TEST_F(BookFilling, AStoredResultIsTheDifferenceOrTheHeightThatItLiesNearerTo) {
   fill(Kind::Orthometric, first, {observation("R1", "A", "10", "1", "5", "1.0007")});
   EXPECT_EQ(grid.text(2, hksnb::colPresent), "1.0007");
@@ -76,10 +76,34 @@ TEST_F(BookFilling, AStoredResultIsTheDifferenceOrTheHeightThatItLiesNearerTo) {
   EXPECT_EQ(grid.text(2, hksnb::colPresent), "1.0005");
 }
 
-// 5.5 lies as far from the mean difference 1 as from the height 10: it is no difference.
+// 5.5 lies as far from 1 + 0 as from the height 10: it is no difference.
 TEST_F(BookFilling, AStoredResultHalfwayIsNoDifference) {
-  fill(Kind::Orthometric, first, {observation("R1", "A", "10", "1", "5", "5.5")});
-  EXPECT_EQ(grid.text(2, hksnb::colPresent), "1.0005");
+  fill(Kind::Orthometric, first, {observation("R1", "A", "10", "1", "0", "5.5")});
+  EXPECT_EQ(grid.text(2, hksnb::colPresent), "1.0000");
+}
+
+// B near sea level: its result 0.0090 is its own height, from which it lies 0 away, and 0.0005 from 0.0040 +
+// 0.0055. The walk has brought it to 201 in this book, which says nothing.
+TEST_F(BookFilling, TheOwnHeightOfTheBenchMarkDecidesAndNotTheWalk) {
+  fill(Kind::Orthometric, first,
+       {observation("R1", "A", "200", "1", "0", "200"),
+        observation("R1", "B", "0.0090", "0.0040", "55", "0.0090")});
+  EXPECT_EQ(grid.text(3, hksnb::colPresent), "201.0000");
+  EXPECT_EQ(grid.text(4, hksnb::colPresent), "0.0095");
+}
+
+// With a correction of 0.0500 the result 0.0530 is the difference 0.0040 + 0.0500 but for 0.0010; from the
+// mean difference alone it is 0.0490 away, from the height 0.0600 only 0.0070.
+TEST_F(BookFilling, TheCorrectionCountsInWhatADifferenceLiesNear) {
+  fill(Kind::Orthometric, first, {observation("R1", "A", "0.0600", "0.0040", "500", "0.0530")});
+  EXPECT_EQ(grid.text(2, hksnb::colPresent), "0.0530");
+}
+
+// B's record holds no height: the result 11.0005 lies at the height that the walk has reached.
+TEST_F(BookFilling, WhereTheRecordHoldsNoHeightTheWalkDoes) {
+  fill(Kind::Orthometric, first,
+       {observation("R1", "A", "10", "1", "5", "10"), observation("R1", "B", "", "2", "-3", "11.0005")});
+  EXPECT_EQ(grid.text(4, hksnb::colPresent), "1.9997");
 }
 
 // Saved without a correction: the difference is the mean difference itself.
@@ -96,9 +120,45 @@ TEST_F(BookFilling, ASectionWithoutAMeanDifferenceAndACorrectionStaysBlank) {
   EXPECT_EQ(grid.text(3, hksnb::colPresent), "10.0000");
 }
 
-TEST_F(BookFilling, ACorrectionWithoutAResultMakesTheDifference) {
-  fill(Kind::Orthometric, first, {observation("R1", "A", "", "1.25", "4", "")});
-  EXPECT_EQ(test::rowText(grid, 2), "||||||1.2500|4|1.2504||||");
+// Its correction has not been calculated: the walk of present heights goes on level.
+TEST_F(BookFilling, ASectionWithoutAResultHasNoCorrectedDifference) {
+  fill(Kind::Orthometric, first,
+       {observation("R1", "A", "10", "1.25", "4", ""), observation("R1", "B", "", "1", "", "")});
+  EXPECT_EQ(test::rowText(grid, 2), "||||||1.2500|4|||||");
+  EXPECT_EQ(grid.text(3, hksnb::colHeight), "11.2500");
+  EXPECT_EQ(grid.text(3, hksnb::colPresent), "10.0000");
+}
+
+// Sections of 1.00004 m: 11.00004, 12.00008, 13.00012 read 11.0000, 12.0001, 13.0001. The present heights add
+// what the section rows show: 11.0001 after 1.0000 + 0.0001, 12.0001 and 13.0001.
+TEST_F(BookFilling, ObservedHeightsAddAllDecimalsOfTheMeanDifferences) {
+  fill(Kind::Orthometric, first,
+       {observation("R1", "A", "10", "1.00004", "1", "10"),
+        observation("R1", "B", "", "1.00004", "0", "11.0001"),
+        observation("R1", "C", "", "1.00004", "0", "12.0001"), observation("R1", "D", "", "", "", "", "-1")});
+  EXPECT_EQ(test::rowTexts(grid),
+            (Lines{"1001|R1|長野県|諏訪郡|富士見町|A|10.0000||10.0000||||", "||||||1.0000|1|1.0001||||",
+                   "|||||B|11.0000||11.0001||||", "||||||1.0000|0|1.0000||||", "|||||C|12.0001||12.0001||||",
+                   "||||||1.0000|0|1.0000||||", "|||||D|13.0001||13.0001||||-1", "||||||||||||"}));
+}
+
+// −1.00005 is shown as −1.0001, but 10 − 1.00005 = 8.99995 reads 9.0000.
+TEST_F(BookFilling, AHalfOfAMeanDifferenceIsRoundedInTheHeight) {
+  fill(Kind::Orthometric, first,
+       {observation("R1", "A", "10", "-1.00005", "0", "10"), observation("R1", "B", "", "", "", "", "-1")});
+  EXPECT_EQ(grid.text(2, hksnb::colHeight), "-1.0001");
+  EXPECT_EQ(grid.text(3, hksnb::colHeight), "9.0000");
+  EXPECT_EQ(grid.text(3, hksnb::colPresent), "8.9999");
+}
+
+// Ten thousand times 0.00005 is 0.5000 to the last digit.
+TEST_F(BookFilling, ObservedHeightsGatherNoNoise) {
+  FcHHKSB_InitGrid1(grid, Kind::Orthometric);
+  hksnb::Filling filling(grid, Kind::Orthometric, first);
+  const Observation each = observation("R1", "A", "480", "0.00005", "", "");
+  for (int i = 0; i < 10001; ++i) ASSERT_TRUE(filling.add(each));
+  EXPECT_EQ(grid.text(3, hksnb::colHeight), "480.0001");
+  EXPECT_EQ(grid.text(20001, hksnb::colHeight), "480.5000");
 }
 
 // Without saved corrections nothing is added to the present heights: B keeps A's 0, the walk of column 6 goes

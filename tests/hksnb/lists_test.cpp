@@ -86,6 +86,27 @@ TEST_F(BookLists, OnlyRoutesWithASavedCorrectionOfTheKindAreOffered) {
   EXPECT_EQ(available.items(), Lines{"1001     ;01F00201"});
 }
 
+// Texts: "01A00301" of project 2 stands behind all of project 1001, and "R10" before "R2".
+TEST_F(BookLists, RoutesStandInTheirOrderAsTextsEachOnce) {
+  job.orthometric(1, "R2", "A", "1", "1", "1");
+  job.orthometric(1, "R10", "A", "1", "1", "1");
+  job.orthometric(1, "R2      ", "B", "1", "1", "1");
+  job.sql(
+      "INSERT INTO KansokuSeikaDataSeihyou (JobId, 事業番号, 路線番号, DataKubun) VALUES"
+      " ('3','2','01A00301','0'), ('3','1001    ','01A00301','0'), ('3','1001','01A00301','0')");
+  hksnb::FcHHKSB_GetRosenNo(job.context(), Kind::Orthometric, available, chosen);
+  EXPECT_EQ(available.items(),
+            (Lines{"1001     ;01A00301", "1001     ;R10     ", "1001     ;R2      ", "2        ;01A00301"}));
+}
+
+TEST_F(BookLists, ANumberWithBlanksBehindItIsNoOtherNumber) {
+  job.sql(
+      "INSERT INTO KansokuSeikaDataHKSNB (JobId, 変動観測簿No, 補正値フラグ) VALUES ('3','2','0'),"
+      " ('3','2  ','0')");
+  hksnb::FcHHKSB_GetHksnbNo(job.context(), Kind::Orthometric, numbers);
+  EXPECT_EQ(numbers.items(), Lines{"2"});
+}
+
 TEST_F(BookLists, WithoutSavedCorrectionsTheRouteListIsEmpty) {
   job.observed(1, "01A00101", "A", "1", "1");
   EXPECT_EQ(hksnb::FcHHKSB_GetRosenNo(job.context(), Kind::Orthometric, available, chosen), Status::Done);

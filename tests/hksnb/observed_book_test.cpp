@@ -21,16 +21,17 @@ class ObservedBook : public testing::Test {
 
   Status fill(const test::SmallJob& from, Kind kind, const std::vector<hksnb::RouteItem>& routes) {
     FcHHKSB_InitGrid1(grid, kind);
-    return hksnb::FcHHKSB_SetGrid1FromSeikaData(from.context(), kind, routes, period, grid);
+    return hksnb::FcHHKSB_SetGrid1FromSeikaData(from.context(), kind, routes, period, places, grid);
   }
 
   test::BookJob job;
   test::RecordingDesktop desktop;
   ui::Grid grid;
   Period period;
+  hksnb::PlaceNames places;
 };
 
-// A 10, B 11.0005, C 13.0002 where the routes meet; the second route has no correction, so D keeps C's
+// A 10, B 11.0005, C 13.0002 where the routes meet; the second route has no result, so D keeps C's
 // present height, while column 6 goes on: 13.0 + 0.5.
 TEST_F(ObservedBook, HoldsTheChosenRoutesInTheirOrder) {
   job.twoRoutes();

@@ -33,11 +33,27 @@ TEST(GrowingPeriod, ABlankYearLeavesItsEndOpenWhateverTheMonth) {
   EXPECT_EQ(period.period(), (Period{"2022", "05", "2022", "05"}));
 }
 
-// Months are compared as texts, character by character: "20225" lies behind "202205", since "5" > "0".
-TEST(GrowingPeriod, ComparesMonthsAsTexts) {
-  GrowingPeriod period({"2022", "5", "2022", "5"});
+TEST(GrowingPeriod, AMonthOfOneDigitIsThatMonth) {
+  GrowingPeriod period({"2022", "6", "2022", "9"});
   period.add("20220511");
-  EXPECT_EQ(period.period(), (Period{"2022", "05", "2022", "25"})) << "the last two characters of 20225";
+  period.add("20221001");
+  EXPECT_EQ(period.period(), (Period{"2022", "05", "2022", "10"}));
+  EXPECT_EQ(GrowingPeriod({"2022", "5", "2022", "5"}).period(), (Period{"2022", "05", "2022", "05"}));
+}
+
+// Months are compared as texts, character by character: "2022/" lies before "202205", since "/" < "0".
+TEST(GrowingPeriod, ComparesMonthsAsTexts) {
+  GrowingPeriod period({"2022", "/1", "2022", "/1"});
+  period.add("20220511");
+  EXPECT_EQ(period.period(), (Period{"2022", "/1", "2022", "05"}));
+}
+
+TEST(StoredMonths, HaveTwoDigits) {
+  EXPECT_EQ((Period{"2022", "5", "2022", "12"}.from()), "202205");
+  EXPECT_EQ((Period{"2022", "5", "2022", "12"}.to()), "202212");
+  EXPECT_EQ((Period{"2022", " 7 ", "", ""}.from()), "202207");
+  EXPECT_EQ((Period{"2022", "", "", "x"}.from()), "2022") << "a blank month stays blank";
+  EXPECT_EQ((Period{"2022", "", "", "x"}.to()), "x");
 }
 
 }  // namespace

@@ -202,6 +202,84 @@ TEST_F(BookScreen, ASpanIsTurnedAndTurnedBack) {
   EXPECT_EQ(cell(4, 6), section);
 }
 
+/// The pointers shown while `act` runs.
+template <class Act>
+std::vector<ui::Pointer> pointersOf(test::RecordingDesktop& desktop, Act&& act) {
+  desktop.pointers.clear();
+  act();
+  return desktop.pointers;
+}
+
+TEST_F(BookScreen, TheHourglassShowsWhileAmountsAreWorkedOutAndASpanIsTurned) {
+  const std::vector<ui::Pointer> once{ui::Pointer::Hourglass, ui::Pointer::Default};
+  newBook();
+  EXPECT_EQ(pointersOf(desktop, [&] { screen.CmdHendryocal.press(); }), once);
+  EXPECT_EQ(pointersOf(desktop, [&] { screen.CmdExeD5.press(); }), once);
+}
+
+TEST_F(BookScreen, AnEmptyBookBeginsAtItsFirstCell) {
+  screen.CmdExeC2.press();
+  EXPECT_EQ(screen.Grid1.keyRow(), 1);
+  EXPECT_EQ(screen.Grid1.keyCol(), 0);
+}
+
+const ui::Message broken{
+    {}, "読込が途中で終わったため保存しません。もう一度読み込んでください。", ui::Icon::None};
+
+// The filling fails halfway: what stands in the grid never takes the place of the stored book.
+TEST_F(BookScreen, ABookWhoseFillingFailedIsNotSaved) {
+  newBook();
+  screen.txtHksnbNo.edit("1");
+  screen.CmdExeE2.press();
+  const std::string stored = "SELECT * FROM KansokuSeikaDataHKSNB WHERE 変動観測簿No = '1'";
+  const auto before = job.records(stored, {"水準点番号"});
+  EXPECT_EQ(before, (Lines{"A", "B", "C", "D"}));
+  job.sql("ALTER TABLE KansokuSeikaData RENAME TO Away");
+  screen.CmdExeC2.press();
+  desktop.messages.clear();
+  screen.CmdExeE2.press();
+  EXPECT_EQ(desktop.takeMessages(), std::vector<ui::Message>{broken});
+  EXPECT_EQ(job.records(stored, {"水準点番号"}), before);
+  job.sql("ALTER TABLE Away RENAME TO KansokuSeikaData");
+  screen.CmdExeC2.press();
+  screen.CmdExeE2.press();
+  EXPECT_EQ(desktop.takeMessages(), (std::vector<ui::Message>{{{}, "保存しました", ui::Icon::None}}));
+}
+
+TEST_F(BookScreen, ABookWhoseReopeningFailedIsNotSaved) {
+  newBook();
+  screen.txtHksnbNo.edit("1");
+  screen.CmdExeE2.press();
+  screen.optSeika20.press();
+  screen.LstHksnbNo.choose(0);
+  job.sql("ALTER TABLE KansokuKikan RENAME TO Away");
+  screen.Command1.press();
+  job.sql("ALTER TABLE Away RENAME TO KansokuKikan");
+  desktop.messages.clear();
+  screen.CmdExeE2.press();
+  EXPECT_EQ(desktop.takeMessages(), std::vector<ui::Message>{broken});
+  screen.Command1.press();
+  screen.CmdExeE2.press();
+  EXPECT_EQ(desktop.takeMessages(), (std::vector<ui::Message>{{{}, "保存しました", ui::Icon::None}}));
+}
+
+// 16,400 bench marks need 32,801 rows; a grid has 32,767.
+TEST_F(BookScreen, ABookThatFoundNoRoomIsNotSaved) {
+  job.sql(
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 16400)"
+      " INSERT INTO KansokuSeikaData (JobId, 事業番号, 路線番号, DataKubun, SaveOrder, 標石番号)"
+      " SELECT '3', '1001', 'LONG', '0', i, 'P' || i FROM n");
+  job.orthometric(1, "LONG", "P1", "1", "1", "1");
+  screen.optSeika0.press();
+  screen.LstRosenNo1.choose(2);
+  screen.CmdExeC3.press();
+  screen.CmdExeC2.press();
+  EXPECT_EQ(desktop.takeMessages(),
+            (std::vector<ui::Message>{{"FcGridMoveRow", "オーバーフローしました。", ui::Icon::Critical}}));
+  screen.CmdExeE2.press();
+  EXPECT_EQ(desktop.takeMessages(), std::vector<ui::Message>{broken});
+}
+
 TEST_F(BookScreen, ABookNumberThatIsNoNumberIsCleared) {
   screen.txtHksnbNo.edit("1");
   screen.txtHksnbNo.edit("12");

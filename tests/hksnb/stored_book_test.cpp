@@ -141,6 +141,14 @@ TEST_F(StoredBook, ReopeningFillsTheYearsAndThePeriodsAndBlanksTheOldOne) {
   EXPECT_EQ(grid.text(0, hksnb::colPrevious), "平均成果:2019");
 }
 
+TEST_F(StoredBook, AMonthOfOneDigitIsStoredWithTwo) {
+  make(Kind::Orthometric);
+  hksnb::FcHHKSB_HKSNBSave(job.context(), Kind::Orthometric, "12", {"2022", "5", "2022", "11"}, grid);
+  EXPECT_EQ(job.records(periods, periodColumns), Lines{"3|1|12|202205|202211| | "});
+  reopen(Kind::Orthometric, "12");
+  EXPECT_EQ(boxes.present, (Period{"2022", "05", "2022", "11"}));
+}
+
 TEST_F(StoredBook, AnOldPeriodOfAnotherProgramIsShown) {
   job.sql("INSERT INTO KansokuKikan VALUES ('3','1','5','202205','202208','201004','201106')");
   reopen(Kind::Orthometric, "5");

@@ -30,10 +30,10 @@ class Numbers {
 hksnb::Observation observation(Numbers& numbers, int index) {
   hksnb::Observation made;
   made.place = {"1001", "R" + std::to_string(index / 7), "長野県", "諏訪郡",
-                "町" + std::to_string(index / 5)};
+                numbers.below(5) == 0 ? "" : "町" + std::to_string(index / 5)};
   made.benchMark = "P" + std::to_string(index);
   made.height = numbers.below(4) == 0 ? "" : "100";
-  made.meanDifference = numbers.below(6) == 0 ? "" : numbers.text(90000, 0.0001);
+  made.meanDifference = numbers.below(6) == 0 ? "" : numbers.text(9000, 0.001);
   made.correction = numbers.below(6) == 0 ? "" : numbers.text(30, 1);
   made.result = "100";
   made.remark1 = numbers.below(3) == 0 ? "備考" + std::to_string(index) : "";
@@ -41,13 +41,14 @@ hksnb::Observation observation(Numbers& numbers, int index) {
   return made;
 }
 
-void fill(ui::Grid& grid, Kind kind, job::Grade grade, Numbers& numbers, int benchMarks) {
+hksnb::PlaceNames fill(ui::Grid& grid, Kind kind, job::Grade grade, Numbers& numbers, int benchMarks) {
   FcHHKSB_InitGrid1(grid, kind);
   hksnb::Filling filling(grid, kind, grade);
   for (int i = 0; i < benchMarks; ++i) filling.add(observation(numbers, i));
   filling.finish();
   for (int row = 1; row < grid.rows(); row += 2)
     if (numbers.below(2) == 0) grid.setText(row, hksnb::colPrevious, "99.5");
+  return filling.places();
 }
 
 /// Everything as before the two turns; a correction that was turned has taken the heights pattern.
@@ -76,11 +77,11 @@ TEST(TurnProperty, TurningASpanTwiceGivesTheBookBack) {
     fill(before, kind, grade, same, benchMarks);
     ui::Grid after;
     Numbers again(seed);
-    fill(after, kind, grade, again, benchMarks);
+    const hksnb::PlaceNames places = fill(after, kind, grade, again, benchMarks);
     const std::string start = "P" + std::to_string(numbers.below(benchMarks));
     const std::string end = "P" + std::to_string(numbers.below(benchMarks));
-    hksnb::HKsnbSetFcSortToGrid1(after, start, end, kind, grade);
-    hksnb::HKsnbSetFcSortToGrid1(after, start, end, kind, grade);
+    hksnb::HKsnbSetFcSortToGrid1(after, places, start, end, kind, grade);
+    hksnb::HKsnbSetFcSortToGrid1(after, places, start, end, kind, grade);
     expectTheSame(before, after);
   }
 }

@@ -33,7 +33,7 @@ class Turn : public testing::Test {
   }
 
   void turn(const char* start, const char* end, Kind kind = Kind::Orthometric) {
-    hksnb::HKsnbSetFcSortToGrid1(grid, start, end, kind, first);
+    hksnb::HKsnbSetFcSortToGrid1(grid, {}, start, end, kind, first);
   }
 
   ui::Grid grid;
@@ -104,6 +104,35 @@ TEST_F(Turn, TheSumGoesOnPastABlankHeight) {
   EXPECT_EQ(grid.text(5, hksnb::colHeight), "10.0000");
 }
 
+// Below A at 10.0000 and 10.0000 the walk goes on: D 10 + 1.0000 = 11.0000 and 10 + 1.0005 = 11.0005,
+// C 11.0000 − 0.5000 = 10.5000 and 11.0005 − 0.5000 = 10.5005, B 10.5000 + 2.0000 = 12.5000 and 10.5005
+// + 2.0003 = 12.5008.
+TEST_F(Turn, TheWalkGoesOnIntoASpanBelowTheFirstBenchMark) {
+  turn("B", "D");
+  EXPECT_EQ(test::rowTexts(grid), (Lines{"|R1||||A|10.0000||10.0000||||", "||||||1.0000|5|1.0005|||山道|",
+                                         "|R2||||D|11.0000||11.0005||||", "||||||-0.5000|0.0000|-0.5000||||",
+                                         "|||||C|10.5000||10.5005||||", "||||||2.0000|3.0000|2.0003|||橋|",
+                                         "|R1||||B|12.5000||12.5008|11.0000|0.5|標識|-1", "||||||||||||"}));
+}
+
+// B stays; D 11.0000 − 2.0000 = 9.0000, 11.0005 − 2.0003 = 9.0002; C 9.0000 − 0.5000 = 8.5000, 9.0002 −
+// 0.5000 = 8.5002.
+TEST_F(Turn, HeightsAboveTheSpanStay) {
+  turn("C", "D");
+  EXPECT_EQ(test::rowText(grid, 3), "|||||B|11.0000||11.0005|11.0000|0.5|標識|");
+  EXPECT_EQ(test::rowText(grid, 4), "||||||-2.0000|-3|-2.0003|||橋|");
+  EXPECT_EQ(test::rowText(grid, 5), "|R2||||D|9.0000||9.0002||||");
+  EXPECT_EQ(test::rowText(grid, 7), "|||||C|8.5000||8.5002||||-1");
+}
+
+// B's height is blank: D = 10.0000 + 1.0000 − 2.0000 all the same.
+TEST_F(Turn, TheWalkComesPastABlankHeightAboveTheSpan) {
+  grid.setText(3, hksnb::colHeight, "");
+  turn("C", "D");
+  EXPECT_EQ(grid.text(3, hksnb::colHeight), "");
+  EXPECT_EQ(grid.text(5, hksnb::colHeight), "9.0000");
+}
+
 TEST(TurnOfAnEllipsoidalBook, HeightsAndCorrectionsTravelWithTheirBenchMarks) {
   ui::Grid grid;
   test::BookMaker(grid, Kind::Ellipsoidal)
@@ -113,7 +142,7 @@ TEST(TurnOfAnEllipsoidalBook, HeightsAndCorrectionsTravelWithTheirBenchMarks) {
       .section("9.5000");
   grid.setText(1, hksnb::colCorrection, "0");
   grid.setText(3, hksnb::colCorrection, "12.3");
-  hksnb::HKsnbSetFcSortToGrid1(grid, "A", "B", Kind::Ellipsoidal, first);
+  hksnb::HKsnbSetFcSortToGrid1(grid, {}, "A", "B", Kind::Ellipsoidal, first);
   EXPECT_EQ(test::rowTexts(grid), (Lines{"|||||B|490.0000|12.3|490.0012||||", "||||||-10.0000||||||",
                                          "|||||A|480.0000|0|480.0000||||", "||||||9.5000||||||"}));
 }
@@ -131,12 +160,12 @@ TEST(TurnOfALongBook, ABookOf500BenchMarksIsTheLongest) {
   ui::Grid grid;
   fill(grid, 500);
   grid.setDesktop(&desktop);
-  hksnb::HKsnbSetFcSortToGrid1(grid, "P0", "P499", Kind::Orthometric, first);
+  hksnb::HKsnbSetFcSortToGrid1(grid, {}, "P0", "P499", Kind::Orthometric, first);
   EXPECT_TRUE(desktop.messages.empty());
   EXPECT_EQ(grid.text(1, hksnb::colBenchMark), "P499");
   fill(grid, 501);
   const auto before = test::cells(grid);
-  hksnb::HKsnbSetFcSortToGrid1(grid, "P0", "P1", Kind::Orthometric, first);
+  hksnb::HKsnbSetFcSortToGrid1(grid, {}, "P0", "P1", Kind::Orthometric, first);
   EXPECT_EQ(desktop.takeMessages(),
             (std::vector<ui::Message>{
                 {"HKsnbSetFcSortToGrid1", "インデックスが有効範囲にありません。", ui::Icon::Critical}}));
