@@ -261,6 +261,21 @@ TEST(FcCalcTanrosen, RepeatedAndNamelessBenchMarksGetNoCorrection) {
   }
 }
 
+// A pair without letters, 1 km to B and 1 km over it: the way over the repeated rows, 0.5 km on each, runs
+// on. T = 1 + 0.5 + 0.5 + 1 = 3: C (behind 1 + 0.5 + 0.5) 6 × 2/3 = 4, and D carries the whole 6.
+TEST(FcCalcTanrosen, DistancesOnRepeatedRowsCountInTheShareAndInTheTotal) {
+  ui::Grid grid;
+  test::RouteMaker(grid)
+      .benchMark("A", "1", "10.000", "10.000")
+      .benchMark("B", "0.5", "11.000", "", "-2")
+      .benchMark("B", "0.5", "11.000", "", "-2")
+      .benchMark("C", "1", "11.500")
+      .benchMark("D", "", "12.000", "12.006", "-1");
+  FcCalcTanrosen(grid, {"A", "D"}, second, "0");
+  EXPECT_EQ(test::corrections(grid), (Texts{"0", "", "", "4", "6"}));
+  EXPECT_EQ(test::results(grid), (Texts{"10.000", "", "", "11.504", "12.006"}));
+}
+
 // Closure errors are taken in the decimals of the grade: 11.0064 − 11.0000 is 0.006 in mm.
 TEST(FcCalcTanrosen, ClosureErrorsHaveTheDecimalsOfTheGrade) {
   ui::Grid grid;

@@ -148,6 +148,20 @@ TEST(ForwardAndBackwardRuns, AKnownFarEndIsTheBenchMarkWithTheMean) {
   EXPECT_EQ(test::results(grid), (Texts{"10.000", "11.005", "", "11.005", "", "11.508", "12.494"}));
 }
 
+// A repeated row with a known height is a known point where it stands: Q (-2) 11.503, +3 mm, 1.0 + 0.5 km
+// behind A, so PF and PB get 3 × 1.0/1.5 = 2. It gets no corrected height itself. Behind it E: 6 − 3 = 3
+// over 1.5 km; Q with the mean lies at no distance behind the repeated row: 0.
+TEST(ForwardAndBackwardRuns, ARepeatedRowWithAKnownHeightClosesWhereItStands) {
+  for (const char* category : {"0", "4"}) {
+    ui::Grid grid;
+    layRoute(grid, "", "12.506");
+    grid.setText(9, tanrosen::colResult, "11.503");
+    FcCalcTanrosen(grid, {"A", "Q", "E"}, second, category);
+    EXPECT_EQ(test::corrections(grid), (Texts{"0", "2", "", "2", "3", "0", "6"})) << category;
+    EXPECT_EQ(test::results(grid), (Texts{"10.000", "11.002", "", "11.002", "11.503", "11.500", "12.503"}));
+  }
+}
+
 // A name of one letter has no point before the letter.
 TEST(ForwardAndBackwardRuns, TheLettersAloneAreNoPair) {
   ui::Grid grid;
