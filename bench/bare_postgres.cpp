@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "db/data_source.h"
-#include "db/sql_tokens.h"
+#include "odbc/data_source.h"
+#include "sql/tokens.h"
 
 namespace bench {
 namespace {

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "db/database.h"
+#include "open/open.h"
 #ifdef SEIKAHYOU_MEASURE_POSTGRES
 #include <sstream>
 

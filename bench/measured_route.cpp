@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "db/database.h"
+#include "open/open.h"
 #include "shell/start_up.h"
 
 namespace bench {

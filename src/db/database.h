@@ -115,16 +115,4 @@ class Database {
   virtual void discard() = 0;
 };
 
-/// Opens the job database at `path` (text as in the job context, "\" or "/" between folders) for reading and
-/// writing. Never creates one. Raises Error, naming the file, where it is missing, a folder, or no database.
-std::unique_ptr<Database> openDatabase(std::string_view path);
-
-/// Makes a new, empty database file at `path` and opens it. Raises Error where a file is there already or
-/// cannot be made.
-std::unique_ptr<Database> createDatabase(std::string_view path);
-
-/// Cuts a text of several SQL statements at its semicolons (those in quotes, names and comments apart).
-/// Comments and empty statements are left out.
-std::vector<std::string> splitStatements(std::string_view script);
-
 }  // namespace db

@@ -4,6 +4,7 @@
 
 #include "exchange/numbering.h"
 #include "exchange/tables.h"
+#include "open/open.h"
 
 namespace exchange {
 namespace {

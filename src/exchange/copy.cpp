@@ -6,6 +6,7 @@
 #include "exchange/create.h"
 #include "exchange/table_writer.h"
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "text/number.h"
 

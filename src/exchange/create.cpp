@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "db/sql_tokens.h"
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "platform/files.h"
+#include "sql/split_statements.h"
+#include "sql/tokens.h"
 #include "text/padding.h"
 
 namespace exchange {

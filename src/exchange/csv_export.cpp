@@ -1,6 +1,7 @@
 #include "exchange/create.h"
 #include "exchange/csv_file.h"
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "text/csv.h"
 

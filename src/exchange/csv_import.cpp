@@ -1,6 +1,7 @@
 #include "exchange/csv_file.h"
 #include "exchange/table_writer.h"
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "text/csv.h"
 #include "text/number.h"

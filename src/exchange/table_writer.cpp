@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "text/padding.h"
 
 namespace exchange {

@@ -8,6 +8,7 @@
 #include "db/sql.h"
 #include "hend/calculation.h"
 #include "hend/columns.h"
+#include "open/open.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "text/date.h"

@@ -6,6 +6,7 @@
 #include "db/sql.h"
 #include "hksnb/data.h"
 #include "hksnb/procedure.h"
+#include "open/open.h"
 #include "route/observations.h"
 #include "text/padding.h"
 

@@ -6,6 +6,7 @@
 #include "hksnb/data.h"
 #include "hksnb/filling.h"
 #include "hksnb/procedure.h"
+#include "open/open.h"
 #include "route/observations.h"
 
 namespace hksnb {

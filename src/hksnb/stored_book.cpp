@@ -7,6 +7,7 @@
 #include "hksnb/data.h"
 #include "hksnb/grid_set_up.h"
 #include "hksnb/procedure.h"
+#include "open/open.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "text/padding.h"

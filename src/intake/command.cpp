@@ -8,6 +8,7 @@
 #include "exchange/command.h"
 #include "intake/cells.h"
 #include "intake/store.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "platform/text_encoding.h"
 

@@ -5,6 +5,7 @@
 #include "db/literal.h"
 #include "exchange/table_writer.h"
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "text/number.h"
 #include "text/padding.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "db/database.h"
-#include "db/sql_tokens.h"
+#include "sql/split_statements.h"
+#include "sql/tokens.h"
 
 namespace job {
 namespace {

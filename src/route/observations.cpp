@@ -1,5 +1,6 @@
 #include "route/observations.h"
 
+#include "open/open.h"
 #include "text/padding.h"
 
 namespace route {

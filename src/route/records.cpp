@@ -1,5 +1,6 @@
 #include "route/records.h"
 
+#include "open/open.h"
 #include "route/selection.h"
 #include "text/number.h"
 #include "text/padding.h"

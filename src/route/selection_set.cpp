@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "db/database.h"
+#include "open/open.h"
 
 namespace route {
 

@@ -6,10 +6,12 @@
 
 #include "db/database.h"
 #include "job/schema.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "sample/long_routes.h"
 #include "sample/small_routes.h"
 #include "sample/writer.h"
+#include "sql/split_statements.h"
 #include "text/error.h"
 
 namespace sample {

@@ -1,5 +1,6 @@
 #include "shell/start_up.h"
 
+#include "open/open.h"
 #include "platform/files.h"
 #include "text/error.h"
 #include "text/number.h"

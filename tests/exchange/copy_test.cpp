@@ -5,8 +5,9 @@
 #include <sstream>
 
 #include "exchange/tables.h"
-#include "support/job_file.h"
+#include "open/open.h"
 #include "platform/files.h"
+#include "support/job_file.h"
 
 namespace {
 

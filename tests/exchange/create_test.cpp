@@ -3,8 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "exchange/tables.h"
-#include "support/job_file.h"
+#include "open/open.h"
 #include "platform/files.h"
+#include "support/job_file.h"
 
 namespace {
 

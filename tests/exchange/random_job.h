@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "exchange/tables.h"
+#include "open/open.h"
 #include "support/job_file.h"
 
 namespace test {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "open/open.h"
 #include "support/job_file.h"
 
 namespace {

@@ -10,10 +10,10 @@
 #include <string_view>
 #include <vector>
 
-#include "db/database.h"
-#include "db/select_shape.h"
-#include "db/sql_tokens.h"
-#include "db/sqlite_dialect.h"
+#include "sql/select_shape.h"
+#include "sql/split_statements.h"
+#include "sql/sqlite_dialect.h"
+#include "sql/tokens.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 
 #include "hksnb/book_job.h"
 #include "hksnb/data.h"
+#include "open/open.h"
 #include "support/recording_desktop.h"
 
 namespace {

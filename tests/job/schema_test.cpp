@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-#include "db/database.h"
+#include "open/open.h"
+#include "sql/split_statements.h"
 #include "support/temporary_folder.h"
 
 namespace {

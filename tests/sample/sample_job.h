@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "db/database.h"
+#include "open/open.h"
 #include "sample/sample.h"
 #include "support/temporary_folder.h"
 

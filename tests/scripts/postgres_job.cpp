@@ -6,9 +6,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "db/database.h"
 #include "exchange/copy.h"
+#include "open/open.h"
 #include "platform/files.h"
+#include "sql/split_statements.h"
 #include "support/postgres_server.h"
 
 // Runs a command on a copy of a job in a PostgreSQL server that lives as long as the command:

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "db/database.h"
+#include "open/open.h"
 #include "seihyou/calculation.h"
 #include "seihyou/columns.h"
 #include "seihyou/data.h"

@@ -7,6 +7,7 @@
 
 #include "db/database.h"
 #include "exchange/create.h"
+#include "open/open.h"
 #include "support/temporary_folder.h"
 
 namespace test {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "db/database.h"
 #include "job/context.h"
+#include "open/open.h"
 #include "support/temporary_folder.h"
 
 namespace test {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "db/database.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "shell/start_up.h"
 #include "support/recording_desktop.h"

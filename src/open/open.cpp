@@ -1,0 +1,106 @@
+#include "open/open.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <optional>
+
+#include "platform/files.h"
+#include "sqlite/database.h"
+#include "text/padding.h"
+#ifdef SEIKAHYOU_ODBC
+#include "odbc/database.h"
+#endif
+
+namespace db {
+namespace {
+
+/// The kinds of database file that can be opened.
+enum class Engine { None, Sqlite, Access, DataSource };
+
+constexpr std::string_view sqliteMark("SQLite format 3\0", 16);
+
+constexpr std::string_view jetMark = "Standard Jet DB";
+constexpr std::string_view aceMark = "Standard ACE DB";
+constexpr std::size_t accessMarkAt = 4;
+constexpr std::size_t longestMark = accessMarkAt + jetMark.size();
+
+bool isDataSourceName(std::string_view path) { return text::equalIgnoringCase(text::right(path, 4), ".dsn"); }
+
+/// Every engine is known by what its files begin with, a file data source by its name.
+Engine engineOf(std::string_view path, std::string_view beginning) {
+  if (beginning.starts_with(sqliteMark)) return Engine::Sqlite;
+  const std::string_view mark = beginning.substr(std::min(accessMarkAt, beginning.size()));
+  if (mark.starts_with(jetMark) || mark.starts_with(aceMark)) return Engine::Access;
+  return isDataSourceName(path) ? Engine::DataSource : Engine::None;
+}
+
+std::string named(std::string_view path) { return "データベース「" + std::string(path) + "」"; }
+
+void requirePath(std::string_view path) {
+  if (path.empty()) throw Error("データベースのパスが指定されていません。");
+  if (path.find('\0') != std::string_view::npos)
+    throw Error(named(path.data()) + "のパスに使えない文字があります。");
+}
+
+bool exists(std::string_view path) {
+  std::error_code ignored;
+  return std::filesystem::exists(platform::nativePath(path), ignored);
+}
+
+void requireFile(std::string_view path) {
+  requirePath(path);
+  if (platform::isFolder(path))
+    throw Error("「" + std::string(path) + "」はフォルダです。データベースではありません。");
+  if (!exists(path)) throw Error(named(path) + "が見つかりません。");
+  if (!platform::isFile(path)) throw Error("「" + std::string(path) + "」はファイルではありません。");
+}
+
+/// The bytes by which an engine knows its files.
+std::string beginningOf(std::string_view path) {
+  std::ifstream file(platform::nativePath(path), std::ios::binary);
+  if (!file) throw Error(named(path) + "を読む権限がありません。");
+  std::array<char, longestMark> bytes{};
+  file.read(bytes.data(), bytes.size());
+  return {bytes.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+#ifdef SEIKAHYOU_ODBC
+std::unique_ptr<Database> openThroughOdbc(std::string_view path, Engine engine) {
+  if (engine == Engine::Access) return openAccessFile(path);
+  const std::optional<std::string> content = platform::readFile(path);
+  if (!content) throw Error(named(path) + "を読む権限がありません。");
+  return openDataSource(path, *content);
+}
+#else
+std::unique_ptr<Database> openThroughOdbc(std::string_view path, Engine) {
+  throw Error(named(path) + "を開くには ODBC が必要ですが、このプログラムは ODBC なしで作られています。");
+}
+#endif
+
+}  // namespace
+
+std::unique_ptr<Database> openDatabase(std::string_view path) {
+  requireFile(path);
+  const std::string beginning = beginningOf(path);
+  if (beginning.empty())
+    throw Error("「" + std::string(path) + "」は空のファイルで、データベースではありません。");
+  switch (const Engine engine = engineOf(path, beginning)) {
+    case Engine::Sqlite:
+      return openSqliteDatabase(path);
+    case Engine::Access:
+    case Engine::DataSource:
+      return openThroughOdbc(path, engine);
+    case Engine::None:
+      break;
+  }
+  throw Error("「" + std::string(path) + "」はデータベースではありません。");
+}
+
+std::unique_ptr<Database> createDatabase(std::string_view path) {
+  requirePath(path);
+  if (exists(path)) throw Error("「" + std::string(path) + "」はすでにあるため、データベースを作れません。");
+  return createSqliteDatabase(path);
+}
+
+}  // namespace db

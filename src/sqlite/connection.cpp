@@ -1,0 +1,203 @@
+#include "sqlite/connection.h"
+
+#include <algorithm>
+
+#include "engine/sqlite_error.h"
+#include "platform/files.h"
+#include "sql/tokens.h"
+
+namespace db {
+namespace {
+
+/// How long a locked database is waited for, in milliseconds.
+constexpr int lockWait = 3000;
+
+/// Turns the optimizations named by these bits off, for SQLITE_TESTCTRL_OPTIMIZATIONS: Bloom filters.
+constexpr int withoutBloomFilter = 0x00080000;
+
+/// SQLite's path: absolute, so that no name means something special to SQLite and a change of folder does no
+/// harm.
+std::string enginePath(std::string_view file) {
+  std::error_code ignored;
+  return platform::pathText(std::filesystem::absolute(platform::nativePath(file), ignored));
+}
+
+bool holdsStatement(std::string_view sql) {
+  const std::vector<Token> rest = significantTokens(sql);
+  return std::any_of(rest.begin(), rest.end(), [](const Token& token) { return !isOperator(token, ";"); });
+}
+
+}  // namespace
+
+Value columnValue(sqlite3_stmt* statement, int column) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+      return {};
+    case SQLITE_INTEGER:
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(statement, column);
+    default:
+      break;
+  }
+  const auto* bytes =
+      static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
+  if (bytes == nullptr) return std::string();
+  return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+}
+
+std::vector<std::string> columnNames(sqlite3_stmt* statement) {
+  std::vector<std::string> names;
+  for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+    const char* name = sqlite3_column_name(statement, i);
+    names.emplace_back(name == nullptr ? "" : name);
+  }
+  return names;
+}
+
+SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(file) {
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
+  const int code = sqlite3_open_v2(enginePath(file).c_str(), &handle_, flags, nullptr);
+  if (code != SQLITE_OK) {
+    const Error failure = sqliteError(code, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code), file_);
+    sqlite3_close_v2(handle_);
+    throw failure;
+  }
+  sqlite3_extended_result_codes(handle_, 1);
+  sqlite3_busy_timeout(handle_, lockWait);
+  // A name in double quotes that is no column is a fault and no text.
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  // "Saved" is told only when the end of the journal, too, is safe on disk. A save's pages fit into the
+  // cache, so each of them is written once.
+  sqlite3_exec(handle_, "PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192", nullptr, nullptr, nullptr);
+  // SQLite 3.40 puts a Bloom filter before an index that it makes up for a join, and hashes texts by their
+  // length: texts that differ in trailing blanks would not be found. Without the filter they are.
+  sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle_, withoutBloomFilter);
+}
+
+SqliteConnection::~SqliteConnection() {
+  try {
+    close();
+  } catch (const Error&) {
+    // Nobody is left to be told; close has already rolled back what could not be committed.
+  }
+}
+
+SqliteStatement SqliteConnection::prepare(std::string_view sql) {
+  requireOpen();
+  const char* rest = nullptr;
+  sqlite3_stmt* raw = nullptr;
+  const int code = sqlite3_prepare_v2(handle_, sql.data(), static_cast<int>(sql.size()), &raw, &rest);
+  if (code != SQLITE_OK) raise(code);
+  SqliteStatement statement(raw);
+  if (!statement) throw error("への SQL 文が空です。");
+  if (holdsStatement(sql.substr(static_cast<std::size_t>(rest - sql.data()))))
+    throw error("への SQL 文は一度に一つだけです。二つめ以降があるため実行しませんでした。");
+  return statement;
+}
+
+bool SqliteConnection::step(sqlite3_stmt* statement, std::string_view table) {
+  requireOpen();
+  const bool gathering = isGathering();
+  const int code = sqlite3_step(statement);
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) return false;
+  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file_, table);
+  sqlite3_reset(statement);
+  settle(code, gathering);
+  throw failure;
+}
+
+void SqliteConnection::run(sqlite3_stmt* statement, std::string_view table) {
+  while (step(statement, table)) {
+  }
+  sqlite3_reset(statement);
+}
+
+void SqliteConnection::run(std::string_view sql) { run(prepare(sql).get()); }
+
+void SqliteConnection::gather() {
+  requireOpen();
+  requireNothingLost();
+  if (!isGathering()) run("BEGIN IMMEDIATE");
+}
+
+void SqliteConnection::requireNothingLost() const {
+  if (lost_) throw error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+}
+
+std::vector<ColumnDefinition> SqliteConnection::columns(std::string_view table) {
+  constexpr int nameColumn = 1;
+  constexpr int typeColumn = 2;
+  constexpr int hiddenColumn = 6;
+  const SqliteStatement statement = prepare("PRAGMA table_xinfo(" + quotedName(table) + ")");
+  std::vector<ColumnDefinition> result;
+  while (step(statement.get())) {
+    if (sqlite3_column_int(statement.get(), hiddenColumn) == 1) continue;
+    result.push_back(
+        {columnValue(statement.get(), nameColumn).text(), columnValue(statement.get(), typeColumn).text()});
+  }
+  return result;
+}
+
+Column SqliteConnection::find(const ResultColumns& result, std::string_view name) {
+  const auto found = result.find(name, [this](std::string_view table) { return columns(table); });
+  if (!found) throw error("の検索結果に列「" + std::string(name) + "」がありません。");
+  return *found;
+}
+
+void SqliteConnection::close() {
+  if (!isOpen()) return;
+  resetStatements();
+  const std::optional<Error> failure = commit();
+  sqlite3_close_v2(handle_);
+  handle_ = nullptr;
+  if (failure) throw Error(*failure);
+}
+
+void SqliteConnection::discard() {
+  if (!isOpen()) return;
+  resetStatements();
+  rollBack();
+  sqlite3_close_v2(handle_);
+  handle_ = nullptr;
+}
+
+Error SqliteConnection::error(std::string_view what) const {
+  return Error("データベース「" + file_ + "」" + std::string(what));
+}
+
+void SqliteConnection::raiseClosed() const { throw error("はすでに閉じられています。"); }
+
+void SqliteConnection::raise(int code, std::string_view table) {
+  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file_, table);
+  settle(code, isGathering());
+  throw Error(failure);
+}
+
+/// After a failure of the medium nothing of what was gathered may stay; after any other failure all of it
+/// stays, unless the engine itself has rolled back.
+void SqliteConnection::settle(int code, bool gathering) {
+  if (gathering && isMediumFailure(code)) rollBack();
+  if (gathering && !isGathering()) lost_ = true;
+}
+
+std::optional<Error> SqliteConnection::commit() {
+  if (lost_) return error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+  if (!isGathering()) return std::nullopt;
+  const int code = sqlite3_exec(handle_, "COMMIT", nullptr, nullptr, nullptr);
+  if (code == SQLITE_OK) return std::nullopt;
+  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file_);
+  rollBack();
+  return failure;
+}
+
+void SqliteConnection::rollBack() {
+  if (isGathering()) sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void SqliteConnection::resetStatements() {
+  for (sqlite3_stmt* one = sqlite3_next_stmt(handle_, nullptr); one; one = sqlite3_next_stmt(handle_, one))
+    sqlite3_reset(one);
+}
+
+}  // namespace db

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/database.h"
+#include "sql/result_columns.h"
+
+namespace db {
+
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+/// A prepared statement; it may outlive the connection it was prepared on.
+using SqliteStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// A value as the engine holds it in a column of the row a statement stands on.
+Value columnValue(sqlite3_stmt* statement, int column);
+
+/// The names of a statement's result columns in their order.
+std::vector<std::string> columnNames(sqlite3_stmt* statement);
+
+/// The connection to one database file, shared by the database and its record sets, with the transaction in
+/// which writing is gathered. All members take SQLite's own SQL; failures raise Error.
+class SqliteConnection {
+ public:
+  /// Opens `file`, the path text as the operator wrote it; `create` makes the file.
+  explicit SqliteConnection(std::string_view file, bool create = false);
+  ~SqliteConnection();
+  SqliteConnection(const SqliteConnection&) = delete;
+  SqliteConnection& operator=(const SqliteConnection&) = delete;
+
+  bool isOpen() const { return handle_ != nullptr; }
+  /// Raises Error once the connection is closed.
+  void requireOpen() const {
+    if (!isOpen()) raiseClosed();
+  }
+
+  /// Prepares one statement. Anything but blanks, comments and semicolons behind it is an Error.
+  SqliteStatement prepare(std::string_view sql);
+
+  /// Goes on to the next row; false when there is none. Where it fails, what the failure means for the
+  /// gathered writing is settled first. `table` names the table being written, for the description.
+  bool step(sqlite3_stmt* statement, std::string_view table = {});
+
+  /// Runs a statement to its end and makes it ready to run again.
+  void run(sqlite3_stmt* statement, std::string_view table = {});
+
+  /// Prepares and runs one statement.
+  void run(std::string_view sql);
+
+  /// Begins to gather what is written, unless that has begun already. Other writers are kept out from here.
+  void gather();
+
+  /// Raises Error where gathered writing was lost to an earlier failure: nothing may be written after it, or
+  /// a part of a save would stand alone.
+  void requireNothingLost() const;
+
+  /// How many records the last statement changed.
+  int changes() const { return sqlite3_changes(handle_); }
+
+  /// The columns of a table as "SELECT *" lists them; empty where there is no such table.
+  std::vector<ColumnDefinition> columns(std::string_view table);
+
+  /// The column of that name in a result. Raises Error, naming the column, where there is none.
+  Column find(const ResultColumns& result, std::string_view name);
+
+  /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
+  /// nothing.
+  void close();
+
+  /// Drops what was gathered and ends the connection.
+  void discard();
+
+  /// An Error about this file: the Japanese sentence `what` with the file's name.
+  Error error(std::string_view what) const;
+
+ private:
+  [[noreturn]] void raiseClosed() const;
+  [[noreturn]] void raise(int code, std::string_view table = {});
+  void settle(int code, bool gathering);
+  std::optional<Error> commit();
+  void rollBack();
+  void resetStatements();
+  bool isGathering() const { return sqlite3_get_autocommit(handle_) == 0; }
+
+  std::string file_;
+  sqlite3* handle_ = nullptr;
+  bool lost_ = false;  // gathered writing was rolled back
+};
+
+}  // namespace db
