@@ -1,5 +1,5 @@
 # The toolkit, the database library and the test library for Windows: built once from Debian's own source packages into
-# a folder outside the repository and found there again. To be sourced behind packaging/debian/setup.sh:
+# a folder outside the repository and found there again. To be sourced after packaging/debian/setup.sh:
 #
 #   source packaging/windows/cache.sh
 #   cache_is_there || fill_cache
@@ -65,15 +65,23 @@ cache_is_there() {
   [[ -d "$(toolkit_folder)" && -d "$(database_folder)" && -d "$(spreadsheet_folder)" && -d "$(test_library_folder)" ]]
 }
 
+# The lines that ask for the sources of what the machine itself takes from Debian: from where its own packages come.
+source_lines() {
+  apt-get indextargets \
+    --format 'deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(REPO_URI) $(RELEASE) $(COMPONENT)' \
+    'Created-By: Packages' 'Origin: Debian' 'Component: main' | sort -u
+}
+
 # source_package NAME FOLDER: unpacks Debian's source of a package into FOLDER. The lists of source packages are kept
 # beside the cache, so that the machine's own list of sources stays as it is.
 source_package() {
   local name="$1" folder="$2" apt="$windows_cache/apt"
-  local mirror="${SEIKAHYOU_DEBIAN_MIRROR:-http://deb.debian.org}"
   mkdir -p "$apt/lists/partial" "$apt/archives/partial" "$folder.download"
-  local key=/usr/share/keyrings/debian-archive-keyring.gpg
-  printf "deb-src [signed-by=$key] $mirror/%s main\n" \
-    "debian bookworm" "debian bookworm-updates" "debian-security bookworm-security" >"$apt/sources.list"
+  source_lines >"$apt/sources.list"
+  if [[ ! -s "$apt/sources.list" ]]; then
+    echo "apt がパッケージの一覧を持っていません。root で apt-get update を実行してください / apt has no lists of Debian's packages; run apt-get update as root." >&2
+    return 1
+  fi
   local -a own=(-q -o "Dir::Etc::sourcelist=$apt/sources.list" -o Dir::Etc::sourceparts=/dev/null
     -o "Dir::State::lists=$apt/lists" -o "Dir::Cache=$apt" -o Acquire::Retries=3 -o APT::Sandbox::User=root)
   apt-get "${own[@]}" update

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/keyboard_ways.h"
 
 /// The linker takes the resources of a library along only where somebody asks for them.
 static void takeResourcesAlong() { Q_INIT_RESOURCE(house); }
@@ -20,6 +21,7 @@ Application::Application(std::string programName)
   setUpFont();
   setUpTranslation();
   setUpIcon();
+  new KeyboardWays(this);
 }
 
 /// The font of the house where the system has it, else the nearest Japanese one of fixed width.

@@ -5,9 +5,11 @@ namespace ui {
 void FcSetMousePointer(Desktop& desktop, Pointer pointer) { desktop.setMousePointer(pointer); }
 
 Hourglass::Hourglass(Desktop& desktop) : desktop_(desktop) {
-  FcSetMousePointer(desktop_, Pointer::Hourglass);
+  if (desktop_.waits_++ == 0) FcSetMousePointer(desktop_, Pointer::Hourglass);
 }
 
-Hourglass::~Hourglass() { FcSetMousePointer(desktop_, Pointer::Default); }
+Hourglass::~Hourglass() {
+  if (--desktop_.waits_ == 0) FcSetMousePointer(desktop_, Pointer::Default);
+}
 
 }  // namespace ui

@@ -59,12 +59,17 @@ class Desktop {
 
   /// A screen has been unloaded and is no longer to be seen; it lives on until the present event is over.
   virtual void hide(Screen& screen) = 0;
+
+ private:
+  friend class Hourglass;
+  int waits_ = 0;  ///< hourglasses that stand on the desk
 };
 
 /// Sets the screen-wide mouse pointer.
 void FcSetMousePointer(Desktop& desktop, Pointer pointer);
 
-/// The hourglass for as long as this object lives, also where an error ends the work early.
+/// The hourglass for as long as this object lives, also where an error ends the work early. Of several that
+/// live at a time the last one to go takes it away.
 class Hourglass {
  public:
   explicit Hourglass(Desktop& desktop);

@@ -220,6 +220,17 @@ TEST(TabControl, BringsAPageToTheFront) {
   for (const int page : {-1, 2}) EXPECT_THROW(tab.setCurrent(page), text::RuntimeError);
 }
 
+TEST(Hourglass, OfTwoTheLastToGoTakesItAway) {
+  using enum ui::Pointer;
+  test::RecordingDesktop desktop;
+  {
+    const ui::Hourglass load(desktop);
+    { const ui::Hourglass recalculation(desktop); }
+    EXPECT_EQ(desktop.pointers, std::vector{Hourglass}) << "the load goes on";
+  }
+  EXPECT_EQ(desktop.pointers, (std::vector{Hourglass, Default}));
+}
+
 TEST(Hourglass, LastsAsLongAsItsObjectAlsoThroughAnError) {
   test::RecordingDesktop desktop;
   using enum ui::Pointer;
