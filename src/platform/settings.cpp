@@ -1,0 +1,107 @@
+#include "platform/settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <utility>
+
+#include "platform/files.h"
+#include "text/error.h"
+
+#ifdef _WIN32
+#include "platform/wide.h"
+#endif
+
+namespace platform {
+namespace {
+
+/// A setting is one line of the file: line ends within a text are written as "\n", "\" as "\\".
+std::string oneLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\\' || c == '\n') line += '\\';
+    line += c == '\n' ? 'n' : c;
+  }
+  return line;
+}
+
+std::string wholeText(std::string_view line) {
+  std::string text;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const bool escaped = line[i] == '\\' && i + 1 < line.size();
+    if (escaped) ++i;
+    text += escaped && line[i] == 'n' ? '\n' : line[i];
+  }
+  return text;
+}
+
+#ifdef _WIN32
+std::string userFolder() {
+  const wchar_t* const folder = _wgetenv(L"APPDATA");
+  return folder == nullptr ? std::string() : utf8(folder);
+}
+#else
+/// The system's rule: a relative path in $XDG_CONFIG_HOME does not count.
+std::string userFolder() {
+  const char* const folder = std::getenv("XDG_CONFIG_HOME");
+  if (folder != nullptr && *folder == '/') return folder;
+  const char* const home = std::getenv("HOME");
+  return home == nullptr || *home == '\0' ? std::string() : std::string(home) + "/.config";
+}
+#endif
+
+}  // namespace
+
+Settings::Settings(std::string file) : file_(std::move(file)) { read(); }
+
+/// Lines that are none of ours are passed over; what was put here stands above what the file says.
+void Settings::read() {
+  const std::string content = file_.empty() ? std::string() : readFile(file_).value_or(std::string());
+  std::string_view rest = content;
+  while (!rest.empty()) {
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos || equals == 0) continue;
+    texts_.insert_or_assign(std::string(line.substr(0, equals)), wholeText(line.substr(equals + 1)));
+  }
+  for (const auto& [key, text] : own_) texts_.insert_or_assign(key, text);
+}
+
+std::string Settings::text(std::string_view key, std::string_view otherwise) const {
+  const auto found = texts_.find(key);
+  return found == texts_.end() ? std::string(otherwise) : found->second;
+}
+
+int Settings::number(std::string_view key, int otherwise) const {
+  const auto found = texts_.find(key);
+  if (found == texts_.end()) return otherwise;
+  const char* const end = found->second.data() + found->second.size();
+  int number = 0;
+  const auto [stop, error] = std::from_chars(found->second.data(), end, number);
+  return error == std::errc() && stop == end ? number : otherwise;
+}
+
+bool Settings::set(std::string_view key, std::string_view text) {
+  const auto found = texts_.find(key);
+  if (found != texts_.end() && found->second == text) return true;
+  own_.insert_or_assign(std::string(key), std::string(text));
+  read();
+  if (file_.empty()) return true;
+  std::string content;
+  for (const auto& [name, value] : texts_) content += name + "=" + oneLine(value) + "\n";
+  try {
+    makeFolder(pathText(nativePath(file_).parent_path()));
+    writeFile(file_, content);
+    return true;
+  } catch (const text::RuntimeError&) {
+    return false;
+  }
+}
+
+std::string settingsFile() {
+  const std::string folder = userFolder();
+  return folder.empty() ? folder : folder + "/seikahyou/settings.txt";
+}
+
+}  // namespace platform
