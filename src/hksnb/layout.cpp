@@ -2,8 +2,8 @@
 
 #include "hksnb/screen.h"
 
-// Where the controls of the book page stand: those below the grid keep their distance from the bottom edge,
-// the two steps from the right edge too. Sizes and places in twips, places within the page.
+// The tab control fills the window, the grid its page down to the controls that stand along the bottom edge,
+// as the form lays them out. Sizes in twips.
 
 namespace hksnb {
 namespace {
@@ -14,6 +14,7 @@ constexpr float designHeight = 9900;
 constexpr float tabBar = 480;        // what the tab control takes from the page at the top and its border
 constexpr float margin = 120;        // around the grid
 constexpr float orderHeight = 2520;  // of the controls below the grid, down to the edge of the page
+constexpr float least = 300;         // a window may be made smaller than what stands in it
 
 }  // namespace
 
@@ -37,40 +38,12 @@ void fHHksb::putOnPages() {
 }
 
 void fHHksb::Form_Resize() {
-  SSTab1.move({0, 0, width(), height()});
+  SSTab1.setSize(width(), height());
   lblShoriShiji.move({std::max(0.0F, width() - 3000), 30, 2850, 360});  // beside the tabs, on every page
-  placeGrid();
-  placeOrder();
-}
-
-void fHHksb::placeGrid() {
-  constexpr float least = 300;  // a window may be made smaller than what stands in it
-  Grid1.move({margin, margin, std::max(least, width() - 2 * margin - 60),
-              std::max(least, height() - tabBar - margin - orderHeight)});
-}
-
-void fHHksb::placeOrder() {
-  const float top = height() - tabBar - orderHeight + 90;
-  const auto place = [top](ui::Control& control, float left, float down, float wide, float high) {
-    control.move({left, top + down, wide, high});
-  };
-  place(lblHyousekiNo, 120, 0, 2400, 300);
-  place(LstHyousekiNo, 120, 330, 2400, 1950);
-  place(lblUe, 2760, 0, 3600, 300);
-  place(CmdExeD3, 2760, 330, 1350, 450);
-  place(lblStartNo, 4230, 330, 2100, 450);
-  place(CmdExeD4, 2760, 900, 1350, 450);
-  place(lblEndNo, 4230, 900, 2100, 450);
-  place(CmdExeD5, 4230, 1830, 2100, 450);
-  place(lblKansokuNen, 6900, 330, 1650, 450);
-  place(txtKansokuNen, 8580, 330, 1800, 450);
-  place(lblHeikinNen, 6900, 900, 1650, 450);
-  place(txtHeikinNen, 8580, 900, 1800, 450);
-  place(cmdSetNen, 8580, 1830, 1800, 450);
-  place(CmdHendryocal, 11100, 900, 2100, 450);
-  const float right = std::max(designWidth * 0.8F, width());  // below that they would stand on others
-  place(CmdExeD1, right - 4050, 1830, 1800, 450);
-  place(CmdExeD2, right - 2070, 1830, 1800, 450);
+  Grid1.setSize(std::max(least, width() - 2 * margin - 60),
+                std::max(least, height() - tabBar - margin - orderHeight));
+  LstHyousekiNo.setSize(2400, 1950);
+  CmdExeD2.setSize(1800, 450);
 }
 
 }  // namespace hksnb

@@ -89,9 +89,6 @@ class fHHksb : public ui::Screen {
   void save();
   void pastePicture();
 
-  void placeGrid();
-  void placeOrder();
-
   ui::CellUse cellUse(int row, int col) const;
   void Grid1_KeyPress(char32_t code);
   void nextPrevious(int row);

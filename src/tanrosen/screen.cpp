@@ -23,6 +23,7 @@ constexpr float gridHeight = 2295;
 constexpr float gridTop = 525;
 constexpr float belowGrid = 100;
 constexpr float belowLists = 600;  // to the lower edge of the tab control, its tabs included
+constexpr float listWidth = 1650;
 constexpr float leastList = 600;
 constexpr auto toLeft = ui::Align::Left;
 constexpr auto toRight = ui::Align::Right;
@@ -59,21 +60,10 @@ void fTHsei::Form_Resize() {
   const float across = width() / designWidth;
   const float down = height() / designHeight;
   SSTab1.setSize(across * tabWidth, down * tabHeight);
-  const float left = across * (tabWidth - gridWidth) / 2;
-  Grid1.move({left, gridTop, across * gridWidth, down * gridHeight});
-  placeBelowGrid(left, gridTop + down * gridHeight + belowGrid);
-}
-
-/// The lists and buttons stand in one line; the lists reach down to the end of the page.
-void fTHsei::placeBelowGrid(float left, float top) {
+  Grid1.setSize(across * gridWidth, down * gridHeight);
+  const float top = gridTop + down * gridHeight + belowGrid;
   const float list = std::max(SSTab1.box().height - top - belowLists, leastList);
-  lblSuijyun.move({left, top, 840, 240});
-  lstSuijyun.move({left + 870, top, 1650, list});
-  Command1.move({left + 2610, top, 900, 420});
-  lblKiti.move({left + 3750, top, 660, 240});
-  lstKiti.move({left + 4440, top, 1650, list});
-  Command2.move({left + 6180, top, 900, 420});
-  cmdCalc.move({left + 7230, top, 1065, 420});
+  for (ui::ListBox* marks : {&lstSuijyun, &lstKiti}) marks->setSize(listWidth, list);
 }
 
 void fTHsei::setUpGrids() { ui::headGrid(Grid1, columns); }

@@ -26,7 +26,6 @@ class fTHsei : public route::RouteScreen {
   void saveData(const route::Selection& selection) override;
   void clear() override;
 
-  void placeBelowGrid(float left, float top);
   void Command1_Click();
   void Command2_Click();
   void cmdCalc_Click();
