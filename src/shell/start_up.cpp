@@ -9,12 +9,33 @@
 namespace shell {
 namespace {
 
-/// Job and grade from the line of the job-selection file: its first character and its last.
-void readSelectionLine(const std::string& line, job::JobContext& context) {
-  context.gJobId = text::left(line, 1);
-  const std::string_view last = text::right(line, 1);
-  if (last.size() != 1 || last < "0" || last > "9") throw text::RuntimeError(text::ErrorCode::TypeMismatch);
+/// An error of a kind, with what it is about after its standard description.
+text::RuntimeError about(text::ErrorCode code, const std::string& what) {
+  return {code, text::description(code) + what};
+}
+
+/// Job and grade from the first line of the job-selection file: its first character and its last.
+void readSelectionFile(const std::string& file, job::JobContext& context) {
+  const auto line = platform::firstLine(file);
+  if (!line)
+    throw text::RuntimeError(text::ErrorCode::FileNotFound,
+                             "「" + file + "」があるのに読めません。読む権限があるか、ほかのプログラムが" +
+                                 "使っていないかを確かめてください。");
+  context.gJobId = text::left(*line, 1);
+  const std::string_view last = text::right(*line, 1);
+  if (last.empty()) throw about(text::ErrorCode::TypeMismatch, "「" + file + "」の1行目が空です。");
+  if (last.size() != 1 || last < "0" || last > "9")
+    throw about(text::ErrorCode::TypeMismatch,
+                "「" + file + "」の1行目の最後の「" + std::string(last) + "」は等級の数字ではありません。");
   context.gTokyu = text::readInt16(last);
+}
+
+std::int16_t grade(const std::string& tokyu) {
+  try {
+    return text::readInt16(tokyu);
+  } catch (const text::RuntimeError& error) {
+    throw about(error.code(), "JobData の Tokyu「" + tokyu + "」は等級ではありません。");
+  }
 }
 
 /// Job and grade of the job that the job table marks for execution.
@@ -23,7 +44,7 @@ void readJobTable(job::JobContext& context) {
   const auto jobs = database->openRecordset("SELECT * FROM JobData WHERE JikkouFlg = 1");
   if (!jobs->eof()) {
     context.gJobId = jobs->field("JobId").text();
-    context.gTokyu = text::readInt16(jobs->field("Tokyu").text());
+    context.gTokyu = grade(jobs->field("Tokyu").text());
   }
   jobs->close();
   database->close();
@@ -49,9 +70,7 @@ bool FcJobSelect(const CommandLine& commandLine, ui::Desktop& desktop, job::JobC
     context.gAppPath = commandLine.programFolder + "\\";
     const std::string file = context.gAppPath + "JobSel.txt";
     if (platform::isFile(file)) {
-      const auto line = platform::firstLine(file);
-      if (!line) throw text::RuntimeError(text::ErrorCode::FileNotFound);
-      readSelectionLine(*line, context);
+      readSelectionFile(file, context);
     } else {
       readJobTable(context);
     }

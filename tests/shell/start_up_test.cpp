@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/start_desk.h"
@@ -11,8 +13,6 @@ namespace {
 
 using namespace std::string_literals;
 using Messages = std::vector<ui::Message>;
-
-const Messages typeMismatch = {{"", "型が一致しません。", ui::Icon::None}};
 
 class StartUp : public testing::Test {
  protected:
@@ -23,6 +23,12 @@ class StartUp : public testing::Test {
   void startWith(std::string_view bytes) {
     desk.select(bytes);
     start();
+  }
+
+  /// The message of a type mismatch that is about the job-selection file.
+  Messages selectionFault(const std::string& what) const {
+    return {
+        {"", "型が一致しません。「" + desk.programFolder() + "\\JobSel.txt」の1行目" + what, ui::Icon::None}};
   }
 
   void expectJob(const std::string& jobId, int tokyu) const {
@@ -103,7 +109,7 @@ TEST_F(StartUp, TakesASingleDigitAsJobAndGrade) {
 TEST_F(StartUp, ReportsASingleLetterAndKeepsTheGrade) {
   startWith("A");
   expectJob("A", 0);
-  EXPECT_EQ(desk.desktop.messages, typeMismatch);
+  EXPECT_EQ(desk.desktop.messages, selectionFault("の最後の「A」は等級の数字ではありません。"));
   EXPECT_EQ(context.gExeDir, "C:\\測量\\");  // and goes on
 }
 
@@ -113,25 +119,41 @@ TEST_F(StartUp, ReportsAnEmptyFirstLine) {
   for (const char* bytes : {"", "\n", "\r\nA1"}) {
     startWith(bytes);
     expectJob("", 1);
-    EXPECT_EQ(desk.desktop.takeMessages(), typeMismatch);
+    EXPECT_EQ(desk.desktop.takeMessages(), selectionFault("が空です。"));
   }
 }
 
 TEST_F(StartUp, ReportsALastCharacterThatIsNoDigit) {
   context.gTokyu = 1;
-  for (const char* bytes : {"A1B", "A1 ", "A-", "A１", "A1級"}) {
+  for (const auto& [bytes, last] : std::vector<std::pair<const char*, std::string>>{
+           {"A1B", "B"}, {"A1 ", " "}, {"A-", "-"}, {"A１", "１"}, {"A1級", "級"}}) {
     startWith(bytes);
     expectJob("A", 1);
-    EXPECT_EQ(desk.desktop.takeMessages(), typeMismatch) << bytes;
+    EXPECT_EQ(desk.desktop.takeMessages(),
+              selectionFault("の最後の「" + last + "」は等級の数字ではありません。"));
   }
 }
 
 TEST_F(StartUp, OutlivesABinarySelectionFile) {
   startWith("\x00\xFF\xFE\x80"s);
   expectJob("\x00"s, 0);
-  EXPECT_EQ(desk.desktop.takeMessages(), typeMismatch);
+  EXPECT_EQ(desk.desktop.takeMessages(), selectionFault("の最後の「\x80」は等級の数字ではありません。"));
   startWith("\x90\xE0\x02"s + "5");
   expectJob("\x90", 5);
+}
+
+// What the name leads to is there, and reading it fails with an input error.
+TEST_F(StartUp, ReportsASelectionFileThatCannotBeRead) {
+  if (!std::filesystem::exists("/proc/self/mem")) GTEST_SKIP() << "no file here that cannot be read";
+  std::filesystem::create_symlink("/proc/self/mem", desk.programFolder() + "/JobSel.txt");
+  start();
+  expectJob("", 0);  // the job table is not asked instead
+  EXPECT_EQ(desk.desktop.messages, (Messages{{"",
+                                              "「" + desk.programFolder() +
+                                                  "\\JobSel.txt」があるのに読めません。読む権限があるか、"
+                                                  "ほかのプログラムが使っていないかを確かめてください。",
+                                              ui::Icon::None}}));
+  EXPECT_EQ(context.gExeDir, "C:\\測量\\");
 }
 
 TEST_F(StartUp, TakesAFolderOfThatNameForNoFile) {
@@ -187,14 +209,18 @@ TEST_F(StartUp, ReportsAGradeThatIsNoNumber) {
   desk.sql("UPDATE JobData SET Tokyu = '一級'");
   start();
   expectJob("9", 0);
-  EXPECT_EQ(desk.desktop.messages, typeMismatch);
+  EXPECT_EQ(
+      desk.desktop.messages,
+      (Messages{{"", "型が一致しません。JobData の Tokyu「一級」は等級ではありません。", ui::Icon::None}}));
 }
 
 TEST_F(StartUp, ReportsAGradeBeyond16Bits) {
   desk.sql("UPDATE JobData SET Tokyu = 40000");
   start();
   expectJob("9", 0);
-  EXPECT_EQ(desk.desktop.messages, (Messages{{"", "オーバーフローしました。", ui::Icon::None}}));
+  EXPECT_EQ(desk.desktop.messages,
+            (Messages{{"", "オーバーフローしました。JobData の Tokyu「40000」は等級ではありません。",
+                       ui::Icon::None}}));
 }
 
 // The data folder.
