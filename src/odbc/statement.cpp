@@ -82,6 +82,9 @@ void OdbcStatement::bind(std::size_t place, const Value& value) {
 }
 
 void OdbcStatement::bindText(std::size_t place, Parameter& parameter, const std::string& text) {
+  // A driver would end the text there and write another one, which may be the key of somebody else.
+  if (text.find('\0') != std::string::npos)
+    throw connection_->error("には使えない文字（コード 0）のある値を書きません。");
   parameter.text = calls_.toDriver(text);
   parameter.length = static_cast<SQLLEN>(parameter.text.size());
   const std::size_t count = parameter.text.size() / calls_.width();
