@@ -7,17 +7,10 @@
 
 namespace test {
 
-/// A small job with the two tables of the ellipsoidal correction.
+/// A small job with computed sections.
 class DaenJob : public SmallJob {
  public:
-  explicit DaenJob(std::int16_t grade = 1) : SmallJob(grade) {
-    sql("CREATE TABLE KansokuSeikaDataDaen (JobId TEXT, SaveOrder INTEGER, 事業番号 TEXT, 路線番号 TEXT,"
-        " 標石番号 TEXT, 距離 REAL, 楕円補正値 REAL, 標高 REAL, 楕円補正結果 REAL, 備考1 TEXT, 備考2 TEXT,"
-        " DataKubun TEXT, RosenEndDataFlg TEXT)");
-    sql("CREATE TABLE DaenHoseiChiHyouData (JobId TEXT, SaveOrder INTEGER, 事業番号 TEXT, 路線番号 TEXT,"
-        " 自首末地 TEXT, 至首末地 TEXT, 自水準点番号 TEXT, 至水準点番号 TEXT, B1 REAL, B2 REAL, B1_B2 REAL,"
-        " B1plusB2 REAL, k REAL, H REAL, CalK REAL, DataKubun TEXT)");
-  }
+  using SmallJob::SmallJob;
 
   /// A saved section of project 1001 (job 3) with its bench marks and accumulated correction.
   void section(std::string_view route, std::string_view category, int order, std::string_view from,

@@ -166,12 +166,29 @@ TEST_F(DaenData, SavesWhatTheGridShowsAndReopensIt) {
   route.setText(2, daen::colRemark, "坂");
   EXPECT_TRUE(save());
   EXPECT_EQ(desktop.takeMessages(), (std::vector<ui::Message>{{"", "保存しました", ui::Icon::None}}));
-  EXPECT_EQ(saved(),
-            (Lines{"01A00101|0|1|A|1.5|100|-0.5|99.9995|起点|坂|-", "01A00101|0|2|B|-|101.5|-|-|-|-|-1"}));
+  EXPECT_EQ(saved(), (Lines{"01A00101|0|1|A|1.500|100.0000|-0.5|99.9995|起点|坂|-",
+                            "01A00101|0|2|B|-|101.5000|-|-|-|-|-1"}));
   clear();
   EXPECT_TRUE(reopen());
   EXPECT_EQ(rows(), (Lines{"A||100.0000|-0.5|99.9995|起点|0|1||", "|1.500||||坂||||",
                            "B||101.5000||||0|2|-1|-1", "|||||||||"}));
+}
+
+// Numbers lose the zeros that the cells show, and get them back.
+TEST_F(DaenData, ColumnsMayBeDeclaredAsNumbers) {
+  job.declare("KansokuSeikaDataDaen", {"SaveOrder", "距離", "楕円補正値", "標高", "楕円補正結果"}, "REAL");
+  job.observed(1, "01A00101", "A", "100", "1.2345", "", "'0'", "1.5");
+  job.observed(2, "01A00101", "B", "101.5", "NULL", "-1", "'0'", "NULL");
+  load();
+  route.setText(1, daen::colCorrection, "-0.5");
+  route.setText(1, daen::colResult, "99.9995");
+  EXPECT_TRUE(save());
+  EXPECT_EQ(saved(),
+            (Lines{"01A00101|0|1|A|1.5|100|-0.5|99.9995|-|-|-", "01A00101|0|2|B|-|101.5|-|-|-|-|-1"}));
+  clear();
+  EXPECT_TRUE(reopen());
+  EXPECT_EQ(rows(), (Lines{"A||100.0000|-0.5|99.9995||0|1||", "|1.500||||||||", "B||101.5000||||0|2|-1|-1",
+                           "|||||||||"}));
 }
 
 TEST_F(DaenData, SavingReplacesTheSelectionAndNothingElse) {

@@ -8,21 +8,10 @@
 
 namespace test {
 
-/// A small job with the table of saved variation results, its key columns first.
+/// A small job with points that are observed twice.
 class VariationJob : public SmallJob {
  public:
-  explicit VariationJob(std::int16_t grade = 1) : SmallJob(grade) {
-    sql("CREATE TABLE KansokuSeikaDataHend (JobId TEXT, 事業番号 TEXT, 路線番号 TEXT, DataKubun TEXT,"
-        " SaveOrder INTEGER, 標石番号 TEXT, 基準観測日 TEXT, RosenEndDataFlg TEXT, 新観測年月日 TEXT,"
-        " 新観測比高 REAL, 旧測年月日 TEXT, 旧観測比高 TEXT, 比高差 TEXT, 新_旧経過日数 INTEGER,"
-        " 日毎比高変化 TEXT, 基準_新経過日数 TEXT, 変動補正量 TEXT, 変動補正結果 TEXT, 備考1 TEXT, 備考2 "
-        "TEXT,"
-        " 新設点BrankFlg INTEGER, 新設点Flg INTEGER, 新設点用変動補正量 TEXT, 新設点用新観測比高 TEXT,"
-        " 新設点用旧測年月日 TEXT, 新設点用旧観測比高 TEXT, 新設点用比高差 TEXT, 新設点用新_旧経過日数 "
-        "INTEGER,"
-        " 新設点用基準_新経過日数 INTEGER, 新設点用日毎比高変化 TEXT, 新設点用変動補正結果 TEXT,"
-        " 新設点用平均_新観測年月日 TEXT)");
-  }
+  using SmallJob::SmallJob;
 
   /// One observation record of project "1001"; values as SQL literals ("NULL" for Null).
   void observedTwice(int order, std::string_view benchMark, std::string_view date,

@@ -7,23 +7,11 @@
 
 namespace test {
 
-/// A small job with the tables of the ellipsoidal correction and of the variation books as well. The book
-/// table is of the age that has no column RosenEndFlg yet.
+/// A small job with corrections to make books of. Its book table is of the age that has no column RosenEndFlg
+/// yet.
 class BookJob : public SmallJob {
  public:
-  explicit BookJob(std::int16_t grade = 1) : SmallJob(grade) {
-    sql("CREATE TABLE KansokuSeikaDataDaen (JobId TEXT, SaveOrder INTEGER, 事業番号 TEXT, 路線番号 TEXT,"
-        " 標石番号 TEXT, 距離 TEXT, 楕円補正値 TEXT, 標高 TEXT, 楕円補正結果 TEXT, 備考1 TEXT, 備考2 TEXT,"
-        " DataKubun TEXT, RosenEndDataFlg TEXT)");
-    sql("CREATE TABLE KansokuSeikaDataHKSNB (JobId TEXT, SaveOrder INTEGER, 事業番号 TEXT, 路線番号 TEXT,"
-        " 変動観測簿No TEXT, 補正値フラグ TEXT, 都道府県 TEXT, 郡市 TEXT, 町村 TEXT, 水準点番号 TEXT, "
-        "観測比高 TEXT,"
-        " 今回観測成果 TEXT, 前回観測成果 TEXT, 今回中数 TEXT, 正標高補正値 TEXT, 正標高補正結果 TEXT, "
-        "変動量 TEXT,"
-        " 備考1 TEXT, 備考2 TEXT, 今回観測日付 TEXT, 前回観測日付 TEXT)");
-    sql("CREATE TABLE KansokuKikan (JobId TEXT, 観測簿種類 TEXT, 変動観測簿No TEXT, 新観測年月From TEXT,"
-        " 新観測年月To TEXT, 旧観測年月From TEXT, 旧観測年月To TEXT)");
-  }
+  using SmallJob::SmallJob;
 
   /// A saved orthometric correction in project 1001, category 0; values as SQL literals.
   void orthometric(int order, std::string_view route, std::string_view benchMark, std::string_view height,

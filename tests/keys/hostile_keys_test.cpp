@@ -14,10 +14,13 @@
 #include "hend/data.h"
 #include "hksnb/columns.h"
 #include "hksnb/data.h"
+#include "hksnb/place_names.h"
 #include "job/schema.h"
+#include "open/open.h"
 #include "route/selection_set.h"
 #include "seihyou/columns.h"
 #include "seihyou/data.h"
+#include "sql/split_statements.h"
 #include "support/postgres_server.h"
 #include "support/temporary_folder.h"
 #include "tanrosen/columns.h"
@@ -228,8 +231,9 @@ class Work {
     for (const hksnb::Kind kind : {hksnb::Kind::Orthometric, hksnb::Kind::Ellipsoidal}) {
       Table one(hksnb::columnCount);
       hksnb::Period period;
+      hksnb::PlaceNames places;
       hksnb::FcHHKSB_SetGrid1FromSeikaData(context_, kind, {{selection_.jigyoBango, selection_.rosenBango}},
-                                           period, one);
+                                           period, places, one);
       found_.push_back(one.text(1, hksnb::colBenchMark));
       one.setText(1, hksnb::colRemark, remark);
       hksnb::FcHHKSB_HKSNBSave(context_, kind, book_, {"20'2", "'5", "';--", "7"}, one);

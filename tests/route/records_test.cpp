@@ -17,8 +17,9 @@ class ReplaceRecords : public testing::Test {
  protected:
   ReplaceRecords() {
     for (const char* row : {"'R001',1,'old 1'", "'R002',1,'other'", "'R001',2,'old 2'"})
-      job.sql(std::string("INSERT INTO KansokuSeikaDataSeihyou (路線番号, SaveOrder, 備考1) VALUES (") + row +
-              ")");
+      job.sql(std::string(
+                  "INSERT INTO KansokuSeikaDataSeihyou (JobId, 路線番号, SaveOrder, 備考1) VALUES ('3',") +
+              row + ")");
   }
 
   Lines all() const {
@@ -32,6 +33,7 @@ class ReplaceRecords : public testing::Test {
 
 void add(db::Recordset& records, int order, const char* remark) {
   records.addNew();
+  records.set("JobId", "3");
   records.set("路線番号", "R001");
   records.set("SaveOrder", order);
   records.set("備考1", remark);

@@ -6,17 +6,18 @@
 #include <vector>
 
 #include "job/context.h"
+#include "job/schema.h"
 #include "open/open.h"
+#include "sql/split_statements.h"
 #include "support/temporary_folder.h"
 
 namespace test {
 
-/// A job database of a few tables in a folder of its own, and the job context of somebody who has started on
-/// it.
+/// A job database with every table, all of them empty, in a folder of its own, and the job context of
+/// somebody who has started on it.
 class SmallJob {
  public:
-  /// Job "3" of the given grade, with the tables of the observation results and of the orthometric
-  /// correction.
+  /// Job "3" of the given grade.
   explicit SmallJob(std::int16_t grade = 1) {
     context_.gDbPath = folder_.path("仕事 1.sqlite");
     context_.gJobId = "3";
@@ -24,15 +25,10 @@ class SmallJob {
     context_.gExeDir = folder_.path("data") + "\\";
     job::FcSeiReadIni(context_.tables);
     job::FcSetNumberFormats(context_);
-    db::createDatabase(context_.gDbPath)->close();
-    sql("CREATE TABLE KansokuSeikaData (JobId TEXT, 事業番号 TEXT, 路線番号 TEXT, DataKubun TEXT, SaveOrder "
-        "INTEGER,"
-        " 標石番号 TEXT, 観測年月日 TEXT, 中数 REAL, 前回観測日 TEXT, 前回中数 REAL, 標高 REAL, 距離 REAL,"
-        " 都道府県 TEXT, 郡市 TEXT, 町村 TEXT, RosenEndDataFlg TEXT)");
-    sql("CREATE TABLE KansokuSeikaDataSeihyou (JobId TEXT, 事業番号 TEXT, 路線番号 TEXT, DataKubun TEXT,"
-        " SaveOrder INTEGER, 水準点番号 TEXT, 標高 REAL, 備考1 TEXT, 備考2 TEXT, RosenEndDataFlg TEXT, 中数 "
-        "REAL,"
-        " 正標高補正数 TEXT, 正標高結果 REAL)");
+    const auto database = db::createDatabase(context_.gDbPath);
+    database->gather();
+    for (const std::string& statement : db::splitStatements(job::schemaSql())) database->execute(statement);
+    database->close();
   }
 
   const job::JobContext& context() const { return context_; }
@@ -42,6 +38,16 @@ class SmallJob {
     const auto database = db::openDatabase(context_.gDbPath);
     database->execute(statement);
     database->close();
+  }
+
+  /// Declares columns of an empty table anew, as another program may have declared them.
+  void declare(const std::string& table, const std::vector<std::string>& columns,
+               const std::string& type) const {
+    sql("DROP INDEX IF EXISTS " + table + "Route");
+    for (const std::string& column : columns) {
+      sql("ALTER TABLE " + table + " DROP COLUMN " + column);
+      sql("ALTER TABLE " + table + " ADD COLUMN " + column + " " + type);
+    }
   }
 
   /// One observation record; values as SQL literals ("NULL" for Null).
