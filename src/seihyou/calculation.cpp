@@ -60,13 +60,13 @@ class Walk {
   int count_ = 0;          // of repeated heights
 };
 
+}  // namespace
+
 int routeStart(const ui::Grid& grid, int row) {
   for (int r = row; r >= 1; --r)
     if (grid.text(r, colFlag) == route::routeEnd) return r + 1;
   return 1;
 }
-
-}  // namespace
 
 void FcCalcSeihyou(ui::Grid& grid, int row, job::Grade grade) {
   const int start = routeStart(grid, row);

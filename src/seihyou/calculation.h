@@ -19,6 +19,9 @@ namespace seihyou {
 /// bench mark that does not end the route has no section row.
 void FcCalcSeihyou(ui::Grid& grid, int row, job::Grade grade);
 
+/// The row of the first bench mark behind the nearest route end at or above `row`; 1 where there is none.
+int routeStart(const ui::Grid& grid, int row);
+
 /// True for a cell that takes a correction: column 2 of a section row that leads to a further bench mark and
 /// does not follow a repeated one.
 bool isCorrectionCell(const ui::Grid& grid, int row, int col);

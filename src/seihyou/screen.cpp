@@ -4,6 +4,7 @@
 
 #include "route/records.h"
 #include "seihyou/calculation.h"
+#include "seihyou/checks.h"
 #include "seihyou/columns.h"
 #include "seihyou/data.h"
 #include "ui/grid_helpers.h"
@@ -59,6 +60,8 @@ bool fSHsei::reopenData(const route::Selection& selection) { return FcDBReOpen(s
 void fSHsei::saveData(const route::Selection& selection) {
   if (FcDbSave(selection, context_, Grid1)) route::reportSaved(desktop());
 }
+
+ui::Findings fSHsei::findings() const { return checks(Grid1, context_.grade()); }
 
 ui::CellUse fSHsei::cellUse(int row, int col) const {
   if (col == colRemark) return ui::CellUse::Text;

@@ -10,6 +10,8 @@ class fSHsei : public route::RouteScreen {
  public:
   fSHsei(const job::JobContext& context, ui::Desktop& desktop);
 
+  ui::Findings findings() const override;
+
  private:
   void Form_Resize() override;
   void setUpGrids() override;

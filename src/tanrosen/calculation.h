@@ -26,11 +26,14 @@ namespace tanrosen {
 /// With two known points, the first with its observed height at the known one, this is the least-squares
 /// adjustment with weights 1 / distance. A total distance of 0 gives corrections of 0.
 ///
-/// Returns how many distances it took up, the measure of its work: at most three for each bench mark,
-/// whatever the number and order of the known points. Raises Subscript where the first known point is not the
-/// first bench mark, Overflow where a row counter passes 16 bits or a height is no number any more.
-long FcCalcTanrosen(ui::Grid& grid, const std::vector<std::string>& knownPoints, job::Grade grade,
+/// Its time grows with the number of bench marks, whatever the number and order of the known points. Raises
+/// Subscript where the first known point is not the first bench mark, Overflow where a row counter passes 16
+/// bits or a height is no number any more.
+void FcCalcTanrosen(ui::Grid& grid, const std::vector<std::string>& knownPoints, job::Grade grade,
                     std::string_view dataKubun);
+
+/// Writes the corrected height of the bench mark on `row` that a correction of `units` leads to.
+void writeCorrectedHeight(ui::Grid& grid, int row, double units, job::Grade grade);
 
 /// Makes the corrected height of the bench mark on `row` anew from its correction: observed height (m) +
 /// correction / units in a metre. A blank correction counts as 0.

@@ -5,6 +5,7 @@
 
 #include "route/records.h"
 #include "tanrosen/calculation.h"
+#include "tanrosen/checks.h"
 #include "tanrosen/columns.h"
 #include "tanrosen/data.h"
 #include "ui/grid_helpers.h"
@@ -102,6 +103,10 @@ void fTHsei::Command2_Click() {
 void fTHsei::cmdCalc_Click() {
   const ui::Hourglass wait(desktop());
   FcCalcTanrosen(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+}
+
+ui::Findings fTHsei::findings() const {
+  return checks(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
 }
 
 ui::CellUse fTHsei::cellUse(int row, int col) const {

@@ -18,6 +18,8 @@ class fTHsei : public route::RouteScreen {
 
   fTHsei(const job::JobContext& context, ui::Desktop& desktop);
 
+  ui::Findings findings() const override;
+
  private:
   void Form_Resize() override;
   void setUpGrids() override;
