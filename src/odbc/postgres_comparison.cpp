@@ -12,12 +12,6 @@ namespace {
 /// A whole text that the server can read as a number.
 constexpr const char* numberPattern = "'^ *[-+]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][-+]?[0-9]+)? *$'";
 
-bool isComparison(const Token& token) {
-  static constexpr std::array<std::string_view, 8> signs = {"=", "==", "<>", "!=", "<", ">", "<=", ">="};
-  return std::any_of(signs.begin(), signs.end(),
-                     [&](std::string_view sign) { return isOperator(token, sign); });
-}
-
 /// True where the token goes on with, or comes before, a longer expression.
 bool joinsOperands(const Token& token) {
   static constexpr std::array<std::string_view, 9> signs = {"+", "-", "*", "/", "%", "||", ":", ".", "^"};
@@ -44,33 +38,24 @@ bool isPlainNumber(std::string_view text) {
 
 }  // namespace
 
-PostgresComparisons::PostgresComparisons(const std::vector<Token>& tokens, const PostgresScope& scope,
-                                         PostgresWriting& writing)
-    : tokens_(tokens), scope_(scope), writing_(writing) {
-  matchParentheses();
+std::string postgresNumber(const std::string& expression) {
+  return "(CASE WHEN " + expression + " ~ " + numberPattern + " THEN CAST(" + expression +
+         " AS double precision) END)";
 }
 
-void PostgresComparisons::matchParentheses() {
-  std::vector<std::size_t> open;
-  for (std::size_t n = 0; n < tokens_.size(); ++n) {
-    partner_.push_back(n);
-    if (isSign(n, "(")) open.push_back(n);
-    if (!isSign(n, ")") || open.empty()) continue;
-    partner_[n] = open.back();
-    partner_[open.back()] = n;
-    open.pop_back();
-  }
-}
+PostgresComparisons::PostgresComparisons(const Statement& statement, const PostgresScope& scope,
+                                         Writing& writing)
+    : statement_(statement), scope_(scope), writing_(writing) {}
 
 /// The "=" of a list behind SET assigns; the list ends with WHERE or FROM.
 void PostgresComparisons::write() {
   bool assigns = false;
-  for (std::size_t n = 0; n < tokens_.size(); ++n) {
+  for (std::size_t n = 0; n < statement_.count(); ++n) {
     if (isKey(n, "SET")) assigns = true;
     if (isKey(n, "WHERE") || isKey(n, "FROM")) assigns = false;
     if (isSign(n, "==")) writing_.written[n] = "=";
     const bool assignment = assigns && n >= 2 && (isKey(n - 2, "SET") || isSign(n - 2, ","));
-    if (n > 0 && isComparison(tokens_[n]) && !assignment) compare(n);
+    if (n > 0 && isComparison(at(n)) && !assignment) compare(n);
   }
 }
 
@@ -80,6 +65,11 @@ void PostgresComparisons::compare(std::size_t sign) {
   const auto isText = [](Kind kind) {
     return kind == Kind::TextColumn || kind == Kind::TextFunction || kind == Kind::TextLiteral;
   };
+  if (isOrder(left) && isOrder(right)) {
+    readNumberFrom(left);
+    readNumberFrom(right);
+    return;
+  }
   if (isText(left.kind) && isText(right.kind)) {
     trim(left);
     trim(right);
@@ -102,34 +92,34 @@ void PostgresComparisons::compare(std::size_t sign) {
 }
 
 PostgresComparisons::Operand PostgresComparisons::rightOperand(std::size_t n) const {
-  if (n >= tokens_.size()) return {};
+  if (n >= statement_.count()) return {};
   std::size_t end = n;
   const bool sign = isSign(n, "-") || isSign(n, "+");
   if (sign) ++end;
-  while (isSign(end + 1, ".") && end + 2 < tokens_.size() && isName(tokens_[end])) end += 2;
-  if (end < tokens_.size() && isName(tokens_[end]) && isSign(end + 1, "(")) end = partner_[end + 1];
-  if (end >= tokens_.size()) return {};
-  if (end + 1 < tokens_.size() && joinsOperands(tokens_[end + 1])) return {};
-  if (sign && tokens_[end].kind != TokenKind::Number) return {};
+  while (isSign(end + 1, ".") && end + 2 < statement_.count() && isName(at(end))) end += 2;
+  if (end < statement_.count() && isName(at(end)) && isSign(end + 1, "(")) end = statement_.partner(end + 1);
+  if (end >= statement_.count()) return {};
+  if (end + 1 < statement_.count() && joinsOperands(at(end + 1))) return {};
+  if (sign && at(end).kind != TokenKind::Number) return {};
   return named(n, end);
 }
 
 PostgresComparisons::Operand PostgresComparisons::leftOperand(std::size_t n) const {
   std::size_t begin = n;
   if (isSign(n, ")")) {
-    begin = partner_[n];
-    if (begin == 0 || begin == n || !isName(tokens_[begin - 1])) return {};
+    begin = statement_.partner(n);
+    if (begin == 0 || begin == n || !isName(at(begin - 1))) return {};
     --begin;
   }
-  while (begin >= 2 && isSign(begin - 1, ".") && isName(tokens_[begin - 2])) begin -= 2;
-  if (begin > 0 && joinsOperands(tokens_[begin - 1])) return {};
+  while (begin >= 2 && isSign(begin - 1, ".") && isName(at(begin - 2))) begin -= 2;
+  if (begin > 0 && joinsOperands(at(begin - 1))) return {};
   return named(begin, n);
 }
 
 /// The operand of these tokens with what they stand for.
 PostgresComparisons::Operand PostgresComparisons::named(std::size_t begin, std::size_t end) const {
   Operand result{Kind::Other, begin, end};
-  const Token& last = tokens_[end];
+  const Token& last = at(end);
   if (last.kind == TokenKind::Number) result.kind = Kind::NumberLiteral;
   if (last.kind == TokenKind::Text && last.text.starts_with('\'')) result.kind = Kind::TextLiteral;
   if (isSign(end, ")") && isTextFunction(begin)) result.kind = Kind::TextFunction;
@@ -148,14 +138,14 @@ bool PostgresComparisons::isTextFunction(std::size_t n) const {
 
 void PostgresComparisons::trim(const Operand& operand) {
   if (operand.kind == Kind::TextLiteral)
-    writing_.written[operand.end] = trimmedLiteral(tokens_[operand.end].text);
+    writing_.written[operand.end] = trimmedLiteral(at(operand.end).text);
   else
     wrap(operand, "rtrim(", ",' ')");
 }
 
 /// A number's column meets a text that is a number by that number, another text by its own text.
 void PostgresComparisons::meetLiteral(const Operand& column, const Operand& literal) {
-  const std::string quoted = trimmedLiteral(tokens_[literal.end].text);
+  const std::string quoted = trimmedLiteral(at(literal.end).text);
   const std::string_view inner = text::trimmed(std::string_view(quoted).substr(1, quoted.size() - 2));
   if (isPlainNumber(inner)) {
     writing_.written[literal.end] = "(" + std::string(inner) + ")";
@@ -166,27 +156,20 @@ void PostgresComparisons::meetLiteral(const Operand& column, const Operand& lite
 }
 
 void PostgresComparisons::writeNumberAsText(const Operand& number) {
-  writing_.written[number.end] = "'" + wholeText(number) + "'";
+  writing_.written[number.end] = "'" + writing_.text(number.begin, number.end) + "'";
   for (std::size_t n = number.begin; n < number.end; ++n) writing_.written[n].clear();
 }
 
+/// A text's column of order numbers.
+bool PostgresComparisons::isOrder(const Operand& operand) const {
+  return operand.kind == Kind::TextColumn && countsAsNumber(nameOf(at(operand.end)));
+}
+
 void PostgresComparisons::readNumberFrom(const Operand& text) {
-  const std::string whole = wholeText(text);
-  wrap(text, std::string("(CASE WHEN ") + whole + " ~ " + numberPattern + " THEN CAST(",
-       " AS double precision) END)");
-}
-
-void PostgresComparisons::wrap(const Operand& operand, const std::string& before, const std::string& after) {
-  writing_.before[operand.begin].insert(0, before);
-  writing_.after[operand.end] += after;
-}
-
-/// An operand as it is written so far.
-std::string PostgresComparisons::wholeText(const Operand& operand) const {
-  std::string result;
-  for (std::size_t n = operand.begin; n <= operand.end; ++n)
-    result += writing_.before[n] + writing_.written[n] + writing_.after[n];
-  return result;
+  const std::string number = postgresNumber(writing_.text(text.begin, text.end));
+  for (std::size_t n = text.begin; n <= text.end; ++n)
+    writing_.before[n] = writing_.written[n] = writing_.after[n] = "";
+  writing_.written[text.end] = number;
 }
 
 }  // namespace db

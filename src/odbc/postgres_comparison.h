@@ -1,24 +1,20 @@
 #pragma once
 
-#include <optional>
 #include <string>
-#include <vector>
 
 #include "odbc/postgres_scope.h"
+#include "sql/statement.h"
 
 namespace db {
 
-/// What is written around and in the place of a statement's significant tokens.
-struct PostgresWriting {
-  std::vector<std::string> before;
-  std::vector<std::string> written;
-  std::vector<std::string> after;
-};
+/// The SQL text of the number that the text `expression` is as a whole; Null where it is none.
+std::string postgresNumber(const std::string& expression);
 
-/// Rewrites the comparisons of a statement so that texts compare without their trailing blanks.
+/// Rewrites the comparisons of a statement so that texts compare without their trailing blanks, and
+/// SaveOrder by its number however it is declared.
 class PostgresComparisons {
  public:
-  PostgresComparisons(const std::vector<Token>& tokens, const PostgresScope& scope, PostgresWriting& writing);
+  PostgresComparisons(const Statement& statement, const PostgresScope& scope, Writing& writing);
 
   void write();
 
@@ -30,7 +26,6 @@ class PostgresComparisons {
     std::size_t end = 0;  // its last token
   };
 
-  void matchParentheses();
   void compare(std::size_t sign);
   Operand rightOperand(std::size_t n) const;
   Operand leftOperand(std::size_t n) const;
@@ -40,20 +35,18 @@ class PostgresComparisons {
   void meetLiteral(const Operand& column, const Operand& literal);
   void writeNumberAsText(const Operand& number);
   void readNumberFrom(const Operand& text);
-  void wrap(const Operand& operand, const std::string& before, const std::string& after);
-  std::string wholeText(const Operand& operand) const;
-
-  bool isSign(std::size_t n, std::string_view sign) const {
-    return n < tokens_.size() && isOperator(tokens_[n], sign);
-  }
-  bool isKey(std::size_t n, std::string_view word) const {
-    return n < tokens_.size() && isWord(tokens_[n], word);
+  bool isOrder(const Operand& operand) const;
+  void wrap(const Operand& operand, const std::string& before, const std::string& after) {
+    writing_.wrap(operand.begin, operand.end, before, after);
   }
 
-  const std::vector<Token>& tokens_;
+  bool isSign(std::size_t n, std::string_view sign) const { return statement_.isSign(n, sign); }
+  bool isKey(std::size_t n, std::string_view word) const { return statement_.isKey(n, word); }
+  const Token& at(std::size_t n) const { return statement_.at(n); }
+
+  const Statement& statement_;
   const PostgresScope& scope_;
-  PostgresWriting& writing_;
-  std::vector<std::size_t> partner_;  // of each parenthesis; its own place where it has none
+  Writing& writing_;
 };
 
 }  // namespace db

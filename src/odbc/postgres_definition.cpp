@@ -12,8 +12,8 @@ namespace {
 /// Reads the tokens of one defining statement.
 class DefinitionWriter {
  public:
-  DefinitionWriter(const std::vector<Token>& tokens, const PostgresTables& tables, PostgresWriting& writing)
-      : tokens_(tokens), tables_(tables), writing_(writing) {}
+  DefinitionWriter(const Statement& statement, const PostgresTables& tables, Writing& writing)
+      : tokens_(statement.all()), tables_(tables), writing_(writing) {}
 
   void write() {
     if (isKey(0, "CREATE")) return writeCreate();
@@ -32,7 +32,7 @@ class DefinitionWriter {
   }
 
   void keep(std::size_t n) {
-    if (n < tokens_.size() && isName(tokens_[n])) writing_.written[n] = postgresName(nameOf(tokens_[n]));
+    if (n < tokens_.size() && isName(tokens_[n])) writing_.written[n] = quotedName(nameOf(tokens_[n]));
   }
 
   /// CREATE [TEMPORARY] TABLE [IF NOT EXISTS] name ( column type …, … )
@@ -53,7 +53,7 @@ class DefinitionWriter {
     keep(n);
     if (!isKey(n + 1, "ON") || n + 2 >= tokens_.size()) return;
     const PostgresTable* const table = tables_(nameOf(tokens_[n + 2]));
-    writing_.written[n + 2] = postgresName(table != nullptr ? table->name : nameOf(tokens_[n + 2]));
+    writing_.written[n + 2] = quotedName(table != nullptr ? table->name : nameOf(tokens_[n + 2]));
     for (n += 3; n + 1 < tokens_.size(); ++n) {
       if (isSign(n, "(") || isSign(n, ",")) writeIndexed(n + 1, table);
       dropCollation(n);
@@ -66,7 +66,7 @@ class DefinitionWriter {
     if (table == nullptr || !isName(tokens_[n])) return;
     for (const ColumnDefinition& column : table->columns) {
       if (!text::equalIgnoringCase(column.name, nameOf(tokens_[n]))) continue;
-      writing_.written[n] = postgresName(column.name);
+      writing_.written[n] = quotedName(column.name);
       if (isTextType(column.type)) writing_.written[n] = "rtrim(" + writing_.written[n] + ",' ')";
     }
   }
@@ -119,14 +119,13 @@ class DefinitionWriter {
 
   const std::vector<Token>& tokens_;
   const PostgresTables& tables_;
-  PostgresWriting& writing_;
+  Writing& writing_;
 };
 
 }  // namespace
 
-void writeDefinitions(const std::vector<Token>& tokens, const PostgresTables& tables,
-                      PostgresWriting& writing) {
-  DefinitionWriter(tokens, tables, writing).write();
+void writeDefinitions(const Statement& statement, const PostgresTables& tables, Writing& writing) {
+  DefinitionWriter(statement, tables, writing).write();
 }
 
 }  // namespace db

@@ -8,47 +8,39 @@
 namespace db {
 namespace {
 
-/// Reads one statement's tokens and writes them down again in the server's form.
+/// Writes one statement in the server's form.
 class Translation {
  public:
   Translation(std::string_view sql, const PostgresTables& tables)
-      : all_(tokens(sql)), tokens_(significantTokens(sql)), scope_(tokens_, tables), tables_(tables) {
-    writing_.before.resize(tokens_.size());
-    writing_.after.resize(tokens_.size());
-    for (const Token& token : tokens_) writing_.written.emplace_back(token.text);
-  }
+      : sql_(sql), statement_(sql), scope_(statement_.all(), tables), tables_(tables), writing_(statement_) {}
 
   std::string text() {
-    for (std::size_t n = 0; n < tokens_.size(); ++n) writeToken(n);
-    if (!tokens_.empty() && definesTables()) {
-      writeDefinitions(tokens_, tables_, writing_);
-    } else if (!tokens_.empty()) {
-      PostgresComparisons(tokens_, scope_, writing_).write();
-      PostgresOrder(tokens_, scope_, writing_).write();
+    for (std::size_t n = 0; n < statement_.count(); ++n) writeToken(n);
+    if (definesTables()) {
+      writeDefinitions(statement_, tables_, writing_);
+    } else {
+      PostgresComparisons(statement_, scope_, writing_).write();
+      PostgresOrder(statement_, scope_, writing_).write();
     }
-    return joined();
+    return writing_.whole(sql_);
   }
 
  private:
-  bool isSign(std::size_t n, std::string_view sign) const {
-    return n < tokens_.size() && isOperator(tokens_[n], sign);
-  }
-  bool isKey(std::size_t n, std::string_view word) const {
-    return n < tokens_.size() && isWord(tokens_[n], word);
-  }
+  bool isSign(std::size_t n, std::string_view sign) const { return statement_.isSign(n, sign); }
+  bool isKey(std::size_t n, std::string_view word) const { return statement_.isKey(n, word); }
   bool definesTables() const { return isKey(0, "CREATE") || isKey(0, "ALTER") || isKey(0, "DROP"); }
 
   void writeToken(std::size_t n) {
     std::string& written = writing_.written[n];
-    if (tokens_[n].kind == TokenKind::Text && !tokens_[n].text.starts_with('\''))
-      written = "CAST('\\x" + std::string(tokens_[n].text.substr(2)) + " AS bytea)";
-    if (!isName(tokens_[n])) return;
+    if (statement_.at(n).kind == TokenKind::Text && !statement_.at(n).text.starts_with('\''))
+      written = "CAST('\\x" + std::string(statement_.at(n).text.substr(2)) + " AS bytea)";
+    if (!isName(statement_.at(n))) return;
     if (const PostgresTable* table = scope_.tableAt(n)) {
-      written = postgresName(table->name);
+      written = quotedName(table->name);
     } else if (const ColumnDefinition* column = scope_.columnAt(n)) {
-      written = postgresName(column->name);
-    } else if (tokens_[n].kind == TokenKind::QuotedName || isMissingTable(n)) {
-      written = postgresName(nameOf(tokens_[n]));
+      written = quotedName(column->name);
+    } else if (statement_.at(n).kind == TokenKind::QuotedName || isMissingTable(n)) {
+      written = quotedName(nameOf(statement_.at(n)));
     } else if (isKey(n, "DISTINCTROW") && isKey(n - 1, "SELECT")) {
       written.clear();
     } else if (isKey(n, "MID") && isSign(n + 1, "(")) {
@@ -71,25 +63,11 @@ class Translation {
       writing_.after[first] += "::text";
   }
 
-  std::string joined() const {
-    std::string result;
-    std::size_t n = 0;
-    for (const Token& token : all_) {
-      if (isInsignificant(token)) {
-        result += token.text;
-        continue;
-      }
-      result += writing_.before[n] + writing_.written[n] + writing_.after[n];
-      ++n;
-    }
-    return result;
-  }
-
-  std::vector<Token> all_;
-  std::vector<Token> tokens_;
+  std::string_view sql_;
+  Statement statement_;
   PostgresScope scope_;
   const PostgresTables& tables_;
-  PostgresWriting writing_;
+  Writing writing_;
 };
 
 }  // namespace

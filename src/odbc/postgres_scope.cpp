@@ -23,12 +23,6 @@ bool isReserved(const Token& token) {
 
 }  // namespace
 
-std::string postgresName(std::string_view name) {
-  std::string result = "\"";
-  for (const char c : name) result.append(c == '"' ? 2 : 1, c);
-  return result + '"';
-}
-
 PostgresScope::PostgresScope(std::vector<Token> tokens, const PostgresTables& tables)
     : tokens_(std::move(tokens)), roles_(tokens_.size(), Role::Other), tablesAt_(tokens_.size()) {
   readSources(tables);

@@ -21,9 +21,6 @@ struct PostgresTable {
 /// Finds a table by its name, whatever its letter case; null where there is none.
 using PostgresTables = std::function<const PostgresTable*(std::string_view name)>;
 
-/// The name in double quotes, so that the server takes it as it stands.
-std::string postgresName(std::string_view name);
-
 /// What the names of one statement stand for: tables, their aliases and their columns.
 class PostgresScope {
  public:

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "sql/tokens.h"
+#include "sql/statement.h"
 
 namespace db {
 namespace {
@@ -36,67 +36,31 @@ bool isNoOperand(const Token& token) {
   return isOneOf(token, words);
 }
 
-bool isComparison(const Token& token) {
-  static constexpr std::array<std::string_view, 8> signs = {"=", "==", "<>", "!=", "<", ">", "<=", ">="};
-  return std::any_of(signs.begin(), signs.end(),
-                     [&](std::string_view sign) { return isOperator(token, sign); });
-}
-
-/// Reads one statement's tokens and writes them down again in SQLite's form.
+/// Writes one statement in SQLite's form.
 class Translation {
  public:
   Translation(std::string_view sql, const HoldsNumbers& holdsNumbers)
-      : all_(tokens(sql)), holdsNumbers_(holdsNumbers) {
-    for (std::size_t i = 0; i < all_.size(); ++i)
-      if (!isInsignificant(all_[i])) index_.push_back(i);
-    matchParentheses();
-    marked_.assign(index_.size(), false);
-    handlesRecords_ = !index_.empty() && isRecordStatement(at(0));
-  }
+      : sql_(sql), statement_(sql), writing_(statement_), holdsNumbers_(holdsNumbers) {}
 
   std::string text() {
-    if (handlesRecords_) markOperands();
-    std::string result;
-    std::size_t n = 0;
-    for (std::size_t i = 0; i < all_.size(); ++i) {
-      if (isInsignificant(all_[i])) {
-        result += all_[i].text;
-        continue;
-      }
-      result += written(n);
-      if (marked_[n]) result += withoutTrailingBlanks;
-      if (marked_[n] && i + 1 < all_.size() && needsBlankBefore(all_[i + 1])) result += ' ';
-      ++n;
+    for (std::size_t n = 0; n < count(); ++n) writing_.written[n] = written(n);
+    if (count() > 0 && isRecordStatement(at(0))) {
+      writeComparisons();
+      writeLists();
     }
-    return result;
+    return writing_.whole(sql_);
   }
 
  private:
-  const Token& at(std::size_t n) const { return all_[index_[n]]; }
-  std::size_t count() const { return index_.size(); }
-  bool isSign(std::size_t n, std::string_view sign) const { return n < count() && isOperator(at(n), sign); }
-  bool isKey(std::size_t n, std::string_view word) const { return n < count() && isWord(at(n), word); }
-
-  /// True where the token would run into a word before it: 'x'AND.
-  static bool needsBlankBefore(const Token& token) {
-    return !isInsignificant(token) && token.kind != TokenKind::Operator;
-  }
+  const Token& at(std::size_t n) const { return statement_.at(n); }
+  std::size_t count() const { return statement_.count(); }
+  bool isSign(std::size_t n, std::string_view sign) const { return statement_.isSign(n, sign); }
+  bool isKey(std::size_t n, std::string_view word) const { return statement_.isKey(n, word); }
 
   static bool isRecordStatement(const Token& token) {
     static constexpr std::array<std::string_view, 7> words = {"SELECT",  "INSERT", "UPDATE", "DELETE",
                                                               "REPLACE", "WITH",   "VALUES"};
     return isOneOf(token, words);
-  }
-
-  void matchParentheses() {
-    closing_.assign(count(), count());
-    std::vector<std::size_t> open;
-    for (std::size_t n = 0; n < count(); ++n) {
-      if (isSign(n, "(")) open.push_back(n);
-      if (!isSign(n, ")") || open.empty()) continue;
-      closing_[open.back()] = n;
-      open.pop_back();
-    }
   }
 
   std::string written(std::size_t n) const {
@@ -114,7 +78,7 @@ class Translation {
     return n > 0 && (isSign(n - 1, ".") || isOneOf(at(n - 1), before));
   }
 
-  void markOperands() {
+  void writeComparisons() {
     std::size_t depth = 0;
     bool inSetList = false;
     std::size_t setDepth = 0;
@@ -128,23 +92,58 @@ class Translation {
       if ((isKey(n, "WHERE") || isKey(n, "FROM")) && depth == setDepth) inSetList = false;
       if (!isComparison(at(n))) continue;
       if (inSetList && depth == setDepth && isAssignment(n)) continue;
-      if (comparesNumbers(n)) continue;
-      if (const auto end = operandEnd(n + 1)) marked_[*end] = true;
+      if (comparesNumbers(n) || comparesOrders(n)) continue;
+      if (const auto end = operandEnd(n + 1)) writing_.after[*end] += withoutTrailingBlanks;
     }
   }
 
   /// True where a column that holds numbers stands on either side of the comparison at `n`.
   bool comparesNumbers(std::size_t n) const {
-    if (!holdsNumbers_) return false;
     if (n > 0 && isNumberColumn(n - 1)) return true;
-    return n + 1 < count() && isName(at(n + 1)) && isNumberColumn(nameEnd(n + 1));
+    return statement_.isNameAt(n + 1) && isNumberColumn(nameEnd(n + 1));
   }
 
-  /// True where the name that ends at `n` is that of a column that holds numbers.
+  /// Two columns of order numbers that are declared as texts meet as numbers.
+  bool comparesOrders(std::size_t n) {
+    const std::size_t right = statement_.isNameAt(n + 1) ? nameEnd(n + 1) : count();
+    if (n == 0 || !isOrderColumn(n - 1) || !isOrderColumn(right)) return false;
+    writeAsNumber(n - 1);
+    writeAsNumber(right);
+    return true;
+  }
+
+  bool isColumn(std::size_t n) const { return statement_.isNameAt(n) && !isSign(n + 1, "("); }
+  bool isOrderColumn(std::size_t n) const { return isColumn(n) && countsAsNumber(nameOf(at(n))); }
+
+  /// True where the name that ends at `n` is that of a column that is declared to hold numbers.
   bool isNumberColumn(std::size_t n) const {
-    if (n >= count() || !isName(at(n)) || isSign(n + 1, "(")) return false;
-    const bool qualified = n >= 2 && isSign(n - 1, ".") && isName(at(n - 2));
-    return holdsNumbers_(qualified ? at(n - 2).text : std::string_view(), at(n).text);
+    return holdsNumbers_ && isColumn(n) && holdsNumbers_(statement_.qualifierOf(n), nameOf(at(n)));
+  }
+
+  void writeAsNumber(std::size_t n) { writing_.wrap(statement_.nameBegin(n), n, "CAST(", " AS REAL)"); }
+
+  void writeLists() {
+    const SelectParts parts = selectParts(statement_);
+    for (const ListItem& item : parts.orderItems)
+      if (item.name != 0 && isOrderColumn(item.name) && !isNumberColumn(item.name) && !parts.distinct)
+        writeAsNumber(item.name);
+    if (parts.distinct && !parts.compound) writeDistinct(parts);
+  }
+
+  /// Texts that differ in trailing blanks alone are one item; without an order the items come sorted by their
+  /// texts.
+  void writeDistinct(const SelectParts& parts) {
+    std::string order;
+    for (std::size_t i = 0; i < parts.items.size(); ++i) {
+      const ListItem& item = parts.items[i];
+      const bool number = item.name != 0 && isNumberColumn(item.name);
+      order += order.empty() ? " ORDER BY " : ",";
+      order += number ? "CAST(" + writing_.text(item.begin, item.name) + " AS TEXT)" : std::to_string(i + 1);
+      if (item.name == 0 || number) continue;
+      writing_.after[item.name] += withoutTrailingBlanks;
+      if (item.name + 1 == item.end) writing_.after[item.name] += " AS " + std::string(at(item.name).text);
+    }
+    if (parts.order == 0 && parts.from != 0 && !parts.limited) writing_.after[parts.end - 1] += order;
   }
 
   /// True for the "=" of "SET column = …" and ", column = …".
@@ -155,8 +154,8 @@ class Translation {
     if (n >= count()) return std::nullopt;
     std::size_t end = n;
     if (isSign(n, "(")) {
-      end = closing_[n];
-      if (end == count() || isRow(n)) return std::nullopt;
+      end = statement_.partner(n);
+      if (end == n || isRow(n)) return std::nullopt;
     } else if (isName(at(n)) && !isNoOperand(at(n))) {
       end = nameEnd(n);
     } else if (at(n).kind != TokenKind::Text) {
@@ -169,15 +168,17 @@ class Translation {
   /// The last token of a column, with its table where that is named, or of a function call; count() for a
   /// broken one.
   std::size_t nameEnd(std::size_t n) const {
-    while (isSign(n + 1, ".") && n + 2 < count() && isName(at(n + 2))) n += 2;
-    return isSign(n + 1, "(") ? closing_[n + 1] : n;
+    while (isSign(n + 1, ".") && statement_.isNameAt(n + 2)) n += 2;
+    if (!isSign(n + 1, "(")) return n;
+    const std::size_t end = statement_.partner(n + 1);
+    return end == n + 1 ? count() : end;
   }
 
   /// True for "(a, b)".
   bool isRow(std::size_t open) const {
-    for (std::size_t n = open + 1; n < closing_[open]; ++n) {
+    for (std::size_t n = open + 1; n < statement_.partner(open); ++n) {
       if (isSign(n, ",")) return true;
-      if (isSign(n, "(")) n = closing_[n];
+      if (isSign(n, "(")) n = std::max(n, statement_.partner(n));
     }
     return false;
   }
@@ -187,11 +188,9 @@ class Translation {
     return isKey(n, "COLLATE") || isKey(n, "OVER") || isKey(n, "FILTER") || isSign(n, ".");
   }
 
-  std::vector<Token> all_;
-  std::vector<std::size_t> index_;    // of the significant tokens in all_
-  std::vector<std::size_t> closing_;  // for each "(" its ")", counted in index_; count() where there is none
-  std::vector<bool> marked_;          // tokens behind which the comparison rule is written
-  bool handlesRecords_ = false;
+  std::string_view sql_;
+  Statement statement_;
+  Writing writing_;
   const HoldsNumbers& holdsNumbers_;
 };
 

@@ -21,6 +21,11 @@ using HoldsNumbers = std::function<bool(std::string_view qualifier, std::string_
 /// - A comparison with a column that holds numbers stays as it is: numbers have no trailing blanks, and the
 ///   engine can look them up in an index.
 ///
+/// - SaveOrder is a number wherever records are ordered or joined by it, also where it is declared as a text.
+/// - In a DISTINCT list, texts that differ in trailing blanks alone are one item; without an ORDER BY the
+/// items
+///   come sorted by their texts.
+///
 /// Everything else, blanks and faults included, is handed on as it stands, so that the engine names the
 /// fault. Without `holdsNumbers` every column counts as a text.
 std::string sqliteText(std::string_view sql, const HoldsNumbers& holdsNumbers = {});

@@ -70,8 +70,8 @@ TEST(PostgresDialect, OrderIsByBytesWithNullFirst) {
           asWritten);
   EXPECT_EQ(
       translated("SELECT DISTINCT 路線番号 FROM Kansoku ORDER BY 路線番号"),
-      "SELECT DISTINCT \"路線番号\" COLLATE \"C\" FROM \"Kansoku\" ORDER BY \"路線番号\" COLLATE \"C\" NULLS "
-      "FIRST");
+      "SELECT DISTINCT ON (rtrim(\"路線番号\",' ') COLLATE \"C\") \"路線番号\" FROM \"Kansoku\"    ORDER BY "
+      "rtrim(\"路線番号\",' ') COLLATE \"C\" NULLS FIRST,\"路線番号\" COLLATE \"C\"");
 }
 
 TEST(PostgresDialect, RecordsOfATableComeAsTheyWereWritten) {

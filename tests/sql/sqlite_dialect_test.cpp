@@ -73,6 +73,28 @@ TEST(SqliteDialect, ComparisonsWithNumberColumnsStay) {
             "SELECT * FROM A WHERE SaveOrder('x') = '1' COLLATE RTRIM");
 }
 
+TEST(SqliteDialect, OrderNumbersDeclaredAsTextsAreReadAsNumbers) {
+  EXPECT_EQ(sqliteText("SELECT * FROM t ORDER BY DataKubun,SaveOrder"),
+            "SELECT * FROM t ORDER BY DataKubun,CAST(SaveOrder AS REAL)");
+  EXPECT_EQ(sqliteText("SELECT * FROM a LEFT JOIN b ON (a.SaveOrder=b.SaveOrder) ORDER BY a.SaveOrder DESC;"),
+            "SELECT * FROM a LEFT JOIN b ON (CAST(a.SaveOrder AS REAL)=CAST(b.SaveOrder AS REAL)) ORDER BY "
+            "CAST(a.SaveOrder AS REAL) DESC;");
+  const auto holdsNumbers = [](std::string_view, std::string_view column) { return column == "SaveOrder"; };
+  EXPECT_EQ(sqliteText("SELECT * FROM t ORDER BY SaveOrder", holdsNumbers),
+            "SELECT * FROM t ORDER BY SaveOrder");
+}
+
+TEST(SqliteDialect, DistinctTextsAreOneItemAndSorted) {
+  EXPECT_EQ(sqliteText("SELECT DISTINCT a,b FROM t"),
+            "SELECT DISTINCT a COLLATE RTRIM AS a,b COLLATE RTRIM AS b FROM t ORDER BY 1,2");
+  EXPECT_EQ(sqliteText("SELECT DISTINCT t.a AS x FROM t ORDER BY x"),
+            "SELECT DISTINCT t.a COLLATE RTRIM AS x FROM t ORDER BY x");
+  const auto holdsNumbers = [](std::string_view, std::string_view column) { return column == "n"; };
+  EXPECT_EQ(sqliteText("SELECT DISTINCT n FROM t", holdsNumbers),
+            "SELECT DISTINCT n FROM t ORDER BY CAST(n AS TEXT)");
+  EXPECT_EQ(sqliteText("SELECT DISTINCT * FROM t LIMIT 3"), "SELECT DISTINCT * FROM t LIMIT 3");
+}
+
 TEST(SqliteDialect, DefinitionsStay) {
   for (const char* sql : {"CREATE TABLE t(a TEXT(2) CHECK(a = 'x'))", "PRAGMA user_version = x",
                           "ALTER TABLE KansokuSeikaDataHKSNB ADD COLUMN RosenEndFlg TEXT(2)"})
