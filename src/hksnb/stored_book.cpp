@@ -225,14 +225,14 @@ Status FcHHKSB_Reopen(const job::JobContext& context, Kind kind, const std::stri
 Status FcHHKSB_HKSNBSave(const job::JobContext& context, Kind kind, const std::string& number,
                          const Period& present, const ui::Grid& Grid1) {
   return procedure(Grid1.desktop(), "FcHHKSB_HKSNBSave", [&] {
-    const auto database = db::openDatabase(context.gDbPath);
     const db::Sql rows = "SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
                          " WHERE JobId =" + db::sqlValue(context.gJobId) + bookCondition(kind, number);
-    route::replaceRecords(*database, rows, [&](db::Recordset& records) {
-      BookWriter(context, kind, number, Grid1, records).write();
+    route::save(context.gDbPath, route::Extent::AsFarAsItCame, [&](db::Database& database) {
+      route::replaceRecords(database, rows, [&](db::Recordset& records) {
+        BookWriter(context, kind, number, Grid1, records).write();
+      });
+      replacePeriods(database, context, kind, number, present);
     });
-    replacePeriods(*database, context, kind, number, present);
-    database->close();
     if (Grid1.desktop() != nullptr) route::reportSaved(*Grid1.desktop());
   });
 }

@@ -1,17 +1,43 @@
 #include "route/records.h"
 
+#include <new>
+
 #include "open/open.h"
 #include "route/selection.h"
 #include "text/number.h"
 #include "text/padding.h"
 
 namespace route {
+namespace {
+
+/// Reports the error being handled again, with what it has left of the former results.
+[[noreturn]] void raiseUnchanged(const text::RuntimeError& error) {
+  const std::string description = std::string(error.what()) + " 保存前の成果はそのまま残っています。";
+  if (error.code() == text::ErrorCode::Database) throw db::Error(description);
+  throw text::RuntimeError(error.code(), description);
+}
+
+}  // namespace
+
+void save(std::string_view dbPath, Extent extent, const std::function<void(db::Database&)>& write) {
+  const auto database = db::openDatabase(dbPath);
+  try {
+    if (extent == Extent::AllOrNothing) database->gather();
+    write(*database);
+  } catch (const std::bad_alloc&) {
+    database->discard();
+    throw;
+  } catch (const text::RuntimeError& error) {
+    if (extent == Extent::AsFarAsItCame) throw;
+    database->discard();
+    raiseUnchanged(error);
+  }
+  database->close();
+}
 
 void replaceRecords(std::string_view dbPath, const db::Sql& sql,
                     const std::function<void(db::Recordset&)>& write) {
-  const auto database = db::openDatabase(dbPath);
-  replaceRecords(*database, sql, write);
-  database->close();
+  save(dbPath, Extent::AsFarAsItCame, [&](db::Database& database) { replaceRecords(database, sql, write); });
 }
 
 void replaceRecords(db::Database& database, const db::Sql& sql,
@@ -39,6 +65,16 @@ void forEachBenchMark(const ui::Grid& grid, int flagCol, const std::function<voi
     const bool hasSection = row + 1 < grid.rows() && grid.text(row, flagCol) != routeEnd;
     visit(row, hasSection ? row + 1 : 0);
   }
+}
+
+std::size_t countBenchMarks(const ui::Grid& grid, int flagCol, bool firstRouteOnly) {
+  std::size_t count = 0;
+  bool ended = false;
+  forEachBenchMark(grid, flagCol, [&](int row, int) {
+    if (!ended) ++count;
+    ended = ended || (firstRouteOnly && grid.text(row, flagCol) == routeEnd);
+  });
+  return count;
 }
 
 bool PairMean::add(double height) {

@@ -12,6 +12,18 @@
 
 namespace route {
 
+/// What is left of a save that fails.
+enum class Extent {
+  AsFarAsItCame,  ///< what was deleted and written before the failure
+  AllOrNothing    ///< the former records, untouched
+};
+
+/// Opens the job database, lets `write` save to as many of its tables as it likes, and returns when all of it
+/// is safe on disk; it gets there in one piece. Raises what `write` raises and db::Error. After a save of
+/// all or nothing the description of the error says that the former results are unchanged. Where memory runs
+/// out nothing is kept in either case.
+void save(std::string_view dbPath, Extent extent, const std::function<void(db::Database&)>& write);
+
 /// Replaces the records that `sql` ("SELECT * FROM table WHERE …") selects: deletes them one after another,
 /// then lets `write` add the new ones, and returns when they are safe on disk. Raises db::Error; what was
 /// deleted and written before an error stays so.
@@ -39,6 +51,10 @@ void forEachBenchMark(const ui::Grid& grid, int flagCol,
 
 /// The units of 0.1 mm in a metre, to which means are rounded whatever the grade.
 inline constexpr double tenthsOfMillimetre = 10000;
+
+/// How many bench marks of a grid a save writes: those that forEachBenchMark visits; with `firstRouteOnly`
+/// up to the first route end.
+std::size_t countBenchMarks(const ui::Grid& grid, int flagCol, bool firstRouteOnly = false);
 
 /// Means of bench marks that are observed twice: the heights come in pairs, and the second of each pair gives
 /// the mean.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -60,6 +61,50 @@ TEST_F(ReplaceRecords, KeepsWhatWasDeletedAndWrittenBeforeAnError) {
   };
   EXPECT_THROW(route::replaceRecords(job.context().gDbPath, routeOne, write), db::Error);
   EXPECT_EQ(all(), (Lines{"R001|1|new", "R002|1|other"}));
+}
+
+TEST_F(ReplaceRecords, KeepsNothingWhereMemoryRunsOut) {
+  const Lines before = all();
+  const auto write = [](db::Recordset& records) {
+    add(records, 1, "new");
+    throw std::bad_alloc();
+  };
+  EXPECT_THROW(route::replaceRecords(job.context().gDbPath, routeOne, write), std::bad_alloc);
+  EXPECT_EQ(all(), before);
+}
+
+/// Replaces a route in one table, writes to a second one, and fails there where told to.
+void saveTwoTables(const test::SmallJob& job, const db::Sql& first, route::Extent extent, bool fails) {
+  route::save(job.context().gDbPath, extent, [&](db::Database& database) {
+    route::replaceRecords(database, first, [](db::Recordset& records) { add(records, 7, "new"); });
+    database.execute("INSERT INTO KansokuKikan (JobId) VALUES ('3')");
+    if (fails) database.execute("INSERT INTO そんな表 VALUES (1)");
+  });
+}
+
+TEST_F(ReplaceRecords, SaveSeveralTablesInOneCommit) {
+  saveTwoTables(job, routeOne, route::Extent::AllOrNothing, false);
+  EXPECT_EQ(all(), (Lines{"R001|7|new", "R002|1|other"}));
+  EXPECT_EQ(job.records("SELECT * FROM KansokuKikan", {"JobId"}), Lines{"3"});
+}
+
+TEST_F(ReplaceRecords, OfAllOrNothingAFailureLeavesEveryTableAsItWas) {
+  const Lines before = all();
+  try {
+    saveTwoTables(job, routeOne, route::Extent::AllOrNothing, true);
+    FAIL() << "no error was raised";
+  } catch (const db::Error& error) {
+    EXPECT_NE(std::string(error.what()).find("そんな表"), std::string::npos);
+    EXPECT_TRUE(std::string(error.what()).ends_with("保存前の成果はそのまま残っています。"));
+  }
+  EXPECT_EQ(all(), before);
+  EXPECT_TRUE(job.records("SELECT * FROM KansokuKikan", {"JobId"}).empty());
+}
+
+TEST_F(ReplaceRecords, AsFarAsItCameAFailureLeavesWhatWasWritten) {
+  EXPECT_THROW(saveTwoTables(job, routeOne, route::Extent::AsFarAsItCame, true), db::Error);
+  EXPECT_EQ(all(), (Lines{"R001|7|new", "R002|1|other"}));
+  EXPECT_EQ(job.records("SELECT * FROM KansokuKikan", {"JobId"}), Lines{"3"});
 }
 
 TEST_F(ReplaceRecords, RaisesAnErrorWithoutTheDatabase) {
@@ -137,6 +182,20 @@ TEST_F(BenchMarks, AreNoneInAnEmptyGrid) {
   EXPECT_EQ(walk(), "");
   grid.setRows(1);
   EXPECT_EQ(walk(), "");
+}
+
+TEST(CountBenchMarks, CountsThoseWithANumberOfAllRoutesOrTheFirst) {
+  ui::Grid grid;
+  grid.setCols(2);
+  grid.setRows(9);
+  EXPECT_EQ(route::countBenchMarks(grid, 1), 0U);
+  for (const auto& [row, name] :
+       std::vector<std::pair<int, const char*>>{{1, "A"}, {3, "B"}, {5, "B"}, {7, "C"}})
+    grid.setText(row, 0, name);
+  grid.setText(3, 1, "-1");
+  grid.setText(7, 1, "-1");
+  EXPECT_EQ(route::countBenchMarks(grid, 1), 4U);
+  EXPECT_EQ(route::countBenchMarks(grid, 1, true), 2U);
 }
 
 TEST(PairMean, ComesWithTheSecondOfEachPair) {
