@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "job/grade.h"
 #include "text/pattern.h"
@@ -71,6 +72,9 @@ void FcDaenHoseichi(double startLatitude, double endLatitude, double height, dou
 /// double; cells written before keep their texts.
 bool FcSeiDaenCal(ui::Grid& Grid1, ui::Grid& Grid2, const Section& section, const Formats& formats,
                   const std::function<void(const SectionValues&)>& show);
+
+/// A latitude as the section grid shows it, degrees ° minutes: "36°14.5".
+std::string latitudeText(std::string_view degrees, std::string_view minutes);
 
 /// Enters a section into the section grid as the row before the final empty one; a row of the same start and
 /// end bench mark is taken out. Then column 8 of every row is summed up anew: its own correction plus column

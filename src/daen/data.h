@@ -14,8 +14,8 @@ namespace daen {
 
 /// Lays the observation results of a selection (table KansokuSeikaData) into the route grid: a bench mark and
 /// its segment to each record. A bench mark without a height of its own, or with height 0, gets the height of
-/// the one before it plus the mean difference between them (m), or the mean of the two runs that end at it just
-/// above (daen/loaded_heights.h). Returns true where no error was reported.
+/// the one before it plus the mean difference between them (m), or the mean of the two runs that end at it
+/// just above (daen/loaded_heights.h). Returns true where no error was reported.
 bool FcDHseiDBOpen(const route::Selection& selection, const job::JobContext& context, const Formats& formats,
                    ui::Grid& Grid1);
 

@@ -14,7 +14,13 @@
 namespace daen {
 namespace {
 
-constexpr std::size_t referenceStart = 42;  // character of an item at which its correction begins
+// The fields of a reference item, each followed by ";": width in characters, and where they begin.
+constexpr std::size_t projectWidth = 9;
+constexpr std::size_t routeWidth = 8;
+constexpr std::size_t benchMarkWidth = 10;
+constexpr std::size_t routeStart = projectWidth + 2;
+constexpr std::size_t endStart = routeStart + routeWidth + 1 + benchMarkWidth + 1;
+constexpr std::size_t referenceStart = endStart + benchMarkWidth + 1;
 
 /// Fields of the section table in the order of the grid's columns.
 constexpr std::array<const char*, sectionColumnCount> fields = {
@@ -78,7 +84,8 @@ std::string referenceItem(const db::Recordset& record) {
   const auto field = [&](const char* name, std::size_t width) {
     return text::padded(db::FcNullToBlank(record.field(name)), width) + ";";
   };
-  return field("事業番号", 9) + field("路線番号", 8) + field("自水準点番号", 10) + field("至水準点番号", 10) +
+  return field("事業番号", projectWidth) + field("路線番号", routeWidth) +
+         field("自水準点番号", benchMarkWidth) + field("至水準点番号", benchMarkWidth) +
          db::FcNullToBlank(record.field("k"));
 }
 
@@ -123,6 +130,14 @@ bool FcSetLstSanshouDaen(const route::Selection& selection, const job::JobContex
     addReferences(context.gDbPath, otherRoutesSql(context, selection), LstSanshouDaen);
     addReferences(context.gDbPath, otherCategoriesSql(context, selection), LstSanshouDaen);
   });
+}
+
+std::string referenceEnd(std::string_view item) {
+  return std::string(text::trimmed(text::mid(item, endStart, benchMarkWidth)));
+}
+
+std::string referenceRoute(std::string_view item) {
+  return std::string(text::trimmed(text::mid(item, routeStart, routeWidth)));
 }
 
 std::string referenceOf(std::string_view item) {

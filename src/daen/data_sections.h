@@ -27,6 +27,12 @@ void reopenSections(const route::Selection& selection, const job::JobContext& co
 bool FcSetLstSanshouDaen(const route::Selection& selection, const job::JobContext& context,
                          ui::ListBox& LstSanshouDaen);
 
+/// The bench mark at which the correction of a reference item stands: the end of its section, without blanks
+/// around it, as far as the item shows it (10 characters).
+std::string referenceEnd(std::string_view item);
+/// The route number in a reference item, without blanks around it.
+std::string referenceRoute(std::string_view item);
+
 /// The correction in an item of the reference list; "" where the item is too short for one.
 std::string referenceOf(std::string_view item);
 

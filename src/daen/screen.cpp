@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "daen/checks.h"
 #include "daen/columns.h"
 #include "daen/data.h"
 #include "daen/data_sections.h"
@@ -132,6 +133,10 @@ void fDHsei::keepNumeric(ui::TextBox& box) {
 Section fDHsei::section() const {
   return {lblHyousekiNo1.text(), lblHyousekiNo2.text(), txtStartIdo.text(),           txtStartFun.text(),
           txtEndIdo.text(),      txtEndFun.text(),      lblSanshouDaenHoseichi.text()};
+}
+
+ui::Findings fDHsei::findings() const {
+  return check(Grid1, Grid2, {section(), LstSanshouDaen.text()}, context_.grade());
 }
 
 void fDHsei::CmdDaenCal_Click() {

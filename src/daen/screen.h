@@ -31,6 +31,8 @@ class fDHsei : public route::RouteScreen {
   ui::Button cmdMap{"cmdMap", this, "画像貼付(&H)"};
   ui::Label Label12{"Label12", this, "１２０％"};
 
+  ui::Findings findings() const override;
+
  private:
   void Form_Resize() override;
   void setUpGrids() override;

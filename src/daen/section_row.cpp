@@ -16,10 +16,6 @@ const text::Pattern& tenthsOrHundredths() {
   return pattern;
 }
 
-std::string latitudeText(const std::string& degrees, const std::string& minutes) {
-  return std::string(text::trimmed(degrees)) + "°" + std::string(text::trimmed(minutes));
-}
-
 /// A latitude in minutes of arc.
 double inMinutes(const std::string& degrees, const std::string& minutes) {
   return text::readNumber(degrees) * 60 + text::readNumber(minutes);
@@ -57,6 +53,10 @@ void accumulate(ui::Grid& grid, const std::string& reference) {
 }
 
 }  // namespace
+
+std::string latitudeText(std::string_view degrees, std::string_view minutes) {
+  return std::string(text::trimmed(degrees)) + "°" + std::string(text::trimmed(minutes));
+}
 
 void FcDaenSetGrid2Row(ui::Grid& Grid2, const Section& section, const SectionValues& values) {
   removeSection(Grid2, section);

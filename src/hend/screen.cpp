@@ -4,6 +4,7 @@
 #include <string>
 
 #include "hend/calculation.h"
+#include "hend/checks.h"
 #include "hend/columns.h"
 #include "hend/data.h"
 #include "hend/entries.h"
@@ -125,6 +126,10 @@ void fHHsei::calculateAgain() {
   const bool astray =
       Grid1.cellUse(Grid1.row(), col) != ui::CellUse::Shown && !Grid1.isEntry(Grid1.row(), col);
   if (astray) Grid1.setCurrent(row, col);
+}
+
+ui::Findings fHHsei::findings() const {
+  return source_ == Source::None ? ui::Findings() : check(Grid1, txtKijunbi.text(), context_.grade());
 }
 
 void fHHsei::pastePicture() {

@@ -19,6 +19,8 @@ class fHHsei : public route::SelectionScreen {
   ui::Button cmdMap{"cmdMap", this, "画像貼付(&H)"};
   ui::Menu m0item{"m0item", this, "ファイル(&F)"};
 
+  ui::Findings findings() const override;
+
  private:
   /// Where the grid was filled from, which says what may be typed into it.
   enum class Source {

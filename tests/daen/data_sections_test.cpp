@@ -115,6 +115,9 @@ TEST_F(DaenSections, TheReferenceValueBeginsAtCharacter42) {
   EXPECT_EQ(daen::referenceOf(list.items()[0]), "-12.25");
   EXPECT_EQ(daen::referenceOf(list.items()[1]), "");
   EXPECT_EQ(daen::referenceOf("too short"), "");
+  EXPECT_EQ(daen::referenceRoute("1001     ;01F00101;F102      ;F103      ;2.7"), "01F00101");
+  EXPECT_EQ(daen::referenceEnd("1001     ;01F00101;F102      ;F103      ;2.7"), "F103");
+  EXPECT_EQ(daen::referenceRoute("short") + daen::referenceEnd("short"), "");
 }
 
 TEST_F(DaenSections, ErrorsAreReportedUnderTheProcedure) {
