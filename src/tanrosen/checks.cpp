@@ -44,7 +44,7 @@ class LineCheck {
     }
     if (points_ == Points::Every) return;
     if (line_.benchMarks % 2 == 0) evenNumber();
-    for (int row = line_.firstRow; row + 4 <= line_.lastRow; row += 4) sameDistance(row);
+    sameDistances();
   }
 
   void tolerances(const route::Tolerance& tolerance) {
@@ -88,12 +88,22 @@ class LineCheck {
 
   /// Where every second bench mark is a point, the total adds the distances of the points, the shares those
   /// of the rows between.
-  void sameDistance(int row) {
-    if (number(row, colDistance) == number(row + 2, colDistance)) return;
-    sound_ = false;
+  void sameDistances() {
+    int first = 0;
+    int count = 0;
+    for (int row = line_.firstRow; row + 4 <= line_.lastRow; row += 4) {
+      if (number(row, colDistance) == number(row + 2, colDistance)) continue;
+      if (++count == 1) first = row;
+    }
+    sound_ = sound_ && count == 0;
+    if (count > 0) differentDistances(first, count);
+  }
+
+  void differentDistances(int row, int count) {
+    const std::string more = count > 1 ? "。ほかに " + std::to_string(count - 1) + " 区間" : "";
     findings_.push_back({ui::Severity::Error, row + 2, colDistance,
                          name(row) + " から " + name(row + 4) + " までの距離が、二つの行で違います(" +
-                             grid_.text(row, colDistance) + " と " + grid_.text(row + 2, colDistance) +
+                             grid_.text(row, colDistance) + " と " + grid_.text(row + 2, colDistance) + more +
                              ")。補正数の配分が距離に比例しません。",
                          "観測成果の距離を直してください。"});
   }

@@ -1,7 +1,6 @@
 #include "tanrosen/known_point_checks.h"
 
 #include <unordered_map>
-#include <unordered_set>
 
 #include "route/checks.h"
 #include "route/runs.h"
@@ -35,7 +34,7 @@ class ListCheck {
         passedOver(name);
         sound = false;
       }
-      listed_.insert(name);
+      ++listed_[name];
       if (returns) reached_.clear();
       if (!returns && name.ends_with(route::forwardRun)) reached_ = name;
     }
@@ -43,6 +42,12 @@ class ListCheck {
   }
 
  private:
+  /// Where a bench mark stands in the grid.
+  struct Place {
+    int rows = 0;
+    bool between = false;  ///< on one of them it is no point of the calculation
+  };
+
   void add(int row, const std::string& text, const std::string& wayOut) {
     findings_.push_back({ui::Severity::Error, row, row < 0 ? -1 : static_cast<int>(colResult), text, wayOut});
   }
@@ -67,17 +72,18 @@ class ListCheck {
   }
 
   std::string reason(const std::string& name) {
-    if (listed_.contains(name)) return "一覧に二度あります";
     if (places_.empty()) findPlaces();
     const auto place = places_.find(name);
     if (place == places_.end()) return "表にありません";
-    return place->second ? "路線の順になっていません" : "計算の点ではない行にあります";
+    if (listed_[name] >= place->second.rows) return "一覧に二度あります";
+    return place->second.between ? "計算の点ではない行にあります" : "路線の順になっていません";
   }
 
   void findPlaces() {
     for (int row = 1; row < grid_.rows(); row += 2) {
-      bool& isPoint = places_[grid_.text(row, colBenchMark)];
-      isPoint = isPoint || (row - 1) % stride(points_) == 0;
+      Place& place = places_[grid_.text(row, colBenchMark)];
+      ++place.rows;
+      if ((row - 1) % stride(points_) != 0) place.between = true;
     }
   }
 
@@ -87,9 +93,9 @@ class ListCheck {
   ui::Findings& findings_;
   KnownPointSearch search_;
   int start_ = 1;
-  std::string reached_;                                // the last "…F" that its "…B" has not followed yet
-  std::unordered_set<std::string_view> listed_;        // names of the list down to here
-  std::unordered_map<std::string_view, bool> places_;  // all bench marks: is one of its rows a point?
+  std::string reached_;                               // the last "…F" that its "…B" has not followed yet
+  std::unordered_map<std::string_view, int> listed_;  // how often the list names them, down to here
+  std::unordered_map<std::string_view, Place> places_;  // of all bench marks, from the first fault on
 };
 
 }  // namespace

@@ -214,6 +214,25 @@ TEST_F(SingleRouteChecks, BothRowsOfASectionHoldItsDistance) {
   fillIn();
   EXPECT_EQ(texts({"A", "B"}, "2"),
             Texts{"A から B までの距離が、二つの行で違います(1 と 3)。補正数の配分が距離に比例しません。"});
+  test::RouteMaker(grid)
+      .benchMark("A", "1", "10.000", "10.000")
+      .benchMark("a", "3", "10.500")
+      .benchMark("B", "2", "11.000")
+      .benchMark("b", "1", "11.500")
+      .benchMark("C", "", "12.000", "12.004", "-1");
+  fillIn();
+  EXPECT_EQ(texts({"A", "C"}, "2"), Texts{"A から B までの距離が、二つの行で違います(1 と 3。ほかに 1 "
+                                          "区間)。補正数の配分が距離に比例しません。"});
+}
+
+// The second route of the family begins on row 7, two rows off the points 1, 5, 9: B and C are points of the
+// first route, or of none.
+TEST_F(SingleRouteChecks, KnownPointsOfALaterRouteOfAFamilyArePassedOver) {
+  layFamily(grid);
+  fillIn();
+  EXPECT_EQ(texts({"A", "B", "B", "C"}, "1"),
+            (Texts{"既知点「B」は計算で飛ばされます(計算の点ではない行にあります)。",
+                   "既知点「C」は計算で飛ばされます(計算の点ではない行にあります)。"}));
 }
 
 TEST_F(SingleRouteChecks, GapsAndTextsThatAreNoNumber) {
