@@ -3,11 +3,6 @@
 #include "route/selection.h"
 
 namespace daen {
-namespace {
-
-constexpr double tenthsOfMillimetre = 10000;  // in a metre
-
-}  // namespace
 
 std::optional<double> LoadedHeights::reach(std::string_view benchMark, std::string_view flag, double own) {
   if (own != 0) reached_ = own;
@@ -25,7 +20,7 @@ void LoadedHeights::take(std::string_view benchMark, std::string_view flag) {
   mean_.reset();
   if (flag == route::routeEnd) runs_.clear();
   if (flag != route::repeatedPoint || !reached_) return;
-  const auto run = runs_.try_emplace(std::string(benchMark), tenthsOfMillimetre).first;
+  const auto run = runs_.try_emplace(std::string(benchMark), route::tenthsOfMillimetre).first;
   if (run->second.add(*reached_)) mean_ = {run->first, run->second.mean()};
 }
 
