@@ -5,8 +5,10 @@
 #include <string>
 
 #include "hend/columns.h"
+#include "route/checks.h"
 #include "route/selection.h"
 #include "text/date.h"
+#include "text/error.h"
 #include "text/number.h"
 #include "text/padding.h"
 #include "ui/grid_helpers.h"
@@ -18,10 +20,37 @@ constexpr double tenthsOfMillimetre = 10000;  // in a metre; whole numbers of th
 
 bool isBlank(std::string_view text) { return text::trimmed(text).empty(); }
 
+/// Raised for a text that should have been a date.
+struct NoDate {
+  std::string text;
+};
+
+text::Date dateOf(std::string_view text) {
+  const std::optional<text::Date> date = text::Date::parse(text);
+  if (!date) throw NoDate{std::string(text)};
+  return *date;
+}
+
+/// The error of a text that is no date, met at the bench mark on `row`: which cell holds it, or that it is
+/// the reference date.
+text::RuntimeError errorOf(const NoDate& none, const ui::Grid& grid, int row, std::string_view reference) {
+  const auto about = [&none](const std::string& what) {
+    return text::RuntimeError(text::ErrorCode::TypeMismatch,
+                              text::description(text::ErrorCode::TypeMismatch) + what + "「" + none.text +
+                                  "」は日付ではありません。");
+  };
+  if (none.text == reference) return about("基準日");
+  for (const int at : {row, row - 1, row - 2})
+    for (const int col : {colOldDate, colNewDate})
+      if (at > 0 && grid.text(at, col) == none.text)
+        return about(route::placeName(grid, at) + " の" + grid.text(0, col));
+  return about({});
+}
+
 /// Days from one date text to another; nothing where one of them is blank.
 std::optional<int> days(std::string_view from, std::string_view to) {
   if (isBlank(from) || isBlank(to)) return std::nullopt;
-  return daysBetween(text::Date::read(from), text::Date::read(to));
+  return daysBetween(dateOf(from), dateOf(to));
 }
 
 /// The date halfway between two date texts, an odd day counted towards the later one; blank where one of them
@@ -29,7 +58,7 @@ std::optional<int> days(std::string_view from, std::string_view to) {
 std::string halfway(std::string_view a, std::string_view b) {
   const std::optional<int> between = days(a, b);
   if (!between) return {};
-  const text::Date earlier = text::Date::read(*between < 0 ? b : a);
+  const text::Date earlier = dateOf(*between < 0 ? b : a);
   const double apart = *between < 0 ? -*between : *between;
   return earlier.plus(static_cast<int>(text::roundHalfUp(apart / 2, 1))).text();
 }
@@ -180,7 +209,13 @@ class Walk {
 
 void FcHendCalc(ui::Grid& grid, std::string_view referenceDate, job::Grade grade) {
   Walk walk(grid, referenceDate, grade);
-  for (int row = 1; row < grid.rows(); row = text::toInt16(row + 2)) walk.benchMark(row);
+  for (int row = 1; row < grid.rows(); row = text::toInt16(row + 2)) {
+    try {
+      walk.benchMark(row);
+    } catch (const NoDate& none) {
+      throw errorOf(none, grid, row, referenceDate);
+    }
+  }
 }
 
 void FcHendCalcResult(ui::Grid& grid, int row, job::Grade grade) {

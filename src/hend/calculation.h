@@ -31,7 +31,7 @@ namespace hend {
 /// differences, rounded to the grade's unit, halves upwards), and what follows from the means.
 ///
 /// The row counter moves the current cell along. Raises TypeMismatch where a date is needed and a text is
-/// none.
+/// none; the error names the text with its bench mark and column, or as the reference date.
 void FcHendCalc(ui::Grid& grid, std::string_view referenceDate, job::Grade grade);
 
 /// The result of row `row` anew after its correction was typed: new height difference plus correction (m), in

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 
@@ -19,10 +18,8 @@ class SeikMenu : public ui::Screen {
   /// Opens the calculation of a button, by the button's position in the menu (0 to 4).
   using Opener = std::function<void(std::size_t calculation)>;
 
-  /// `context` is filled by the load. `available` says which calculations the house has; the others stay
-  /// disabled.
-  SeikMenu(const CommandLine& commandLine, ui::Desktop& desktop, job::JobContext& context, Opener open,
-           const std::array<bool, 5>& available);
+  /// `context` is filled by the load.
+  SeikMenu(const CommandLine& commandLine, ui::Desktop& desktop, job::JobContext& context, Opener open);
 
   ui::Button Command1{"Command1", this, "実行(&A)"};
   ui::Button Command2{"Command2", this, "実行(&B)"};

@@ -1,6 +1,5 @@
 #include "shell/program.h"
 
-#include <array>
 #include <utility>
 
 #include "shell/calculations.h"
@@ -16,11 +15,8 @@ Program::~Program() = default;
 void Program::start() { showMenu(); }
 
 void Program::showMenu() {
-  std::array<bool, 5> available{};
-  for (std::size_t i = 0; i < available.size(); ++i) available[i] = static_cast<bool>(calculations()[i]);
-  auto menu = std::make_unique<SeikMenu>(
-      commandLine_, desktop_, context_, [this](std::size_t calculation) { openCalculation(calculation); },
-      available);
+  auto menu = std::make_unique<SeikMenu>(commandLine_, desktop_, context_,
+                                         [this](std::size_t calculation) { openCalculation(calculation); });
   menu->load();
   menu->whenUnloaded([this](ui::Screen& gone) {
     desktop_.hide(gone);

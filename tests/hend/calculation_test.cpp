@@ -156,23 +156,29 @@ TEST(FcHendCalc, DatesWithoutLeadingZerosCountAlike) {
   EXPECT_EQ(route.values(1).substr(0, 9), "2022/5/11");
 }
 
-TEST(FcHendCalc, ATextThatIsNoDateIsATypeMismatch) {
-  const auto fails = [](const char* newDate, const char* oldDate, const char* reference) {
+TEST(FcHendCalc, ATextThatIsNoDateIsATypeMismatchOfThatCell) {
+  const auto fault = [](const char* newDate, const char* oldDate, const char* reference) -> std::string {
     VariationGrid route;
-    route.add("E1", newDate, "1.5000", oldDate, "1.4900");
-    route.end("E2");
+    route.grid.setText(0, hend::colNewDate, "新観測年月日");
+    route.grid.setText(0, hend::colOldDate, "旧観測年月日");
+    route.add("E1", now, "1.5000", before, "1.4900");
+    route.add("E2", newDate, "1.5000", oldDate, "1.4900");
+    route.end("E3");
     try {
       FcHendCalc(route.grid, reference, first);
-      return false;
+      return {};
     } catch (const text::RuntimeError& error) {
-      return error.code() == text::ErrorCode::TypeMismatch;
+      EXPECT_EQ(error.code(), text::ErrorCode::TypeMismatch);
+      return error.what();
     }
   };
-  EXPECT_TRUE(fails(now, before, "2022/02/30"));
-  EXPECT_TRUE(fails(now, before, "明日"));
-  EXPECT_TRUE(fails("2022/13/11", before, ""));
-  EXPECT_TRUE(fails(now, "2019/00/15", ""));
-  EXPECT_FALSE(fails(now, before, hundredLater));
+  EXPECT_EQ(fault(now, before, "2022/02/30"), "型が一致しません。基準日「2022/02/30」は日付ではありません。");
+  EXPECT_EQ(fault(now, before, "明日"), "型が一致しません。基準日「明日」は日付ではありません。");
+  EXPECT_EQ(fault("2022/13/11", before, ""),
+            "型が一致しません。水準点 E2 の新観測年月日「2022/13/11」は日付ではありません。");
+  EXPECT_EQ(fault(now, "2019/00/15", ""),
+            "型が一致しません。水準点 E2 の旧観測年月日「2019/00/15」は日付ではありません。");
+  EXPECT_EQ(fault(now, before, hundredLater), "");
 }
 
 TEST(FcHendCalc, AnEmptyGridStaysEmpty) {
