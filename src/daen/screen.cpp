@@ -6,6 +6,7 @@
 #include "daen/columns.h"
 #include "daen/data.h"
 #include "daen/data_sections.h"
+#include "daen/tables.h"
 #include "text/number.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
@@ -158,5 +159,9 @@ void fDHsei::cmdMap_Click() {
   ui::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe",
                      "成果表楕円補正.bmp");
 }
+
+report::Document fDHsei::tables(const std::string& route) const { return daen::tables(Grid1, Grid2, route); }
+
+report::Diagram fDHsei::profile() const { return daen::profile(Grid1, context_.grade()); }
 
 }  // namespace daen

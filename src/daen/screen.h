@@ -39,6 +39,8 @@ class fDHsei : public route::RouteScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
+  report::Document tables(const std::string& route) const override;
+  report::Diagram profile() const override;
 
   void arrange();
   void tieEvents();

@@ -8,6 +8,7 @@
 #include "hend/columns.h"
 #include "hend/data.h"
 #include "hend/entries.h"
+#include "hend/tables.h"
 #include "route/records.h"
 #include "text/date.h"
 #include "text/padding.h"
@@ -156,5 +157,11 @@ void fHHsei::Grid1_KeyPress(char32_t code) {
     ui::FcGridKeyEdit(Grid1, code);
   }
 }
+
+report::Document fHHsei::tables(const std::string& route) const {
+  return hend::tables(Grid1, txtKijunbi.text(), context_.grade(), route);
+}
+
+report::Diagram fHHsei::profile() const { return hend::profile(Grid1, context_.grade()); }
 
 }  // namespace hend

@@ -35,6 +35,8 @@ class fHHsei : public route::SelectionScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
+  report::Document tables(const std::string& route) const override;
+  report::Diagram profile() const override;
   void clear() override;
 
   void calculate();

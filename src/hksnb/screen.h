@@ -3,6 +3,7 @@
 #include "hksnb/data.h"
 #include "hksnb/kind.h"
 #include "hksnb/place_names.h"
+#include "report/source.h"
 #include "route/opening.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
@@ -13,7 +14,7 @@ namespace hksnb {
 /// The screen of the variation book (変動量計算簿・変動図). The work goes through three pages: 処理A chooses
 /// the routes of a new book or a stored book, 処理B orders the bench marks and compares the results, 処理C
 /// stores the book under its number.
-class fHHksb : public ui::Screen {
+class fHHksb : public ui::Screen, public report::Source {
  public:
   fHHksb(const job::JobContext& context, ui::Desktop& desktop);
 
@@ -68,6 +69,9 @@ class fHHksb : public ui::Screen {
 
   ui::MenuItem cmdMap{"cmdMap", this, "画像貼付(&H)"};
   ui::MenuItem m1item{"m1item", this, "終了(&X)"};
+
+  report::Document document() const override;
+  report::Figure diagram() const override;
 
  private:
   void Form_Load() override;

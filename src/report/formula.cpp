@@ -53,6 +53,7 @@ class Reckoner {
       case Op::Reckoned:
         return cells_.reckoned(piece.cell);
       case Op::Sum:
+      case Op::SumWhere:
         return sum(piece);
       case Op::Days:
         return daysOf(cells_.given(piece.cell));
@@ -65,8 +66,10 @@ class Reckoner {
 
   double sum(const Piece& piece) const {
     double total = 0;
-    for (CellPlace at = piece.cell; at.row <= piece.last; ++at.row)
-      total += text::readNumber(cells_.given(at));
+    for (CellPlace at = piece.cell; at.row <= piece.last; ++at.row) {
+      const CellPlace beside{at.sheet, at.row, static_cast<int>(piece.number)};
+      if (piece.op == Op::Sum || !cells_.given(beside).empty()) total += text::readNumber(cells_.given(at));
+    }
     return total;
   }
 
@@ -128,7 +131,10 @@ class Writer {
       case Op::Reckoned:
         return names_.reckoned(piece.cell);
       case Op::Sum:
-        return sum(piece);
+        return "SUM(" + range(piece, piece.cell.col) + ")";
+      case Op::SumWhere:
+        return "SUMIF(" + range(piece, static_cast<int>(piece.number)) + ",\"<>\"," +
+               range(piece, piece.cell.col) + ")";
       case Op::Days:
         return date(names_.given(piece.cell));
       case Op::Minutes:
@@ -138,13 +144,11 @@ class Writer {
     }
   }
 
-  std::string sum(const Piece& piece) const {
-    CellPlace end = piece.cell;
-    end.row = piece.last;
-    const std::string last = names_.given(end);
+  std::string range(const Piece& piece, int col) const {
+    const CellPlace first{piece.cell.sheet, piece.cell.row, col};
+    const std::string last = names_.given({first.sheet, piece.last, col});
     const std::size_t sheet = last.find('!');
-    return "SUM(" + names_.given(piece.cell) + ":" +
-           (sheet == std::string::npos ? last : last.substr(sheet + 1)) + ")";
+    return names_.given(first) + ":" + (sheet == std::string::npos ? last : last.substr(sheet + 1));
   }
 
   /// Spelt out, as spreadsheets read date texts by the customs of their country.

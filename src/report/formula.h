@@ -28,6 +28,7 @@ class Formula {
     Given,     ///< the number of a cell of a table
     Reckoned,  ///< what was reckoned for a row, in a column of reckoned numbers (`cell.col`)
     Sum,       ///< of one column, from `cell` down to row `last`
+    SumWhere,  ///< the same of those rows alone in which column `number` holds something
     Days,      ///< the date text "YYYY/MM/DD" of a cell, in days
     Minutes,   ///< the latitude text "degrees°minutes" of a cell, in minutes of arc
     Add,
@@ -55,6 +56,10 @@ class Formula {
   static Formula reckoned(CellPlace cell) { return Formula({Op::Reckoned, 0, cell, 0}); }
   /// The numbers of column `first.col` in the rows `first.row` to `last`.
   static Formula sum(CellPlace first, int last) { return Formula({Op::Sum, 0, first, last}); }
+  /// The same of those rows alone in which column `filled` holds something.
+  static Formula sumWhere(int filled, CellPlace first, int last) {
+    return Formula({Op::SumWhere, static_cast<double>(filled), first, last});
+  }
   static Formula days(CellPlace cell) { return Formula({Op::Days, 0, cell, 0}); }
   static Formula minutes(CellPlace cell) { return Formula({Op::Minutes, 0, cell, 0}); }
 

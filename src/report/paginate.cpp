@@ -30,8 +30,9 @@ std::size_t heightOf(const Lines& lines) {
 /// Puts a table on pages.
 class TableRun {
  public:
-  TableRun(PageMaker& maker, const Table& table, const TableLayout& layout)
-      : maker_(maker), table_(table), layout_(layout) {}
+  /// `caption`: the table's name stands above it.
+  TableRun(PageMaker& maker, const Table& table, const TableLayout& layout, bool caption)
+      : maker_(maker), table_(table), layout_(layout), caption_(caption) {}
 
   void run() {
     begin();
@@ -46,7 +47,7 @@ class TableRun {
 
  private:
   void begin() {
-    const double caption = table_.ofGrid() ? 0 : captionHeight;
+    const double caption = caption_ ? captionHeight : 0;
     if (maker_.room() < caption + layout_.headHeight() + 4 * layout_.rowHeight(1)) maker_.beginPage();
     if (caption > 0) {
       const Point at = maker_.at();
@@ -115,6 +116,7 @@ class TableRun {
   PageMaker& maker_;
   const Table& table_;
   const TableLayout& layout_;
+  bool caption_;
   Point top_;
 };
 
@@ -143,7 +145,7 @@ class Run {
     maker_.beginPart(part, lying(layouts));
     auto layout = layouts.begin();
     for (const Item& item : part.items) {
-      if (const auto* table = std::get_if<Table>(&item)) put(*table, *layout++);
+      if (const auto* table = std::get_if<Table>(&item)) put(*table, *layout++, part.title);
       if (const auto* note = std::get_if<Note>(&item)) put(*note);
       if (const auto* figure = std::get_if<Figure>(&item)) put(*figure);
     }
@@ -168,9 +170,9 @@ class Run {
     return true;
   }
 
-  void put(const Table& table, const TableLayout& layout) {
+  void put(const Table& table, const TableLayout& layout, const std::string& title) {
     if (table.rows.empty() && !table.ofGrid()) return;
-    TableRun(maker_, table, layout).run();
+    TableRun(maker_, table, layout, !table.ofGrid() && table.name != title).run();
     maker_.down(gap);
   }
 

@@ -13,6 +13,7 @@ constexpr double above = 5;         // room above and below the lines of a row, 
 constexpr double leastText = 6;     // a column whose texts wrap is at least so wide, in characters
 constexpr double mostText = 20;     // and is not made wider than this before others fit
 constexpr double leastLetters = 2;  // the narrowest a column is ever squeezed to
+constexpr double mostAir = 1.5;     // what a column gets beyond its need, in characters
 constexpr double baseline = 0.86;   // of a line, from its top, in heights of a character
 const Pen thin{1, {90, 90, 90}, Dash::Solid};
 
@@ -88,7 +89,8 @@ bool TableLayout::fit(double size, double width, bool squeeze) {
   return true;
 }
 
-/// What is left over goes to the columns that could be wider, those with wrapping texts taking all the rest.
+/// What is left over goes to the columns that could be wider; then every column gets some air, and those with
+/// wrapping texts take all the rest.
 void TableLayout::share(double room, bool squeeze) {
   double wanted = 0;
   const auto missing = [&](std::size_t i) {
@@ -102,6 +104,9 @@ void TableLayout::share(double room, bool squeeze) {
   const double given = wanted > 0 ? std::min(1.0, room / wanted) : 0;
   for (std::size_t i = 0; i < widths_.size(); ++i) widths_[i] += more[i] * given;
   room -= wanted * given;
+  const double wider = std::min(mostAir * size_, room / 2 / static_cast<double>(widths_.size()));
+  for (double& width : widths_) width += wider;
+  room -= wider * static_cast<double>(widths_.size());
   for (std::size_t i = 0; i < widths_.size(); ++i)
     if (table_.columns[i].wraps) return void(widths_[i] += room);
 }

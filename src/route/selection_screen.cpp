@@ -1,5 +1,7 @@
 #include "route/selection_screen.h"
 
+#include "report/measure.h"
+#include "route/heading.h"
 #include "ui/grid_helpers.h"
 
 namespace route {
@@ -18,7 +20,8 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
       opened_(lblJigyobango, lblRosenbango, categories.opened),
       observed_(context_, context_.tables.gTblKansokuSeikaData, categories.observed, cmbJIgyoBango1,
                 cmbRosenBango1, names.openRule),
-      saved_(context_, names.resultTable, categories.saved, cmbJIgyoBango2, cmbRosenBango2) {
+      saved_(context_, names.resultTable, categories.saved, cmbJIgyoBango2, cmbRosenBango2),
+      category_(categories.opened) {
   SSTab1.put(selectionPage, {&cmbJIgyoBango1, &cmbRosenBango1, &openButton, &cmbJIgyoBango2, &cmbRosenBango2,
                              &reopenButton});
   on(cmbJIgyoBango1.onClick, "cmbJIgyoBango1_Click", [this] { observed_.fillRoutes(); });
@@ -38,6 +41,22 @@ void SelectionScreen::open(const SelectionSet& set, Reader read) {
   });
   ui::goToFirstEntry(Grid1);
   SSTab1.setCurrent(dataPage());
+}
+
+std::string SelectionScreen::categoryText() const { return category_ == nullptr ? "0" : category_->text(); }
+
+report::Document SelectionScreen::document() const {
+  const Selection selection = opened_.selection();
+  report::Document document = tables(selection.rosenBango);
+  document.fields = routeHeading(context_, selection, categoryText());
+  return document;
+}
+
+report::Figure SelectionScreen::diagram() const {
+  report::Diagram diagram = profile();
+  const Selection selection = opened_.selection();
+  diagram.remarks.push_back("事業番号 " + selection.jigyoBango + "　路線番号 " + selection.rosenBango);
+  return {caption() + "　縦断図", report::draw(diagram, report::fixedPitch)};
 }
 
 void SelectionScreen::clear() {

@@ -3,6 +3,8 @@
 #include <string>
 
 #include "job/context.h"
+#include "report/diagram.h"
+#include "report/source.h"
 #include "route/opening.h"
 #include "route/selection_set.h"
 #include "ui/controls.h"
@@ -15,7 +17,7 @@ namespace route {
 /// and from saved results, the labels of the opened route, a route grid, and the menu with clear, save and
 /// exit. A screen derives from it, says how its grids are set up, filled and saved, and ties its two opening
 /// buttons to openObserved and openSaved, with an error trap or without.
-class SelectionScreen : public ui::Screen {
+class SelectionScreen : public ui::Screen, public report::Source {
  public:
   ui::TabControl SSTab1;
   ui::ComboBox cmbJIgyoBango1{"cmbJIgyoBango1", this};
@@ -30,6 +32,9 @@ class SelectionScreen : public ui::Screen {
   ui::MenuItem clearItem;
   ui::MenuItem saveItem;
   ui::MenuItem exitItem;
+
+  report::Document document() const override;
+  report::Figure diagram() const override;
 
  protected:
   /// The names in which the screens differ.
@@ -65,6 +70,10 @@ class SelectionScreen : public ui::Screen {
   virtual bool reopenData(const Selection& selection) = 0;
   /// Saves the grids under the keys of the labels and tells the operator where all went well.
   virtual void saveData(const Selection& selection) = 0;
+  /// The grids as a document, without the heading of job and selection. `route`: number of the opened route.
+  virtual report::Document tables(const std::string& route) const = 0;
+  /// The height profile of the route in the grids.
+  virtual report::Diagram profile() const = 0;
   /// The page of SSTab1 on which a route is chosen.
   static constexpr int selectionPage = 1;
   /// The page of SSTab1 to which opening data leads.
@@ -84,6 +93,10 @@ class SelectionScreen : public ui::Screen {
   SelectionSet saved_;
 
  private:
+  std::string categoryText() const;
+
+  ui::Label* const category_;  ///< shows the category of the opened route, null for none
+
   using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);
   void save();

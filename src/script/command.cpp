@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "report/exporting.h"
 #include "script/keys.h"
 #include "script/line_error.h"
 #include "script/whole.h"
@@ -47,6 +48,20 @@ Command shot(const Arguments& words) {
   return Shot{path};
 }
 
+Command exportTable(const Arguments& words) {
+  if (!report::canExportDocument(words[0].text))
+    throw LineError("出力するファイル名は「.pdf」「.xlsx」「.csv」「.svg」「.png」のどれかで終わります。");
+  return Export{false, words[0].text};
+}
+
+Command exportDiagram(const Arguments& words) {
+  if (words[0].text != "diagram")
+    throw LineError("出力できるのは表（export FILE）か図（export diagram FILE）です。");
+  if (!report::canExportDrawing(words[1].text))
+    throw LineError("図のファイル名は「.pdf」「.svg」「.png」のどれかで終わります。");
+  return Export{true, words[1].text};
+}
+
 /// How a command is written and understood.
 struct Form {
   std::string_view word;
@@ -57,7 +72,7 @@ struct Form {
 
 using Given = const Arguments&;
 
-constexpr std::array<Form, 16> forms = {{
+constexpr std::array<Form, 18> forms = {{
     {"click", " NAME", 1, [](Given w) -> Command { return Click{w[0].text}; }},
     {"select", " NAME TEXT", 2, select},
     {"enter", " NAME TEXT", 2,
@@ -90,15 +105,20 @@ constexpr std::array<Form, 16> forms = {{
     {"screen", "", 0, [](Given) -> Command { return WhichScreen{}; }},
     {"messages", "", 0, [](Given) -> Command { return Messages{}; }},
     {"shot", " FILE.png", 1, shot},
+    {"export", " FILE", 1, exportTable},
+    {"export", " diagram FILE", 2, exportDiagram},
     {"checks", "", 0, [](Given) -> Command { return Checks{}; }},
     {"answer", " TEXT", 1, [](Given w) -> Command { return Answer{w[0].text}; }},
 }};
 
-const Form& formOf(const Word& word) {
-  const auto form = std::find_if(forms.begin(), forms.end(),
-                                 [&word](const Form& candidate) { return candidate.word == word.text; });
-  if (form == forms.end()) throw LineError("「" + word.text + "」という操作はありません。");
-  return *form;
+/// The form of a command that is written with so many words behind it; else one of its forms, to complain
+/// by.
+const Form& formOf(const Word& word, std::size_t count) {
+  const Form* found = nullptr;
+  for (const Form& form : forms)
+    if (form.word == word.text && (found == nullptr || form.count == count)) found = &form;
+  if (found == nullptr) throw LineError("「" + word.text + "」という操作はありません。");
+  return *found;
 }
 
 }  // namespace
@@ -107,7 +127,7 @@ std::optional<Command> parseLine(std::string_view line) {
   if (line.starts_with('#')) return std::nullopt;
   Arguments words = splitWords(line);
   if (words.empty()) return std::nullopt;
-  const Form& form = formOf(words.front());
+  const Form& form = formOf(words.front(), words.size() - 1);
   words.erase(words.begin());
   if (words.size() != form.count)
     throw LineError("「" + std::string(form.word) + std::string(form.arguments) +

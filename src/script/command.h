@@ -70,6 +70,11 @@ struct WhichScreen {};
 struct Messages {};
 /// Print the findings of the open screen.
 struct Checks {};
+/// Write what is in front, or its diagram, to a file.
+struct Export {
+  bool diagram = false;
+  std::string path;
+};
 /// Answer the next question by this button.
 struct Answer {
   std::string button;
@@ -80,7 +85,7 @@ struct Shot {
 };
 
 using Command = std::variant<Click, SelectText, SelectAt, Enter, Type, Cell, Keys, Page, Resize, Close, Show,
-                             SizeOf, WhichScreen, Messages, Shot, Checks, Answer>;
+                             SizeOf, WhichScreen, Messages, Shot, Checks, Answer, Export>;
 
 /// The command of a script line (without its line end); nothing for a blank line and for one whose first
 /// character is "#". Raises LineError for a line that cannot be understood.

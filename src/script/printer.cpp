@@ -89,6 +89,12 @@ void printMessages(std::ostream& out, const std::vector<ui::Message>& messages) 
         << " text=" << quoted(message.text) << '\n';
 }
 
+void printExported(std::ostream& out, const report::Exported& exported) {
+  out << "exported: " << exported.file;
+  if (!exported.unit.empty()) out << ", " << exported.count << ' ' << exported.unit;
+  out << '\n';
+}
+
 void printUnhandled(std::ostream& out, std::string_view description) {
   std::string line(description);
   std::replace(line.begin(), line.end(), '\n', ' ');

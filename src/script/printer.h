@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "report/exporting.h"
 #include "script/hands.h"
 
 namespace script {
@@ -27,6 +28,9 @@ void printNoScreen(std::ostream& out);
 
 /// The message boxes, one a line, or `messages: none`.
 void printMessages(std::ostream& out, const std::vector<ui::Message>& messages);
+
+/// `exported: FILE_NAME, N pages`, with what is counted, or `exported: FILE_NAME` where nothing is.
+void printExported(std::ostream& out, const report::Exported& exported);
 
 /// `unhandled error: DESCRIPTION`, in one line.
 void printUnhandled(std::ostream& out, std::string_view description);

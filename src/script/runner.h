@@ -3,7 +3,9 @@
 #include <istream>
 #include <ostream>
 #include <string_view>
+#include <utility>
 
+#include "report/page_writer.h"
 #include "script/answers.h"
 #include "script/command.h"
 #include "script/hands.h"
@@ -23,14 +25,16 @@ enum class Ending : int {
 class Runner {
  public:
   /// The transcript goes to `transcript`, the reason of an early end to `errors`, as `LINE: why`.
-  /// With `safeguards` the program asks what an operator would be asked.
+  /// With `safeguards` the program asks what an operator would be asked. `pageWriter` makes what PDF and PNG
+  /// files are drawn with.
   Runner(Subject& subject, Hands& hands, std::ostream& transcript, std::ostream& errors,
-         bool safeguards = false)
+         bool safeguards = false, report::PageWriterMaker pageWriter = {})
       : subject_(subject),
         hands_(hands),
         transcript_(transcript),
         errors_(errors),
-        answers_(safeguards, transcript) {
+        answers_(safeguards, transcript),
+        pageWriter_(std::move(pageWriter)) {
     hands_.answerBy(answers_);
   }
 
@@ -59,6 +63,7 @@ class Runner {
   void perform(const Shot& shot);
   void perform(const Checks& checks);
   void perform(const Answer& answer);
+  void perform(const Export& step);
 
   ui::Screen& openScreen();
   ui::Control& control(std::string_view name);
@@ -73,6 +78,7 @@ class Runner {
   std::ostream& transcript_;
   std::ostream& errors_;
   Answers answers_;
+  report::PageWriterMaker pageWriter_;
   int line_ = 0;
 };
 

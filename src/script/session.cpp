@@ -66,19 +66,19 @@ std::string scriptText(const std::string& path) {
 }
 
 Ending work(const Options& options, std::istream& script, const WindowHandsMaker& windowHands,
-            const Streams& streams) {
+            const Streams& streams, const report::PageWriterMaker& pageWriter) {
   const auto hands = handsFor(options, windowHands);
   ProgramSubject program(commandLineOf(options), hands->desktop());
-  return Runner(program, *hands, streams.out, streams.errors, options.safeguards).run(script);
+  return Runner(program, *hands, streams.out, streams.errors, options.safeguards, pageWriter).run(script);
 }
 
 Ending session(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
-               const Streams& streams) {
+               const Streams& streams, const report::PageWriterMaker& pageWriter) {
   const auto options = parseOptions(words);
   if (!options) throw NotBegun("コマンドの書き方が違います。");
-  if (options->script == "-") return work(*options, streams.in, windowHands, streams);
+  if (options->script == "-") return work(*options, streams.in, windowHands, streams, pageWriter);
   std::istringstream script(scriptText(options->script));
-  return work(*options, script, windowHands, streams);
+  return work(*options, script, windowHands, streams, pageWriter);
 }
 
 }  // namespace
@@ -116,9 +116,9 @@ std::string usage() {
 }
 
 int runSession(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
-               const Streams& streams) {
+               const Streams& streams, const report::PageWriterMaker& pageWriter) {
   try {
-    return static_cast<int>(session(words, windowHands, streams));
+    return static_cast<int>(session(words, windowHands, streams, pageWriter));
   } catch (const NotBegun& reason) {
     streams.errors << reason.what() << '\n' << usage() << std::flush;
     return static_cast<int>(Ending::CommandLine);

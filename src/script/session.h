@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "report/page_writer.h"
 #include "script/hands.h"
 #include "script/runner.h"
 
@@ -43,10 +44,11 @@ struct Streams {
 using WindowHandsMaker = std::function<std::unique_ptr<Hands>()>;
 
 /// One run of seikahyou-script, from its command-line words to its exit status: the program is started on
-/// the database and worked through the script. `windowHands` is empty in a build without windows. A wrong
-/// command line, windows that cannot be had and a script file that cannot be read end it before anything is
-/// started, with the reason and the usage on the error stream and status 64.
+/// the database and worked through the script. `windowHands` and `pageWriter` (what PDF and PNG files are
+/// drawn with) are empty in a build without windows. A wrong command line, windows that cannot be had and a
+/// script file that cannot be read end it before anything is started, with the reason and the usage on the
+/// error stream and status 64.
 int runSession(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
-               const Streams& streams);
+               const Streams& streams, const report::PageWriterMaker& pageWriter = {});
 
 }  // namespace script

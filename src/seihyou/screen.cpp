@@ -7,6 +7,7 @@
 #include "seihyou/checks.h"
 #include "seihyou/columns.h"
 #include "seihyou/data.h"
+#include "seihyou/tables.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
 
@@ -91,5 +92,11 @@ void fSHsei::correctionKey(int row, char32_t code) {
     ui::FcGridKeyEdit(Grid1, code);
   }
 }
+
+report::Document fSHsei::tables(const std::string& route) const {
+  return seihyou::tables(Grid1, context_.grade(), route);
+}
+
+report::Diagram fSHsei::profile() const { return seihyou::profile(Grid1, context_.grade()); }
 
 }  // namespace seihyou

@@ -18,6 +18,8 @@ class fSHsei : public route::RouteScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
+  report::Document tables(const std::string& route) const override;
+  report::Diagram profile() const override;
 
   void Grid1_KeyPress(char32_t code);
   void correctionKey(int row, char32_t code);

@@ -8,6 +8,7 @@
 #include "tanrosen/checks.h"
 #include "tanrosen/columns.h"
 #include "tanrosen/data.h"
+#include "tanrosen/tables.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
 
@@ -133,5 +134,11 @@ void fTHsei::Grid1_KeyPress(char32_t code) {
     ui::FcGridKeyEdit(Grid1, code);
   }
 }
+
+report::Document fTHsei::tables(const std::string& route) const {
+  return tanrosen::tables(Grid1, {context_.grade(), route, opened_.selection().dataKubun, lstKiti.items()});
+}
+
+report::Diagram fTHsei::profile() const { return tanrosen::profile(Grid1, context_.grade()); }
 
 }  // namespace tanrosen

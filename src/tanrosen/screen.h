@@ -26,6 +26,8 @@ class fTHsei : public route::RouteScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   void saveData(const route::Selection& selection) override;
+  report::Document tables(const std::string& route) const override;
+  report::Diagram profile() const override;
   void clear() override;
 
   void Command1_Click();

@@ -42,6 +42,10 @@ TEST(Formula, TakesWhatIsNoNumberAsZero) {
   EXPECT_DOUBLE_EQ(value(Formula::sum({0, 0, 0}, 2)), 12.5005);
 }
 
+TEST(Formula, SumsWhereAnotherColumnIsFilled) {
+  EXPECT_DOUBLE_EQ(value(Formula::sumWhere(1, {0, 0, 0}, 1)), 10.0005);  // row 1 has no date
+}
+
 TEST(Formula, DividesByZeroToZero) { EXPECT_DOUBLE_EQ(value(high / 0), 0); }
 
 TEST(Formula, RoundsAsTheCalculationsDo) {
@@ -65,6 +69,7 @@ TEST(Formula, IsWrittenAsSpreadsheetsReadIt) {
   EXPECT_EQ(words(high - low / 1000), "(N(S!A1)-IF(1000=0,0,N(S!A2)/1000))");
   EXPECT_EQ(words(Formula::reckoned({0, 4, 0}).rounded(4)), "ROUND(B5,4)");
   EXPECT_EQ(words(Formula::sum({0, 0, 0}, 2)), "SUM(S!A1:A3)");
+  EXPECT_EQ(words(Formula::sumWhere(1, {0, 0, 0}, 2)), "SUMIF(S!A1:A3,\"<>\",S!A1:A3)");
   EXPECT_EQ(words(Formula(-0.5) + 1), "((-0.5)+1)");
 }
 

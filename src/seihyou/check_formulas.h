@@ -1,0 +1,14 @@
+#pragma once
+
+#include "job/grade.h"
+#include "report/formula.h"
+#include "ui/grid.h"
+
+namespace seihyou {
+
+/// Reckons the corrected differences and heights of the grid again, as the calculation does from the observed
+/// and typed values. Where the sections of a route have no corrected difference yet (it was loaded and not
+/// computed), its heights are reckoned from the mean differences, up to its first repeated bench mark.
+report::Check checkFormulas(const ui::Grid& grid, job::Grade grade);
+
+}  // namespace seihyou
