@@ -79,6 +79,9 @@ int main(int argc, char** argv) {
   for (const auto& family : {bench::startUpMeasures, bench::seihyouMeasures, bench::daenMeasures,
                              bench::hendMeasures, bench::tanrosenMeasures, bench::hksnbMeasures})
     measureAll(family(job), turns, results);
+#ifdef SEIKAHYOU_MEASURE_WINDOWS
+  measureAll(bench::windowMeasures(job), turns, results);
+#endif
   measureEngine("SQLite over ODBC", bench::sqliteOverOdbc, job, folder, results);
   measureEngine("PostgreSQL", bench::onPostgres, job, folder, results);
   csv ? printCsv(results, memory) : print(results, memory, job.benchMarks);

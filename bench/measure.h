@@ -49,6 +49,9 @@ std::vector<Measure> hendMeasures(const Job& job);
 std::vector<Measure> tanrosenMeasures(const Job& job);
 std::vector<Measure> hksnbMeasures(const Job& job);
 
+/// What an operator waits for in a window; only where the windows are built.
+std::vector<Measure> windowMeasures(const Job& job);
+
 /// A job in another engine, and what the ratios are not to exceed there.
 struct EngineJob {
   Job job;

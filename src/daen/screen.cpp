@@ -1,6 +1,8 @@
 #include "daen/screen.h"
 
 #include <array>
+#include <string>
+#include <utility>
 
 #include "daen/checks.h"
 #include "daen/columns.h"
@@ -21,27 +23,30 @@ constexpr float designHeight = 6105;
 constexpr int rowHeight = 260;
 constexpr auto left = ui::Align::Left;
 constexpr auto right = ui::Align::Right;
+constexpr auto number = ui::Content::Number;
+constexpr auto latitude = ui::Content::Latitude;
 constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1400, right},
-                                                              {"距離(km)", 1134, right},
-                                                              {"標高(m)", 1134, right},
-                                                              {"楕円補(mm)", 1134, right},
-                                                              {"結果(m)", 1134, right},
+                                                              {"距離(km)", 1134, right, number},
+                                                              {"標高(m)", 1134, right, number},
+                                                              {"楕円補(mm)", 1134, right, number},
+                                                              {"結果(m)", 1134, right, number},
                                                               {"備考", 1701, left},
                                                               {"データ形式", 1134, right},
                                                               {"SaveOrder", 0, right},
                                                               {"DataEndMark", 0, right},
                                                               {"", 0, right}}};
-constexpr std::array<ui::ColumnLook, sectionColumnCount> sectionColumns = {{{"自首末地", 1134},
-                                                                            {"至首末地", 1134},
-                                                                            {"自水準点", 1134},
-                                                                            {"至水準点", 1134},
-                                                                            {"B1", 1134},
-                                                                            {"B2", 1134},
-                                                                            {"B1-B2", 1134},
-                                                                            {"B1 + B2", 1134},
-                                                                            {"楕円補正値", 1134},
-                                                                            {"平均標高", 1134},
-                                                                            {"楕円計算値", 1134}}};
+constexpr std::array<ui::ColumnLook, sectionColumnCount> sectionColumns = {
+    {{"自首末地", 1134, left, latitude},
+     {"至首末地", 1134, left, latitude},
+     {"自水準点", 1134},
+     {"至水準点", 1134},
+     {"B1", 1134, left, number},
+     {"B2", 1134, left, number},
+     {"B1-B2", 1134, left, number},
+     {"B1 + B2", 1134, left, number},
+     {"楕円補正値", 1134, left, number},
+     {"平均標高", 1134, left, number},
+     {"楕円計算値", 1134, left, number}}};
 
 constexpr int resultPage = 0;
 constexpr int sectionPage = 2;
@@ -82,6 +87,13 @@ void fDHsei::tieEvents() {
     on(box->onChange, box->name() + "_Change", [this, box] { keepNumeric(*box); });
   for (ui::Grid* grid : {&Grid1, &Grid2})
     on(grid->onClick, grid->name() + "_Click", [grid] { ui::FcGridSelectRow(*grid); });
+  CmdGrid2RowDel.setActName(ui::act::deleting);
+  using Shown = std::pair<std::string, std::string>;
+  history().keep<Shown>([this] { return Shown(lblH.text(), lblDaenHoseichi.text()); },
+                        [this](const Shown& shown) {
+                          lblH.setText(shown.first);
+                          lblDaenHoseichi.setText(shown.second);
+                        });
   on(CmdDaenCal.onClick, "CmdDaenCal_Click", [this] { CmdDaenCal_Click(); });
   on(CmdGrid2RowDel.onClick, "CmdGrid2RowDel_Click", [this] { CmdGrid2RowDel_Click(); });
   on(cmdMap.onClick, "cmdMap_Click", [this] { cmdMap_Click(); });

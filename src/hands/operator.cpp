@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -11,14 +12,17 @@
 #include <QTabBar>
 #include <stdexcept>
 
+#include "qt/cell_editor.h"
 #include "qt/convert.h"
+#include "qt/find_bar.h"
 #include "ui/grid.h"
 
 namespace hands {
 namespace {
 
-void mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
-  QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+void mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons held,
+           Qt::KeyboardModifiers keys = Qt::NoModifier) {
+  QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, held, keys);
   QApplication::sendEvent(&widget, &event);
 }
 
@@ -28,13 +32,34 @@ QMenu* menuOf(const QAction& action) {
   return nullptr;
 }
 
-/// Opens the menu, goes to the item and presses Enter on it.
-void pressItem(QAction& action) {
+/// Opens the menu that an item stands in.
+QMenu& openMenu(const QAction& action) {
   QMenu* menu = menuOf(action);
   if (menu == nullptr) throw std::logic_error("menu item without a menu");
   menu->popup(menu->parentWidget()->mapToGlobal(QPoint(0, menu->parentWidget()->height())));
-  menu->setActiveAction(&action);
-  key(*menu, Qt::Key_Return, QStringLiteral("\r"));
+  return *menu;
+}
+
+/// Opens the menu, goes to the item and presses Enter on it.
+void pressItem(QAction& action) {
+  QMenu& menu = openMenu(action);
+  menu.setActiveAction(&action);
+  key(menu, Qt::Key_Return, QStringLiteral("\r"));
+}
+
+/// Where the middle of a cell is seen, which is scrolled into view first.
+QPoint placeOf(qt::GridView& view, int row, int col) {
+  const QModelIndex index = view.indexOf(row, col);
+  view.scrollTo(index);
+  const QRect place = view.visualRect(index).intersected(view.viewport()->rect());
+  if (place.isEmpty()) throw std::logic_error("cell out of reach");
+  return place.center();
+}
+
+QPoint pressCell(qt::GridView& view, const ui::CellPlace& cell, Qt::KeyboardModifiers keys) {
+  const QPoint at = placeOf(view, cell.row, cell.col);
+  mouse(*view.viewport(), QEvent::MouseButtonPress, at, Qt::LeftButton, keys);
+  return at;
 }
 
 }  // namespace
@@ -96,12 +121,8 @@ void type(QLineEdit& box, const QString& character) {
 }
 
 void clickCell(qt::GridView& view, int row, int col) {
-  const QModelIndex index = view.indexOf(row, col);
   view.setFocus(Qt::MouseFocusReason);
-  view.scrollTo(index);
-  const QRect place = view.visualRect(index).intersected(view.viewport()->rect());
-  if (place.isEmpty()) throw std::logic_error("cell out of reach");
-  click(*view.viewport(), place.center());
+  click(*view.viewport(), placeOf(view, row, col));
 }
 
 void keyInGrid(qt::GridView& view, char32_t code) {
@@ -109,6 +130,46 @@ void keyInGrid(qt::GridView& view, char32_t code) {
   if (code == ui::key::enter) return key(view, Qt::Key_Return, QStringLiteral("\r"));
   if (code == ui::key::backspace) return key(view, Qt::Key_Backspace, QStringLiteral("\b"));
   key(view, 0, qt::toQString(code));
+}
+
+void selectCells(qt::GridView& view, const ui::CellPlace& from, const ui::CellPlace& to) {
+  view.setFocus(Qt::MouseFocusReason);
+  pressCell(view, from, Qt::NoModifier);
+  const QPoint end = pressCell(view, to, Qt::ShiftModifier);
+  mouse(*view.viewport(), QEvent::MouseButtonRelease, end, Qt::NoButton, Qt::ShiftModifier);
+}
+
+void editCell(qt::GridView& view, const ui::CellPlace& cell, const QString& text) {
+  clickCell(view, cell.row, cell.col);
+  key(view, Qt::Key_F2);
+  qt::CellEditor* line = view.editor();
+  if (line == nullptr) throw std::logic_error("cell does not open");
+  line->selectAll();
+  enter(*line, text);
+  if (view.editor() == line) key(*line, Qt::Key_Return, QStringLiteral("\r"));
+}
+
+bool findText(qt::GridView& view, const QString& text) {
+  view.setFocus(Qt::OtherFocusReason);
+  key(view, Qt::Key_F, {}, Qt::ControlModifier);
+  auto& line = *view.findBar().findChild<QLineEdit*>(QStringLiteral("findText"));
+  enter(line, text);
+  key(line, Qt::Key_Return, QStringLiteral("\r"));
+  const bool found = view.findBar().findChild<QLabel*>(QStringLiteral("findResult"))->text().isEmpty();
+  key(line, Qt::Key_Escape);
+  return found;
+}
+
+QString pressNamed(QAction& item) {
+  QMenu& menu = openMenu(item);
+  if (!item.isEnabled()) {
+    menu.hide();
+    return {};
+  }
+  const QString name = item.text().section(QStringLiteral(": "), 1);
+  menu.setActiveAction(&item);
+  key(menu, Qt::Key_Return, QStringLiteral("\r"));
+  return name;
 }
 
 void bringToFront(QTabWidget& tabs, int page) {

@@ -33,6 +33,16 @@ void type(QLineEdit& box, const QString& character);
 void clickCell(qt::GridView& view, int row, int col);
 /// Presses a key in the grid: a character, Enter or Backspace.
 void keyInGrid(qt::GridView& view, char32_t code);
+/// Selects the cells between two corners with the mouse, without a click.
+void selectCells(qt::GridView& view, const ui::CellPlace& from, const ui::CellPlace& to);
+/// Opens a cell in place, replaces its text and takes it with Enter. Throws std::logic_error where it does
+/// not open.
+void editCell(qt::GridView& view, const ui::CellPlace& cell, const QString& text);
+/// Looks for a text in the bar under the table. True where it was found; its cell is the current one then.
+bool findText(qt::GridView& view, const QString& text);
+/// Opens the menu of an item that is called after an act, "元に戻す: 入力", and presses it. Returns the act's
+/// name; empty where the item cannot be pressed.
+QString pressNamed(QAction& item);
 /// Clicks the tab of a page.
 void bringToFront(QTabWidget& tabs, int page);
 

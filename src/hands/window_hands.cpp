@@ -83,6 +83,30 @@ class WindowHands : public script::Hands {
   void pressKey(ui::Grid& grid, char32_t code) override {
     perform([&] { hands::keyInGrid(widgetOf<qt::GridView>(desktop_, grid), code); });
   }
+  void select(ui::Grid& grid, const ui::CellPlace& from, const ui::CellPlace& to) override {
+    perform([&] { hands::selectCells(viewOf(grid), from, to); });
+  }
+  std::string copied(ui::Grid& grid) override { return qt::fromQString(viewOf(grid).selectedText()); }
+  /// The text does not go over the clipboard, which belongs to whoever sits at the display.
+  ui::BlockCount paste(ui::Grid& grid, std::string_view text) override {
+    perform([&] { viewOf(grid).paste(qt::toQString(text)); });
+    return viewOf(grid).pasted();
+  }
+  void pressDelete(ui::Grid& grid) override {
+    perform([&] { hands::key(viewOf(grid), Qt::Key_Delete); });
+  }
+  void edit(ui::Grid& grid, const ui::CellPlace& cell, std::string_view text) override {
+    perform([&] { hands::editCell(viewOf(grid), cell, qt::toQString(text)); });
+  }
+  std::string undo(ui::Grid& grid) override { return pressStep(grid, "editUndo"); }
+  std::string redo(ui::Grid& grid) override { return pressStep(grid, "editRedo"); }
+  std::optional<ui::CellPlace> find(ui::Grid& grid, std::string_view text) override {
+    bool found = false;
+    perform([&] { found = hands::findText(viewOf(grid), qt::toQString(text)); });
+    if (!found) return std::nullopt;
+    const script::Reading seen = read(grid);
+    return ui::CellPlace{seen.row, seen.col};
+  }
   void bringToFront(ui::TabControl& tab, int page) override {
     perform([&] { hands::bringToFront(widgetOf<QTabWidget>(desktop_, tab), page); });
   }
@@ -128,6 +152,17 @@ class WindowHands : public script::Hands {
   qt::ScreenWindow& windowOf(const ui::Screen& screen) const {
     if (qt::ScreenWindow* window = desktop_.windowOf(screen)) return *window;
     throw std::logic_error("no window shows screen " + screen.name());
+  }
+
+  qt::GridView& viewOf(const ui::Grid& grid) const { return widgetOf<qt::GridView>(desktop_, grid); }
+
+  std::string pressStep(const ui::Grid& grid, const char* item) {
+    QString name;
+    perform([&] {
+      viewOf(grid).setFocus(Qt::OtherFocusReason);
+      name = hands::pressNamed(*viewOf(grid).window()->findChild<QAction*>(QLatin1String(item)));
+    });
+    return qt::fromQString(name);
   }
 
   template <class Act>

@@ -23,17 +23,19 @@ namespace {
 /// How a column of the grid looks.
 constexpr auto left = ui::Align::Left;
 constexpr auto right = ui::Align::Right;
+constexpr auto number = ui::Content::Number;
+constexpr auto date = ui::Content::Date;
 constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540, left},
-                                                              {"新観測年月日", 1260, left},
-                                                              {"新観測比高", 1120, right},
-                                                              {"旧観測年月日", 1260, left},
-                                                              {"旧観測比高", 1120, right},
-                                                              {"比高差", 1120, right},
-                                                              {"新－旧", 840, right},
-                                                              {"比高変化", 1120, right},
-                                                              {"基－新", 840, right},
-                                                              {"変動補正量", 1120, right},
-                                                              {"基準日比高", 1120, right},
+                                                              {"新観測年月日", 1260, left, date},
+                                                              {"新観測比高", 1120, right, number},
+                                                              {"旧観測年月日", 1260, left, date},
+                                                              {"旧観測比高", 1120, right, number},
+                                                              {"比高差", 1120, right, number},
+                                                              {"新－旧", 840, right, number},
+                                                              {"比高変化", 1120, right, number},
+                                                              {"基－新", 840, right, number},
+                                                              {"変動補正量", 1120, right, number},
+                                                              {"基準日比高", 1120, right, number},
                                                               {"備考", 1960, left},
                                                               {"SaveOrder", 0, left},
                                                               {"データ形式", 1120, left},
@@ -69,6 +71,10 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
   Grid1.setCellUse([this](int, int col) { return cellUse(col); });
   Grid1.setEntry([this](int row, int col) { return isEntry(Grid1, row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
+  onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) {
+    for (const auto& [row, col] : cells)
+      if (col == colCorrection) FcHendCalcResult(Grid1, row, context_.grade());
+  });
 }
 
 void fHHsei::Form_Load() {

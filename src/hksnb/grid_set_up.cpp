@@ -14,17 +14,18 @@ constexpr std::string_view previousHeader = "平均成果:";
 
 constexpr auto left = ui::Align::Left;
 constexpr auto right = ui::Align::Right;
+constexpr auto number = ui::Content::Number;
 constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"事業番号", 1140, left},
                                                               {"路線番号", 1260, left},
                                                               {"都道府県", 1140, left},
                                                               {"郡市", 1140, left},
                                                               {"町村", 1260, left},
                                                               {"水準点番号", 1380, left},
-                                                              {"観測比高", 1380, right},
-                                                              {"", 1380, right},
-                                                              {presentHeader, 1860, right},
-                                                              {previousHeader, 1860, right},
-                                                              {"変動量", 1020, right},
+                                                              {"観測比高", 1380, right, number},
+                                                              {"", 1380, right, number},
+                                                              {presentHeader, 1860, right, number},
+                                                              {previousHeader, 1860, right, number},
+                                                              {"変動量", 1020, right, number},
                                                               {"備考", 2190, left},
                                                               {"", 0, left},
                                                               {"", 0, left},

@@ -70,6 +70,13 @@ void fHHksb::turn() {
   HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
 }
 
+/// The list of bench marks after a step back or forward: as it is where the order is the same.
+void fHHksb::showOrder() {
+  ui::ListBox order{"order", nullptr};
+  HKsnbSetFcGrid1ToHyousekiNo(Grid1, order);
+  if (order.items() != LstHyousekiNo.items()) HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
+}
+
 void fHHksb::tieBook() {
   on(cmdSetNen.onClick, "cmdSetNen_Click",
      [this] { setYears(Grid1, txtKansokuNen.text(), txtHeikinNen.text()); });
@@ -77,6 +84,9 @@ void fHHksb::tieBook() {
   on(txtHksnbNo.onChange, "txtHksnbNo_Change", [this] {
     if (!text::isNumeric(txtHksnbNo.text())) txtHksnbNo.setText({});
   });
+  CmdExeD5.setActName("入れ替え");
+  cmdSetNen.setActName("設定");
+  history().whenMoved([this] { showOrder(); });
   on(Grid1.onClick, "Grid1_Click", [this] { ui::FcGridSelectRow(Grid1); });
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
@@ -101,6 +111,7 @@ void fHHksb::storedBook() { showBook(optSeika20, &fHHksb::fillFromStore); }
 
 void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
   kind_ = kindOf(orthometric);
+  history().restart();
   {
     const ui::Hourglass wait(desktop());
     FcHHKSB_InitGrid1(Grid1, kind_);

@@ -93,6 +93,7 @@ class fHHksb : public ui::Screen, public report::Source {
   void save();
   void pastePicture();
 
+  void showOrder();
   ui::CellUse cellUse(int row, int col) const;
   void Grid1_KeyPress(char32_t code);
   void nextPrevious(int row);

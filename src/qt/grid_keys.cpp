@@ -1,4 +1,3 @@
-#include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -13,14 +12,49 @@ namespace qt {
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   if (grid_ == nullptr) return event->ignore();
-  if (event->matches(QKeySequence::Copy)) return copy();
-  if (event->matches(QKeySequence::SelectAll)) return selectAll();
-  if (event->matches(QKeySequence::Paste)) return paste();
-  if (event->key() == Qt::Key_Delete) return emptyKeyCell();
-  if (event->key() == Qt::Key_F2) return goToEntry(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
-  if (travel(*event)) return;
+  if (command(*event) || travel(*event)) return;
   if (!isTyping(*event)) return event->ignore();
   type(event->text());
+}
+
+/// Does what the key stands for. False for a key that is no command.
+bool GridView::command(const QKeyEvent& event) {
+  const bool control = event.modifiers() == Qt::ControlModifier;
+  if (event.matches(QKeySequence::Copy)) return copy(), true;
+  if (event.matches(QKeySequence::SelectAll)) return selectAll(), true;
+  if (event.matches(QKeySequence::Paste)) return paste(), true;
+  if (event.matches(QKeySequence::Undo)) return undo(), true;
+  if (event.matches(QKeySequence::Redo) || (control && event.key() == Qt::Key_Y)) return redo(), true;
+  if (event.matches(QKeySequence::Find)) return startFinding(), true;
+  if (control && event.key() == Qt::Key_D) return fillDown(), true;
+  if (control) return false;
+  switch (event.key()) {
+    case Qt::Key_Delete:
+      return emptySelection(), true;
+    case Qt::Key_F2:
+      return openEditor(), true;
+    case Qt::Key_F3:
+      return findAgain(event.modifiers() == Qt::ShiftModifier ? ui::Way::Back : ui::Way::Forward), true;
+    case Qt::Key_Escape:
+      return takeBackTyping(), true;
+    default:
+      return false;
+  }
+}
+
+/// The table's own commands come to it before the window's.
+bool GridView::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && grid_ != nullptr) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool own = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) ||
+                     key.matches(QKeySequence::Find) || key.key() == Qt::Key_F3 ||
+                     (key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_Y);
+    if (own) {
+      event->accept();
+      return true;
+    }
+  }
+  return QTableView::event(event);
 }
 
 /// True for a key that writes: a character, Enter or Backspace. With AltGr a character comes as Ctrl+Alt.
@@ -40,10 +74,8 @@ void GridView::type(const QString& text) {
   }
 }
 
-void GridView::emptyKeyCell() {
-  if (model_.cellUse(grid_->keyRow(), grid_->keyCol()) == ui::CellUse::Shown) return;
-  const QString text = model_.cellText(grid_->keyRow(), grid_->keyCol());
-  type(QString(static_cast<qsizetype>(text.toStdU32String().size()), QChar(ui::key::backspace)));
+void GridView::takeBackTyping() {
+  act([this] { grid_->takeBackTyping(); });
 }
 
 void GridView::inputMethodEvent(QInputMethodEvent* event) {
@@ -73,33 +105,6 @@ void GridView::focusOutEvent(QFocusEvent* event) {
   QTableView::focusOutEvent(event);
   preedit_.clear();
   viewport()->update();
-}
-
-void GridView::copy() { QGuiApplication::clipboard()->setText(selectedText()); }
-
-QString GridView::selectedText() const {
-  if (grid_ == nullptr) return {};
-  const auto [top, bottom] = std::minmax({grid_->row(), grid_->rowSel()});
-  const auto [left, right] = std::minmax({grid_->col(), grid_->colSel()});
-  QStringList lines;
-  for (int row = top; row <= bottom; ++row) {
-    QStringList cells;
-    for (int col = left; col <= right; ++col)
-      if (grid_->colWidth(col) > 0)
-        cells << model_.cellText(row, col).replace(u'\t', u' ').replace(u'\n', u' ');
-    lines << cells.join(u'\t');
-  }
-  return lines.join(u'\n');
-}
-
-void GridView::selectAll() {
-  const Cell first{model_.headerRows(), edgeColumn(1)};
-  const Cell last{grid_->rows() - 1, edgeColumn(-1)};
-  if (!grid_->clickable(first.row, first.col) || !grid_->clickable(last.row, last.col)) return;
-  act([&] {
-    grid_->moveTo(first.row, first.col);
-    grid_->selectTo(last.row, last.col);
-  });
 }
 
 /// Goes where the key leads, or stretches the selection to there. False for a key that leads nowhere.

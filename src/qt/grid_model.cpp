@@ -96,6 +96,11 @@ QString GridModel::cellText(int row, int col) const {
   return toQString(grid_->text(row, col));
 }
 
+QString GridModel::problem(int row, int col) const {
+  if (grid_ == nullptr || row >= grid_->rows() || col >= grid_->cols()) return {};
+  return toQString(grid_->problem(row, col));
+}
+
 ui::CellUse GridModel::cellUse(int row, int col) const {
   try {
     return grid_ == nullptr ? ui::CellUse::Shown : grid_->cellUse(row, col);
@@ -110,6 +115,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return cellText(row, index.column());
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(toolkitAlign(grid_->align(index.column())));
   if (role == UseRole) return static_cast<int>(cellUse(row, index.column()));
+  if (role == ProblemRole || role == Qt::ToolTipRole) return problem(row, index.column());
   return {};
 }
 

@@ -18,7 +18,10 @@ class GridModel : public QAbstractTableModel {
   using QAbstractTableModel::QAbstractTableModel;
 
   /// Roles beyond the toolkit's own.
-  enum Role { UseRole = Qt::UserRole };  ///< what may be done in the cell: ui::CellUse as int
+  enum Role {
+    UseRole = Qt::UserRole,  ///< what may be done in the cell: ui::CellUse as int
+    ProblemRole              ///< why its text is not what its column takes, empty where it is
+  };
 
   /// `grid` may be null: no rows and no columns.
   void setGrid(const ui::Grid* grid);
@@ -46,6 +49,8 @@ class GridModel : public QAbstractTableModel {
   /// What may be done in a cell, counted as the grid counts; nothing while the screen cannot say so, as with
   /// a grid that is only half set up.
   ui::CellUse cellUse(int row, int col) const;
+  /// Why the text of a cell is not what its column takes, counted as the grid counts; empty where it is.
+  QString problem(int row, int col) const;
 
  private:
   void reset();

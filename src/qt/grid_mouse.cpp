@@ -40,6 +40,11 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   act([this, cell] { grid_->click(cell.row, cell.col); });
 }
 
-void GridView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const Cell cell = cellAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || cell.row < 0) return;
+  act([this, cell] { grid_->moveTo(cell.row, cell.col); });
+  openEditor();
+}
 
 }  // namespace qt

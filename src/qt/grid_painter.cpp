@@ -9,6 +9,7 @@ namespace {
 
 constexpr int textMargin = 4;  // pixels left and right of a text
 constexpr int frameWidth = 2;  // pixels
+constexpr QColor wrongColour(0xd0, 0x10, 0x10);
 
 /// `share` (0 to 1) of `over`, the rest `under`.
 QColor mixed(const QColor& under, const QColor& over, double share) {
@@ -16,6 +17,9 @@ QColor mixed(const QColor& under, const QColor& over, double share) {
   return {channel(under.red(), over.red()), channel(under.green(), over.green()),
           channel(under.blue(), over.blue())};
 }
+
+/// A text that its column does not take.
+bool isWrong(const QModelIndex& index) { return !index.data(GridModel::ProblemRole).toString().isEmpty(); }
 
 bool canBeTypedInto(const QModelIndex& index) {
   return index.data(GridModel::UseRole).toInt() != static_cast<int>(ui::CellUse::Shown);
@@ -40,6 +44,7 @@ void GridPainter::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
   QColor ground = canBeTypedInto(index) ? base : mixed(base, option.palette.color(QPalette::Text), 0.06);
   if (option.state.testFlag(QStyle::State_Selected) && view_.rangeSelected())
     ground = mixed(ground, option.palette.color(QPalette::Highlight), view_.hasFocus() ? 0.30 : 0.18);
+  if (isWrong(index)) ground = mixed(ground, wrongColour, 0.22);
   painter.fillRect(option.rect, ground);
 }
 
@@ -48,7 +53,7 @@ void GridPainter::paintText(QPainter& painter, const QStyleOptionViewItem& optio
   const QString underWay = view_.isKeyCell(index) ? view_.preedit() : QString();
   const QRect place = option.rect.adjusted(textMargin, 0, -textMargin, 0);
   QFont font = option.font;
-  font.setUnderline(!underWay.isEmpty());
+  font.setUnderline(!underWay.isEmpty() || isWrong(index));
   painter.setFont(font);
   painter.setPen(
       option.palette.color(view_.isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));

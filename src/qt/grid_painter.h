@@ -7,7 +7,8 @@ namespace qt {
 class GridView;
 
 /// Paints the cells of a grid: those that can be typed into white, the others slightly grey, the selection
-/// tinted with the text still readable, and a strong frame around the cell that keys go to.
+/// tinted with the text still readable, a text that its column does not take underlined on red, and a strong
+/// frame around the cell that keys go to.
 class GridPainter : public QStyledItemDelegate {
   Q_OBJECT
 

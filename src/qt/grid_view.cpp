@@ -8,7 +8,10 @@
 #include <iterator>
 #include <utility>
 
+#include "qt/cell_editor.h"
 #include "qt/convert.h"
+#include "qt/find_bar.h"
+#include "qt/grid_note.h"
 #include "qt/grid_painter.h"
 
 namespace qt {
@@ -19,10 +22,14 @@ constexpr int headerMargin = 8;  // the same in the header
 
 }  // namespace
 
-GridView::GridView(QWidget* parent) : QTableView(parent) {
+GridView::GridView(QWidget* parent)
+    : QTableView(parent), findBar_(*new FindBar(*this)), note_(*new GridNote(*this)) {
   setModel(&model_);
   setItemDelegate(new GridPainter(*this));
   setUpLook();
+  setUpHeader();
+  connect(&findBar_, &FindBar::asked, this, &GridView::find);
+  connect(&findBar_, &FindBar::closed, this, [this] { setFocus(); });
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fitWidestColumn(); });
 }
 
@@ -37,8 +44,21 @@ void GridView::setUpLook() {
   verticalHeader()->setMinimumSectionSize(1);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setMinimumSectionSize(1);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setSectionsClickable(false);
+}
+
+/// A press on a heading marks the column, a drag or a press with Shift those up to another one.
+void GridView::setUpHeader() {
+  QHeaderView& header = *horizontalHeader();
+  header.setHighlightSections(false);
+  header.setSectionsClickable(true);
+  const auto mark = [this](int col, bool stretch) {
+    act([this, col, stretch] { stretch ? grid_->selectColumnsTo(col) : grid_->selectColumn(col); });
+  };
+  connect(&header, &QHeaderView::sectionPressed, this, [this, mark](int col) {
+    mark(col, QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier));
+    setFocus(Qt::MouseFocusReason);
+  });
+  connect(&header, &QHeaderView::sectionEntered, this, [mark](int col) { mark(col, true); });
 }
 
 void GridView::setGrid(ui::Grid* grid, Act act) {
@@ -53,6 +73,7 @@ void GridView::act(const std::function<void()>& what) {
 
 void GridView::showGrid() {
   const bool filledAnew = model_.flush();
+  if (filledAnew) closeEditor();
   const int height = grid_->rowHeight() > 0 ? toPixels(static_cast<float>(grid_->rowHeight()))
                                             : fontMetrics().height() + rowMargin;
   if (verticalHeader()->defaultSectionSize() != height) verticalHeader()->setDefaultSectionSize(height);
@@ -125,6 +146,8 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   fitWidestColumn();
+  findBar_.place();
+  note_.place();
 }
 
 void GridView::showSelection() {
@@ -137,6 +160,7 @@ void GridView::showSelection() {
       model_.index(std::max(current.row(), end.row()), std::max(current.column(), end.column()));
   selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
   selectionModel()->select(QItemSelection(topLeft, bottomRight), QItemSelectionModel::ClearAndSelect);
+  horizontalHeader()->setHighlightSections(grid_->headingsSelected());
   viewport()->update();
 }
 

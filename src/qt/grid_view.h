@@ -6,16 +6,25 @@
 
 #include "qt/fixed_columns.h"
 #include "qt/grid_model.h"
+#include "ui/find.h"
+#include "ui/grid_block.h"
 
 namespace qt {
+
+class CellEditor;
+class FindBar;
+class GridNote;
 
 /// A grid in a window. It paints and scrolls; the current cell, the selection and every key are the grid's,
 /// and the view follows it. Its fixed columns stay in view when it scrolls sideways.
 ///
-/// Keys: characters, Enter and Backspace go to the grid's key cell, Delete empties it, input methods come in
-/// where text may be typed. Arrows, Page Up and Down, Home and End (with Ctrl: of the whole grid) go from
-/// cell to cell, with Shift they stretch the selection. F2 goes to the next cell that takes figures, with
-/// Shift back. Ctrl+C copies, Ctrl+V types the lines of the clipboard down a column, Ctrl+A marks everything.
+/// Keys: characters, Enter and Backspace go to the grid's key cell, input methods come in where text may be
+/// typed, Esc takes back what was typed. F2 or a double click opens the key cell in place. Arrows, Page Up
+/// and Down, Home and End (with Ctrl: of the whole grid) go from cell to cell, with Shift they stretch the
+/// selection; Tab and Shift+Tab go from entry to entry and, after the last, out of the table. Ctrl+A marks
+/// everything, a second time with the headings, as a press on a heading marks its column with it. Delete,
+/// Ctrl+C, Ctrl+V and Ctrl+D empty, copy, paste and fill the selection; Ctrl+Z and Ctrl+Y go back and forward
+/// through what was done; Ctrl+F looks for a text, F3 and Shift+F3 go on.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -35,6 +44,30 @@ class GridView : public QTableView {
 
   /// The place of a cell, counted as the grid counts.
   QModelIndex indexOf(int row, int col) const;
+  /// Acts on the selection, as menu and keys have them.
+  void copy();
+  void paste();
+  /// The same with a text that is not on the clipboard.
+  void paste(const QString& text);
+  void fillDown();
+  void emptySelection();
+  void undo();
+  void redo();
+  /// The name of the act that undo or redo would be about; empty for none.
+  QString undoName() const;
+  QString redoName() const;
+  /// Opens the bar under the table in which a text is looked for.
+  void startFinding();
+  /// Goes to the next cell with that text, or the one before.
+  void findAgain(ui::Way way);
+  FindBar& findBar() { return findBar_; }
+  /// Opens the key cell in place. Nothing where it takes no keys.
+  void openEditor();
+  /// The line in which the key cell is edited; null while none is open.
+  CellEditor* editor() const { return editor_; }
+  /// What the last paste took, as the operator was told.
+  const ui::BlockCount& pasted() const { return pasted_; }
+
   /// The selected cells of visible columns: one line a row, tabs between the cells.
   QString selectedText() const;
   /// What an input method has in hand for the key cell and has not yet given.
@@ -57,6 +90,9 @@ class GridView : public QTableView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+  /// Tab and Shift+Tab.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   struct Cell {
@@ -73,14 +109,16 @@ class GridView : public QTableView {
   void showSelection();
   void showInputMethod();
 
+  void setUpHeader();
+  bool command(const QKeyEvent& event);
   bool isTyping(const QKeyEvent& event) const;
   void type(const QString& text);
-  void emptyKeyCell();
-  void goToEntry(int step);
+  void takeBackTyping();
   void goTo(Cell cell);
-  bool takesKeys(int row, int col) const;
-  void copy();
-  void paste();
+  void takeEditor(CellEditor& editor, int key);
+  void closeEditor();
+  void find(ui::Way way);
+  void say(const QString& words);
   void selectAll() override;
   bool travel(const QKeyEvent& event);
   Cell destination(const QKeyEvent& event, Cell from) const;
@@ -95,6 +133,10 @@ class GridView : public QTableView {
   Act act_;
   std::vector<int> widths_;
   QString preedit_;
+  CellEditor* editor_ = nullptr;
+  FindBar& findBar_;
+  GridNote& note_;
+  ui::BlockCount pasted_;
   Cell pressed_;
   bool dragged_ = false;
   bool follow_ = false;

@@ -2,12 +2,14 @@
 
 #include <QCloseEvent>
 #include <QLayout>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/edit_menu.h"
 
 namespace qt {
 
@@ -17,7 +19,27 @@ ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<v
   setWindowTitle(toQString(screen.caption()));
   for (ui::Control* control : screen.controls()) bindings_.push_back(bind(*control, *this, host));
   for (const auto& binding : bindings_) binding->tie();
+  setUpTabs();
+  if (hasGrid()) new EditMenu(*this);
   centralWidget()->installEventFilter(this);
+}
+
+/// Tab passes the headers of pages by: what is typed there would go nowhere. Ctrl+Tab turns the page from
+/// everywhere.
+void ScreenWindow::setUpTabs() {
+  auto* pages = findChild<QTabWidget*>();
+  if (pages == nullptr) return;
+  for (QTabWidget* tabs : findChildren<QTabWidget*>()) {
+    tabs->setFocusPolicy(Qt::NoFocus);
+    tabs->tabBar()->setFocusPolicy(Qt::NoFocus);
+  }
+  const auto turn = [this, pages](const QKeySequence& keys, int step) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, pages, [pages, step] {
+      pages->setCurrentIndex((pages->currentIndex() + step + pages->count()) % pages->count());
+    });
+  };
+  turn(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
+  turn(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
 }
 
 ScreenWindow::~ScreenWindow() { letGo(); }

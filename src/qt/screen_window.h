@@ -46,6 +46,7 @@ class ScreenWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void setUpTabs();
   void focusFirst();
   void setClientSize(const QSize& client);
   void clientResized();

@@ -34,6 +34,7 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
 void SelectionScreen::open(const SelectionSet& set, Reader read) {
   const ui::Hourglass wait(desktop());
   const Selection selection = set.selection();
+  history().restart();
   opening_.run([&] {
     opened_.show(selection, set.categoryText());
     setUpGrids();
@@ -60,6 +61,7 @@ report::Figure SelectionScreen::diagram() const {
 }
 
 void SelectionScreen::clear() {
+  history().restart();
   setUpGrids();
   Form_Resize();
   opened_.clear();

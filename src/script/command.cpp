@@ -26,6 +26,11 @@ int number(const Word& word) {
   return *value;
 }
 
+/// The cell whose row and column stand at `at` and behind it.
+ui::CellPlace place(const Arguments& words, std::size_t at) {
+  return {number(words[at]), number(words[at + 1])};
+}
+
 int twips(const Word& word) {
   const int value = number(word);
   if (value < 1 || value > mostTwips) throw LineError("画面の大きさは 1 から 240000 までの twip です。");
@@ -72,7 +77,7 @@ struct Form {
 
 using Given = const Arguments&;
 
-constexpr std::array<Form, 18> forms = {{
+constexpr std::array<Form, 25> forms = {{
     {"click", " NAME", 1, [](Given w) -> Command { return Click{w[0].text}; }},
     {"select", " NAME TEXT", 2, select},
     {"enter", " NAME TEXT", 2,
@@ -90,6 +95,28 @@ constexpr std::array<Form, 18> forms = {{
     {"key", " GRID TEXT", 2,
      [](Given w) -> Command {
        return Keys{w[0].text, keysOf(w[1].text)};
+     }},
+    {"paste", " GRID TEXT", 2,
+     [](Given w) -> Command {
+       return Paste{w[0].text, w[1].text};
+     }},
+    {"copy", " GRID R1 C1 R2 C2", 5,
+     [](Given w) -> Command {
+       return Copy{w[0].text, place(w, 1), place(w, 3)};
+     }},
+    {"delete", " GRID R1 C1 R2 C2", 5,
+     [](Given w) -> Command {
+       return Delete{w[0].text, place(w, 1), place(w, 3)};
+     }},
+    {"edit", " GRID ROW COL TEXT", 4,
+     [](Given w) -> Command {
+       return Edit{w[0].text, place(w, 1), w[3].text};
+     }},
+    {"undo", " GRID", 1, [](Given w) -> Command { return Undo{w[0].text}; }},
+    {"redo", " GRID", 1, [](Given w) -> Command { return Redo{w[0].text}; }},
+    {"find", " GRID TEXT", 2,
+     [](Given w) -> Command {
+       return Find{w[0].text, w[1].text};
      }},
     {"tab", " NAME N", 2,
      [](Given w) -> Command {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <variant>
 
+#include "ui/grid.h"
+
 namespace script {
 
 // What a line of a script asks for. Rows, columns, items and pages count from 0.
@@ -43,6 +45,42 @@ struct Cell {
 struct Keys {
   std::string grid;
   std::u32string codes;
+};
+/// Paste a text of rows and columns at the current cell.
+struct Paste {
+  std::string grid;
+  std::string text;
+};
+/// Select a range of cells and copy it.
+struct Copy {
+  std::string grid;
+  ui::CellPlace from;
+  ui::CellPlace to;
+};
+/// Select a range of cells and press Delete.
+struct Delete {
+  std::string grid;
+  ui::CellPlace from;
+  ui::CellPlace to;
+};
+/// Open a cell in place, replace its text and take it with Enter.
+struct Edit {
+  std::string grid;
+  ui::CellPlace cell;
+  std::string text;
+};
+/// Take the last act back.
+struct Undo {
+  std::string grid;
+};
+/// Do again what was taken back last.
+struct Redo {
+  std::string grid;
+};
+/// Go to the next cell that holds a text.
+struct Find {
+  std::string grid;
+  std::string text;
 };
 /// Bring a page of a tab control to the front.
 struct Page {
@@ -84,8 +122,9 @@ struct Shot {
   std::string path;
 };
 
-using Command = std::variant<Click, SelectText, SelectAt, Enter, Type, Cell, Keys, Page, Resize, Close, Show,
-                             SizeOf, WhichScreen, Messages, Shot, Checks, Answer, Export>;
+using Command = std::variant<Click, SelectText, SelectAt, Enter, Type, Cell, Keys, Paste, Copy, Delete, Edit,
+                             Undo, Redo, Find, Page, Resize, Close, Show, SizeOf, WhichScreen, Messages, Shot,
+                             Checks, Answer, Export>;
 
 /// The command of a script line (without its line end); nothing for a blank line and for one whose first
 /// character is "#". Raises LineError for a line that cannot be understood.

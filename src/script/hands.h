@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "ui/controls.h"
 #include "ui/desktop.h"
 #include "ui/grid.h"
+#include "ui/grid_block.h"
 #include "ui/screen.h"
 
 namespace script {
@@ -64,6 +66,20 @@ class Hands {
   virtual void click(ui::Grid& grid, int row, int col) = 0;
   /// Presses a key in the grid: a character, Enter or Backspace.
   virtual void pressKey(ui::Grid& grid, char32_t code) = 0;
+  /// Selects the cells between two corners.
+  virtual void select(ui::Grid& grid, const ui::CellPlace& from, const ui::CellPlace& to) = 0;
+  /// The text that copying the selection gives.
+  virtual std::string copied(ui::Grid& grid) = 0;
+  virtual ui::BlockCount paste(ui::Grid& grid, std::string_view text) = 0;
+  /// Presses Delete in the grid.
+  virtual void pressDelete(ui::Grid& grid) = 0;
+  /// Clicks a cell, opens it in place, replaces its text and takes it with Enter.
+  virtual void edit(ui::Grid& grid, const ui::CellPlace& cell, std::string_view text) = 0;
+  /// Takes the last act back, or does it again. The name of the act, empty for none.
+  virtual std::string undo(ui::Grid& grid) = 0;
+  virtual std::string redo(ui::Grid& grid) = 0;
+  /// Goes to the next cell that holds `text`; nothing where there is none.
+  virtual std::optional<ui::CellPlace> find(ui::Grid& grid, std::string_view text) = 0;
   virtual void bringToFront(ui::TabControl& tab, int page) = 0;
   /// Gives the window this client size, in twips.
   virtual void resize(ui::Screen& screen, int width, int height) = 0;

@@ -5,6 +5,7 @@
 
 #include "script/answers.h"
 #include "text/padding.h"
+#include "ui/find.h"
 
 namespace script {
 namespace {
@@ -63,6 +64,22 @@ class HeadlessHands : public Hands {
   }
   void click(ui::Grid& grid, int row, int col) override { grid.click(row, col); }
   void pressKey(ui::Grid& grid, char32_t code) override { grid.pressKey(code); }
+  void select(ui::Grid& grid, const ui::CellPlace& from, const ui::CellPlace& to) override {
+    grid.moveTo(from.row, from.col);
+    grid.selectTo(to.row, to.col);
+  }
+  std::string copied(ui::Grid& grid) override { return ui::copiedText(grid); }
+  ui::BlockCount paste(ui::Grid& grid, std::string_view text) override { return ui::paste(grid, text); }
+  void pressDelete(ui::Grid& grid) override { ui::emptyBlock(grid); }
+  void edit(ui::Grid& grid, const ui::CellPlace& cell, std::string_view text) override {
+    grid.click(cell.row, cell.col);
+    grid.takeEdit(text, true);
+  }
+  std::string undo(ui::Grid& grid) override { return grid.history()->undo(); }
+  std::string redo(ui::Grid& grid) override { return grid.history()->redo(); }
+  std::optional<ui::CellPlace> find(ui::Grid& grid, std::string_view text) override {
+    return ui::find(grid, text);
+  }
   void bringToFront(ui::TabControl& tab, int page) override { tab.setCurrent(page); }
   void resize(ui::Screen& screen, int width, int height) override {
     screen.resize(static_cast<float>(width), static_cast<float>(height));

@@ -89,6 +89,23 @@ void printMessages(std::ostream& out, const std::vector<ui::Message>& messages) 
         << " text=" << quoted(message.text) << '\n';
 }
 
+void printPasted(std::ostream& out, const ui::BlockCount& count) {
+  out << "pasted: " << count.taken << " taken, " << count.passedOver << " passed over\n";
+}
+
+void printCopied(std::ostream& out, std::string_view text) { out << "copied: " << quoted(text) << '\n'; }
+
+void printMoved(std::ostream& out, std::string_view way, std::string_view name) {
+  out << way << ": " << (name.empty() ? "nothing" : name) << '\n';
+}
+
+void printFound(std::ostream& out, const std::optional<ui::CellPlace>& cell) {
+  if (cell)
+    out << "found: " << cell->row << ',' << cell->col << '\n';
+  else
+    out << "found: nothing\n";
+}
+
 void printExported(std::ostream& out, const report::Exported& exported) {
   out << "exported: " << exported.file;
   if (!exported.unit.empty()) out << ", " << exported.count << ' ' << exported.unit;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -28,6 +29,15 @@ void printNoScreen(std::ostream& out);
 
 /// The message boxes, one a line, or `messages: none`.
 void printMessages(std::ostream& out, const std::vector<ui::Message>& messages);
+
+/// `pasted: 12 taken, 3 passed over`.
+void printPasted(std::ostream& out, const ui::BlockCount& count);
+/// `copied: "text"`.
+void printCopied(std::ostream& out, std::string_view text);
+/// `undo: NAME`, or `undo: nothing` for an empty name; `way` is "undo" or "redo".
+void printMoved(std::ostream& out, std::string_view way, std::string_view name);
+/// `found: ROW,COL` or `found: nothing`.
+void printFound(std::ostream& out, const std::optional<ui::CellPlace>& cell);
 
 /// `exported: FILE_NAME, N pages`, with what is counted, or `exported: FILE_NAME` where nothing is.
 void printExported(std::ostream& out, const report::Exported& exported);

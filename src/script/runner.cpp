@@ -17,6 +17,10 @@ namespace {
 
 std::string inBrackets(std::string_view name) { return "「" + std::string(name) + "」"; }
 
+std::string cellName(const ui::CellPlace& cell) {
+  return std::to_string(cell.row) + "," + std::to_string(cell.col);
+}
+
 std::string_view kindName(ui::Kind kind) {
   switch (kind) {
     case ui::Kind::Label:
@@ -120,16 +124,47 @@ void Runner::perform(const Type& type) {
 }
 
 void Runner::perform(const Cell& cell) {
-  auto& grid = ready<ui::Grid>(cell.grid);
-  if (!grid.clickable(cell.row, cell.col))
-    throw LineError(inBrackets(cell.grid) + "に、クリックできるセル " + std::to_string(cell.row) + "," +
-                    std::to_string(cell.col) + " はありません。");
-  hands_.click(grid, cell.row, cell.col);
+  hands_.click(readyWith(cell.grid, {cell.row, cell.col}), cell.row, cell.col);
 }
 
 void Runner::perform(const Keys& keys) {
   auto& grid = ready<ui::Grid>(keys.grid);
   for (const char32_t code : keys.codes) hands_.pressKey(grid, code);
+}
+
+void Runner::perform(const Paste& paste) {
+  printPasted(transcript_, hands_.paste(ready<ui::Grid>(paste.grid), paste.text));
+}
+
+void Runner::perform(const Copy& copy) {
+  ui::Grid& grid = readyWith(copy.grid, copy.from);
+  select(grid, copy.from, copy.to);
+  printCopied(transcript_, hands_.copied(grid));
+}
+
+void Runner::perform(const Delete& act) {
+  ui::Grid& grid = readyWith(act.grid, act.from);
+  select(grid, act.from, act.to);
+  hands_.pressDelete(grid);
+}
+
+void Runner::perform(const Edit& edit) {
+  ui::Grid& grid = readyWith(edit.grid, edit.cell);
+  if (grid.cellUse(edit.cell.row, edit.cell.col) == ui::CellUse::Shown)
+    throw LineError(inBrackets(edit.grid) + "のセル " + cellName(edit.cell) + " には入力できません。");
+  hands_.edit(grid, edit.cell, edit.text);
+}
+
+void Runner::perform(const Undo& undo) {
+  printMoved(transcript_, "undo", hands_.undo(ready<ui::Grid>(undo.grid)));
+}
+
+void Runner::perform(const Redo& redo) {
+  printMoved(transcript_, "redo", hands_.redo(ready<ui::Grid>(redo.grid)));
+}
+
+void Runner::perform(const Find& find) {
+  printFound(transcript_, hands_.find(ready<ui::Grid>(find.grid), find.text));
 }
 
 void Runner::perform(const Page& page) {
@@ -211,6 +246,19 @@ Kind& Runner::ready(std::string_view name) {
   if (!found.enabled()) throw LineError(inBrackets(name) + "は今は使えません。");
   bringForward(found);
   return found;
+}
+
+/// The grid, where `cell` is one of its cells that can be clicked.
+ui::Grid& Runner::readyWith(const std::string& name, const ui::CellPlace& cell) {
+  auto& grid = ready<ui::Grid>(name);
+  if (!grid.clickable(cell.row, cell.col))
+    throw LineError(inBrackets(name) + "に、クリックできるセル " + cellName(cell) + " はありません。");
+  return grid;
+}
+
+void Runner::select(ui::Grid& grid, const ui::CellPlace& from, const ui::CellPlace& to) {
+  readyWith(grid.name(), to);
+  hands_.select(grid, from, to);
 }
 
 /// Brings the page that a control stands on to the front, the outermost first.

@@ -53,6 +53,13 @@ class Runner {
   void perform(const Type& type);
   void perform(const Cell& cell);
   void perform(const Keys& keys);
+  void perform(const Paste& paste);
+  void perform(const Copy& copy);
+  void perform(const Delete& act);
+  void perform(const Edit& edit);
+  void perform(const Undo& undo);
+  void perform(const Redo& redo);
+  void perform(const Find& find);
   void perform(const Page& page);
   void perform(const Resize& resize);
   void perform(const Close& close);
@@ -71,6 +78,8 @@ class Runner {
   Kind& ofKind(std::string_view name);
   template <class Kind>
   Kind& ready(std::string_view name);
+  ui::Grid& readyWith(const std::string& name, const ui::CellPlace& cell);
+  void select(ui::Grid& grid, const ui::CellPlace& from, const ui::CellPlace& to);
   void bringForward(const ui::Control& control);
 
   Subject& subject_;

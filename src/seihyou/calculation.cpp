@@ -60,6 +60,12 @@ class Walk {
   int count_ = 0;          // of repeated heights
 };
 
+/// The row of the route end at or below `row`, the last row where there is none.
+int routeEndFrom(const ui::Grid& grid, int row) {
+  while (row < grid.rows() - 1 && grid.text(row, colFlag) != route::routeEnd) ++row;
+  return row;
+}
+
 }  // namespace
 
 int routeStart(const ui::Grid& grid, int row) {
@@ -73,6 +79,16 @@ void FcCalcSeihyou(ui::Grid& grid, int row, job::Grade grade) {
   Walk walk(grid, grade, start);
   for (int r = start; r < grid.rows(); r = text::toInt16(r + 2))
     if (!grid.text(r, colBenchMark).empty() && !walk.benchMark(r)) return;
+}
+
+/// A walk reads no height that it has written itself, so one walk over a route is as good as many.
+void calculateRoutes(ui::Grid& grid, const std::vector<int>& rows, job::Grade grade) {
+  int end = 0;  // of the route calculated last
+  for (const int row : rows) {
+    if (row <= end) continue;
+    FcCalcSeihyou(grid, row, grade);
+    end = routeEndFrom(grid, row);
+  }
 }
 
 bool isCorrectionCell(const ui::Grid& grid, int row, int col) {

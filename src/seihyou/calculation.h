@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "job/grade.h"
 #include "ui/grid.h"
 
@@ -21,6 +23,10 @@ void FcCalcSeihyou(ui::Grid& grid, int row, job::Grade grade);
 
 /// The row of the first bench mark behind the nearest route end at or above `row`; 1 where there is none.
 int routeStart(const ui::Grid& grid, int row);
+
+/// The same for the routes of all these rows, which ascend, each route once: what FcCalcSeihyou for one row
+/// after another comes to.
+void calculateRoutes(ui::Grid& grid, const std::vector<int>& rows, job::Grade grade);
 
 /// True for a cell that takes a correction: column 2 of a section row that leads to a further bench mark and
 /// does not follow a repeated one.

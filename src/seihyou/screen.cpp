@@ -19,10 +19,11 @@ constexpr float designWidth = 8970;
 constexpr float designHeight = 6075;
 constexpr auto left = ui::Align::Left;
 constexpr auto right = ui::Align::Right;
+constexpr auto number = ui::Content::Number;
 constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540, left},
-                                                              {"標高", 1540, right},
-                                                              {"正標高補正数", 1540, right},
-                                                              {"補正結果", 1540, right},
+                                                              {"標高", 1540, right, number},
+                                                              {"正標高補正数", 1540, right, number},
+                                                              {"補正結果", 1540, right, number},
                                                               {"備考", 1960, left},
                                                               {"", 0, left},
                                                               {"", 0, left}}};
@@ -43,6 +44,7 @@ fSHsei::fSHsei(const job::JobContext& context, ui::Desktop& desktop)
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
   Grid1.setEntry([](int row, int col) { return !isStartHeightCell(row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
+  onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) { takeBlock(cells); });
 }
 
 void fSHsei::Form_Resize() {
@@ -98,5 +100,12 @@ report::Document fSHsei::tables(const std::string& route) const {
 }
 
 report::Diagram fSHsei::profile() const { return seihyou::profile(Grid1, context_.grade()); }
+
+void fSHsei::takeBlock(const std::vector<ui::CellPlace>& cells) {
+  std::vector<int> rows;
+  for (const ui::CellPlace& cell : cells)
+    if (isCorrectionCell(Grid1, cell.row, cell.col)) rows.push_back(cell.row);
+  calculateRoutes(Grid1, rows, context_.grade());
+}
 
 }  // namespace seihyou

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "route/route_screen.h"
 
 namespace seihyou {
@@ -23,6 +25,7 @@ class fSHsei : public route::RouteScreen {
 
   void Grid1_KeyPress(char32_t code);
   void correctionKey(int row, char32_t code);
+  void takeBlock(const std::vector<ui::CellPlace>& cells);
   ui::CellUse cellUse(int row, int col) const;
 };
 

@@ -29,11 +29,12 @@ constexpr float listWidth = 1650;
 constexpr float leastList = 600;
 constexpr auto toLeft = ui::Align::Left;
 constexpr auto toRight = ui::Align::Right;
+constexpr auto number = ui::Content::Number;
 constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540, toLeft},
-                                                              {"距離", 1540, toRight},
-                                                              {"標高", 1540, toRight},
-                                                              {"補正数", 1540, toRight},
-                                                              {"補正結果", 1540, toRight},
+                                                              {"距離", 1540, toRight, number},
+                                                              {"標高", 1540, toRight, number},
+                                                              {"補正数", 1540, toRight, number},
+                                                              {"補正結果", 1540, toRight, number},
                                                               {"備考", 1540, toLeft},
                                                               {"", 0, toLeft},
                                                               {"", 0, toLeft}}};
@@ -56,6 +57,10 @@ fTHsei::fTHsei(const job::JobContext& context, ui::Desktop& desktop)
   on(cmdCalc.onClick, "FcCalcTanrosen", [this] { cmdCalc_Click(); });
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
+  onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) {
+    for (const auto& [row, col] : cells)
+      if (isCorrectionCell(Grid1, row, col)) takeCorrection(row);
+  });
 }
 
 void fTHsei::Form_Resize() {

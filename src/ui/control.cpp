@@ -7,6 +7,7 @@ namespace ui {
 Control::Control(Kind kind, std::string name, Screen* screen) : kind_(kind), name_(std::move(name)) {
   if (screen == nullptr) return;
   desktop_ = &screen->desktop();
+  history_ = &screen->history();
   screen->add(*this);
 }
 

@@ -8,6 +8,7 @@ namespace ui {
 
 class Control;
 class Desktop;
+class History;
 class Screen;
 class TabControl;
 
@@ -90,6 +91,9 @@ class Control {
   Desktop* desktop() const { return desktop_; }
   void setDesktop(Desktop* desktop) { desktop_ = desktop; }
 
+  /// The history of its screen's grids; null for a control that stands alone.
+  History* history() const { return history_; }
+
   /// One observer at a time; null for none.
   void observe(ControlObserver* observer) { observer_ = observer; }
 
@@ -111,6 +115,7 @@ class Control {
   TabControl* tab_ = nullptr;
   int page_ = 0;
   Desktop* desktop_ = nullptr;
+  History* history_ = nullptr;
   ControlObserver* observer_ = nullptr;
 };
 

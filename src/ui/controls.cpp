@@ -13,7 +13,9 @@ void TextControl::setText(std::string_view text) {
 }
 
 void Pressable::press() {
-  if (enabled()) onClick();
+  if (!enabled()) return;
+  const History::Act act(history(), actName_);
+  onClick();
 }
 
 void OptionButton::group(std::initializer_list<OptionButton*> buttons) {
@@ -32,6 +34,7 @@ void OptionButton::setOn(bool on) {
 
 void OptionButton::press() {
   if (!enabled()) return;
+  const History::Act act(history(), actName());
   setOn(true);
   onClick();
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/history.h"
 
 namespace ui {
 
@@ -51,11 +52,19 @@ class Pressable : public TextControl {
  public:
   Event onClick;
 
-  /// The operator presses it. Does nothing while it is disabled.
+  /// The operator presses it. Does nothing while it is disabled. What that changes in the screen's grids can
+  /// be taken back as one act.
   virtual void press();
+
+  /// What that act is called; a calculation where the screen says nothing else.
+  void setActName(std::string_view name) { actName_ = name; }
+  const std::string& actName() const { return actName_; }
 
  protected:
   using TextControl::TextControl;
+
+ private:
+  std::string actName_{act::calculation};
 };
 
 class Button : public Pressable {

@@ -17,26 +17,61 @@ namespace {
 Grid::Grid(std::string name, Screen* screen)
     : Control(Kind::Grid, std::move(name), screen),
       cells_(static_cast<std::size_t>(rows_ * cols_)),
-      looks_(static_cast<std::size_t>(cols_)) {}
+      looks_(static_cast<std::size_t>(cols_)) {
+  if (history() != nullptr) history()->add(*this);
+}
 
 std::size_t Grid::index(int row, int col) const {
   if (row < 0 || row >= rows_ || col < 0 || col >= cols_) raiseSubscript();
   return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
 }
 
+/// True where the history wants to be told of a change.
+bool Grid::recording() {
+  if (history() == nullptr) return false;
+  history()->changedByItself();
+  return history()->records();
+}
+
 void Grid::setRows(int rows) {
   if (rows < 1) raiseSubscript();
   text::toInt16(rows);
-  if (rows == rows_) return;
-  cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
-  rows_ = rows;
+  if (rows > rows_)
+    insertRows(rows_, rows - rows_);
+  else if (rows < rows_)
+    eraseRows(rows, rows_ - rows);
+}
+
+void Grid::insertRows(int at, int count, const std::vector<std::string>& cells) {
+  if (at < 0 || at > rows_ || count < 1) raiseSubscript();
+  text::toInt16(static_cast<long long>(rows_) + count);
+  const auto place = cells_.begin() + static_cast<std::ptrdiff_t>(at) * cols_;
+  if (cells.empty())
+    cells_.insert(place, static_cast<std::size_t>(count) * static_cast<std::size_t>(cols_), std::string());
+  else
+    cells_.insert(place, cells.begin(), cells.end());
+  rows_ += count;
+  clampCurrent();
+  if (recording()) history()->rowsAdded(*this, at, count);
+  notify();
+}
+
+void Grid::eraseRows(int at, int count) {
+  if (at < 0 || count < 1 || at + count > rows_ || count == rows_) raiseSubscript();
+  const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(at) * cols_;
+  const auto last = first + static_cast<std::ptrdiff_t>(count) * cols_;
+  if (recording()) history()->rowsRemoved(*this, at, count, {first, last});
+  cells_.erase(first, last);
+  rows_ -= count;
   clampCurrent();
   notify();
 }
 
+/// No step of a history fits a grid of other columns.
 void Grid::setCols(int cols) {
   if (cols < 1) raiseSubscript();
   if (cols == cols_) return;
+  if (history() != nullptr) history()->restart();
   std::vector<std::string> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols));
   for (int row = 0; row < rows_; ++row)
     for (int col = 0; col < std::min(cols, cols_); ++col)
@@ -63,12 +98,12 @@ void Grid::clampCurrent() {
     return std::clamp(row, std::min(fixedRows_, rows_ - 1), rows_ - 1);
   };
   const auto clampCol = [this](int col) { return std::clamp(col, 0, cols_ - 1); };
-  row_ = clampRow(row_);
-  rowSel_ = clampRow(rowSel_);
-  keyRow_ = clampRow(keyRow_);
-  col_ = clampCol(col_);
-  colSel_ = clampCol(colSel_);
-  keyCol_ = clampCol(keyCol_);
+  place_.row = clampRow(place_.row);
+  place_.rowSel = clampRow(place_.rowSel);
+  place_.keyRow = clampRow(place_.keyRow);
+  place_.col = clampCol(place_.col);
+  place_.colSel = clampCol(place_.colSel);
+  place_.keyCol = clampCol(place_.keyCol);
 }
 
 const std::string& Grid::text(int row, int col) const { return cells_[index(row, col)]; }
@@ -76,35 +111,38 @@ const std::string& Grid::text(int row, int col) const { return cells_[index(row,
 void Grid::setText(int row, int col, std::string_view text) {
   std::string& cell = cells_[index(row, col)];
   if (cell == text) return;
-  cell = text;
+  if (recording()) {
+    std::string before = cell;  // `text` may be part of the cell
+    cell = text;
+    history()->textChanged(*this, row, col, std::move(before), cell);
+  } else {
+    cell = text;
+  }
   if (gridObserver_ != nullptr) gridObserver_->cellChanged(row, col);
 }
 
 void Grid::clearText() {
-  std::fill(cells_.begin(), cells_.end(), std::string());
+  for (int row = 0; row < rows_; ++row)
+    for (int col = 0; col < cols_; ++col) {
+      std::string& cell = cells_[index(row, col)];
+      if (cell.empty()) continue;
+      if (recording()) history()->textChanged(*this, row, col, cell, {});
+      cell.clear();
+    }
   notify();
 }
 
 void Grid::addItem(std::string_view text) { addItem(text, rows_); }
 
 void Grid::addItem(std::string_view text, int at) {
-  if (at < 0 || at > rows_) raiseSubscript();
-  text::toInt16(rows_ + 1LL);
-  std::string first(text);  // it may be the text of a cell that moves
-  const auto place = cells_.begin() + static_cast<std::ptrdiff_t>(at) * cols_;
-  cells_.insert(place, static_cast<std::size_t>(cols_), std::string());
-  ++rows_;
-  cells_[index(at, 0)] = std::move(first);
-  notify();
+  const std::string first(text);  // it may be the text of a cell that moves
+  insertRows(at, 1);
+  setText(at, 0, first);
 }
 
 void Grid::removeItem(int row) {
   if (row < fixedRows_ || row >= rows_ || rows_ <= fixedRows_ + 1) raiseSubscript();
-  const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(row) * cols_;
-  cells_.erase(first, first + cols_);
-  --rows_;
-  clampCurrent();
-  notify();
+  eraseRows(row, 1);
 }
 
 const Grid::ColumnLook& Grid::look(int col) const {
@@ -135,26 +173,15 @@ void Grid::setFixedAlign(int col, Align align) {
   notify();
 }
 
+Content Grid::content(int col) const { return look(col).content; }
+
+void Grid::setContent(int col, Content content) {
+  look(col).content = content;
+  notify();
+}
+
 void Grid::setRowHeight(int twips) {
   rowHeight_ = twips;
-  notify();
-}
-
-void Grid::setRow(int row) { setCurrent(row, col_); }
-
-void Grid::setCol(int col) { setCurrent(row_, col); }
-
-void Grid::setCurrent(int row, int col) {
-  index(row, col);
-  row_ = rowSel_ = keyRow_ = row;
-  col_ = colSel_ = keyCol_ = col;
-  notify();
-}
-
-void Grid::selectWholeRow() {
-  rowSel_ = row_;
-  col_ = 0;
-  colSel_ = cols_ - 1;
   notify();
 }
 
@@ -168,31 +195,6 @@ bool Grid::isEntry(int row, int col) const {
 
 bool Grid::clickable(int row, int col) const {
   return row >= fixedRows_ && row < rows_ && col >= fixedCols_ && col < cols_ && colWidth(col) > 0;
-}
-
-void Grid::click(int row, int col) {
-  if (!clickable(row, col)) raiseSubscript();
-  if (!enabled()) return;
-  setCurrent(row, col);
-  onClick();
-}
-
-void Grid::moveTo(int row, int col) {
-  if (!clickable(row, col)) raiseSubscript();
-  setCurrent(row, col);
-}
-
-void Grid::selectTo(int row, int col) {
-  if (!clickable(row, col)) raiseSubscript();
-  rowSel_ = row;
-  colSel_ = col;
-  notify();
-}
-
-void Grid::pressKey(char32_t code) {
-  const bool writes = code >= U' ' && code != 0x7F;
-  if (!enabled() || !(writes || code == key::enter || code == key::backspace)) return;
-  if (onKeyPress) onKeyPress(code);
 }
 
 void Grid::observeGrid(GridObserver* observer) {

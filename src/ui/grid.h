@@ -2,16 +2,44 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/history.h"
 
 namespace ui {
 
 /// How the texts of a grid column stand in their cells.
 enum class Align { Left, Right, Center };
+
+/// What the texts of a column are to be, blank ones aside.
+enum class Content {
+  Anything,
+  Number,   ///< a number and nothing else
+  Date,     ///< a day of the calendar, as text::Date reads it
+  Latitude  ///< degrees, "°" and minutes below 60, from −90 to 90 degrees
+};
+
+/// The place of a cell, counted as the grid counts.
+struct CellPlace {
+  int row = 0;
+  int col = 0;
+
+  bool operator==(const CellPlace&) const = default;
+};
+
+/// A rectangle of cells; all four edges belong to it.
+struct CellRange {
+  int top = 0;
+  int left = 0;
+  int bottom = 0;
+  int right = 0;
+
+  bool operator==(const CellRange&) const = default;
+};
 
 /// What the operator may do in a cell.
 enum class CellUse {
@@ -55,6 +83,13 @@ class Grid : public Control {
   /// Empties every cell, headers too; the shape stays.
   void clearText();
 
+  /// Adds `count` rows before row `at`, with these cells row by row, or empty ones where none are given.
+  /// Raises Overflow beyond 32,767 rows, Subscript outside the grid.
+  void insertRows(int at, int count, const std::vector<std::string>& cells = {});
+  /// Takes out `count` rows from row `at` on. Raises Subscript outside the grid and where no row would be
+  /// left.
+  void eraseRows(int at, int count);
+
   /// Adds a row at the end, or before row `at`, with `text` in its first column. Raises Overflow beyond
   /// 32,767 rows.
   void addItem(std::string_view text);
@@ -69,15 +104,18 @@ class Grid : public Control {
   void setAlign(int col, Align align);
   Align fixedAlign(int col) const;
   void setFixedAlign(int col, Align align);
+  /// What the texts of the column below the headers are to be.
+  Content content(int col) const;
+  void setContent(int col, Content content);
   /// Row height in twips; 0 leaves it to the font.
   int rowHeight() const { return rowHeight_; }
   void setRowHeight(int twips);
 
   /// The current cell, and the far corner of the selection that starts there.
-  int row() const { return row_; }
-  int col() const { return col_; }
-  int rowSel() const { return rowSel_; }
-  int colSel() const { return colSel_; }
+  int row() const { return place_.row; }
+  int col() const { return place_.col; }
+  int rowSel() const { return place_.rowSel; }
+  int colSel() const { return place_.colSel; }
   /// Moves the current cell; the selection shrinks to it, and keys go to it.
   void setRow(int row);
   void setCol(int col);
@@ -86,9 +124,22 @@ class Grid : public Control {
   /// went to.
   void selectWholeRow();
 
+  /// All of it: current cell, selection and key cell. Set to where it lay before the grid became smaller, it
+  /// moves into the grid.
+  GridPlace place() const { return place_; }
+  void setPlace(const GridPlace& place);
+
+  /// The selected cells.
+  CellRange selection() const;
+  /// True where the headings of the selected columns are selected with them.
+  bool headingsSelected() const { return place_.headings; }
+  /// The cells that an act on a block works on: the selection, or the key cell where the selection is no more
+  /// than the highlight of a clicked row.
+  CellRange block() const;
+
   /// The cell that keys go to: the current cell, or after selectWholeRow the one that was clicked.
-  int keyRow() const { return keyRow_; }
-  int keyCol() const { return keyCol_; }
+  int keyRow() const { return place_.keyRow; }
+  int keyCol() const { return place_.keyCol; }
 
   /// The screen says what may be done in a cell; without that, every cell is Shown.
   void setCellUse(std::function<CellUse(int row, int col)> use) { use_ = std::move(use); }
@@ -104,11 +155,18 @@ class Grid : public Control {
   /// arrows alone.
   bool isEntry(int row, int col) const;
 
+  /// Why the text of a cell is not what its column's content wants, such as "数値ではありません"; empty where
+  /// it is.
+  std::string problem(int row, int col) const;
+
   /// True for a cell that can be clicked: below the headers and not in a hidden column.
   bool clickable(int row, int col) const;
 
   Event onClick;
   std::function<void(char32_t code)> onKeyPress;
+  /// Entries were filled by one act, a paste, a fill or a delete: what Enter in each of them does is to be
+  /// done, once. They come in reading order.
+  std::function<void(const std::vector<CellPlace>& cells)> onBlock;
 
   /// The operator clicks a cell: it becomes the current cell, then onClick. Raises Subscript where it cannot
   /// be clicked.
@@ -116,9 +174,30 @@ class Grid : public Control {
   /// The operator goes to a cell with the keyboard, or stretches the selection to one. No event.
   void moveTo(int row, int col);
   void selectTo(int row, int col);
+  /// The operator marks all that can be seen below the headings; done again, with the headings.
+  void selectAll();
+  /// The operator marks a column with its heading, or stretches such a selection to a column. Raises
+  /// Subscript for a hidden one.
+  void selectColumn(int col);
+  void selectColumnsTo(int col);
+
   /// The operator presses a key. Control characters other than Enter and Backspace write nothing and are not
-  /// passed on.
+  /// passed on. Full-width figures become half-width ones in a cell that takes numbers.
   void pressKey(char32_t code);
+  /// The operator takes back what was typed into the key cell since it was reached or Enter was pressed.
+  void takeBackTyping();
+  /// The operator has edited the key cell in place: its text becomes `text`, then Enter is pressed in it
+  /// where `enter` says so. One act. Nothing in a cell that takes no keys.
+  void takeEdit(std::string_view text, bool enter);
+  /// `text` as it comes into a cell from outside: without control characters; for a cell that takes numbers
+  /// with half-width figures and without blanks at its ends.
+  std::string asTyped(int row, int col, std::string_view text) const;
+
+  /// True where the first character typed into a cell that was just reached replaces its text; off at first.
+  bool replacesTyped() const { return replacesTyped_; }
+  void setReplacesTyped(bool replaces) { replacesTyped_ = replaces; }
+  /// What is typed next begins anew, as in a cell that was just reached.
+  void endTyping() { typedOver_.reset(); }
 
   /// One observer at a time, as every control has; null for none.
   void observeGrid(GridObserver* observer);
@@ -128,28 +207,29 @@ class Grid : public Control {
     int width = 960;
     Align align = Align::Left;
     Align fixedAlign = Align::Left;
+    Content content = Content::Anything;
   };
 
   std::size_t index(int row, int col) const;
   const ColumnLook& look(int col) const;
   ColumnLook& look(int col);
   void clampCurrent();
+  bool recording();
+  void select(const GridPlace& place);
+  int edgeColumn(int step) const;
 
   int rows_ = 2;
   int cols_ = 2;
   int fixedRows_ = 1;
   int fixedCols_ = 0;
   int rowHeight_ = 0;
-  int row_ = 1;
-  int col_ = 0;
-  int rowSel_ = 1;
-  int colSel_ = 0;
-  int keyRow_ = 1;
-  int keyCol_ = 0;
+  GridPlace place_;
   std::vector<std::string> cells_;
   std::vector<ColumnLook> looks_;
   std::function<CellUse(int, int)> use_;
   std::function<bool(int, int)> entry_;
+  std::optional<std::string> typedOver_;  // what the key cell held before it was typed into
+  bool replacesTyped_ = false;
   GridObserver* gridObserver_ = nullptr;
 };
 

@@ -14,6 +14,7 @@ void headGrid(Grid& grid, std::span<const ColumnLook> columns, int rows, int fix
     grid.setColWidth(col, look.width);
     grid.setAlign(col, look.align);
     grid.setFixedAlign(col, look.align);
+    grid.setContent(col, look.content);
   }
 }
 

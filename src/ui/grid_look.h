@@ -12,6 +12,7 @@ struct ColumnLook {
   std::string_view header;
   int width = 0;              ///< twips; 0 hides the column
   Align align = Align::Left;  ///< of the cells and of the header over them
+  Content content = Content::Anything;
 };
 
 /// Empties a grid to `rows` rows, the first of them the header, gives it these columns and makes its first

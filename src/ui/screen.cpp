@@ -48,6 +48,13 @@ void Screen::onKeys(Grid& grid, std::function<void(char32_t)> handler) {
                         char32_t code) { trapped(&desktop_, procedure, [&] { handler(code); }); };
 }
 
+void Screen::onBlock(Grid& grid, std::function<void(const std::vector<CellPlace>&)> handler) {
+  grid.onBlock = [this, procedure = grid.name() + "_KeyPress",
+                  handler = std::move(handler)](const std::vector<CellPlace>& cells) {
+    trapped(&desktop_, procedure, [&] { handler(cells); });
+  };
+}
+
 void Screen::add(Control& control) {
   controls_.push_back(&control);
   byName_.emplace(control.name(), &control);

@@ -9,10 +9,12 @@
 #include "ui/control.h"
 #include "ui/desktop.h"
 #include "ui/finding.h"
+#include "ui/history.h"
 
 namespace ui {
 
 class Grid;
+struct CellPlace;
 
 /// A screen: its caption, its controls by name, and its life from load to unload.
 ///
@@ -28,6 +30,10 @@ class Screen {
   const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
   Desktop& desktop() const { return desktop_; }
+
+  /// What the operator has done to the screen's grids, to be taken back and done again.
+  History& history() { return history_; }
+  const History& history() const { return history_; }
 
   /// The controls in the order in which they were declared.
   const std::vector<Control*>& controls() const { return controls_; }
@@ -69,6 +75,10 @@ class Screen {
   /// Ties a handler to the keys of a grid, under the error trap of the grid's key press ("Grid1_KeyPress").
   void onKeys(Grid& grid, std::function<void(char32_t code)> handler);
 
+  /// Ties a handler to the entries of a grid that one act filled, under the same trap: what Enter would have
+  /// done in each of them, done once.
+  void onBlock(Grid& grid, std::function<void(const std::vector<CellPlace>& cells)> handler);
+
  private:
   friend class Control;
   void add(Control& control);
@@ -79,6 +89,7 @@ class Screen {
   float width_;
   float height_;
   bool loaded_ = false;
+  History history_;
   std::vector<Control*> controls_;
   std::map<std::string, Control*, std::less<>> byName_;
   std::function<void(Screen&)> unloaded_;

@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <QLabel>
 #include <algorithm>
 
 #include "qt/grid_desk.h"
@@ -43,6 +44,13 @@ TEST_F(GridCopy, CtrlAMarksEverything) {
   EXPECT_EQ(where(), "1,0 to 12,4");
 }
 
+TEST_F(GridCopy, CtrlATwiceTakesTheHeadingsToo) {
+  key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(copied().starts_with("1-0\t1-1\t1-3"));
+  key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(copied().starts_with("見出0\t見出1\t見出3\t見出4\n1-0"));
+}
+
 class GridPaste : public GridDesk {
  protected:
   void paste(const QString& text) {
@@ -51,7 +59,7 @@ class GridPaste : public GridDesk {
   }
 };
 
-TEST_F(GridPaste, LinesGoDownTheColumnEachWithEnter) {
+TEST_F(GridPaste, LinesGoDownTheColumnAsOneAct) {
   grid_.setCurrent(2, 1);
   paste("12\r\n-3\r\n\r\n7\r\n");
   EXPECT_EQ(grid_.text(2, 1), "12");
@@ -59,7 +67,8 @@ TEST_F(GridPaste, LinesGoDownTheColumnEachWithEnter) {
   EXPECT_EQ(grid_.text(4, 1), "") << "an empty line empties its entry";
   EXPECT_EQ(grid_.text(5, 1), "7");
   EXPECT_EQ(grid_.text(6, 1), "6-1");
-  EXPECT_EQ(std::count(keys_.begin(), keys_.end(), U'\r'), 4);
+  EXPECT_EQ(view_.undoName(), "貼り付け");
+  EXPECT_EQ(keys_, U"");
 }
 
 TEST_F(GridPaste, CellsThatTakeNoKeysArePassedOver) {
@@ -78,14 +87,15 @@ TEST_F(GridPaste, StopsAtTheLastEntry) {
   EXPECT_EQ(grid_.rows(), 13);
 }
 
-TEST_F(GridPaste, NothingIsPastedWhereNothingMayBeTypedNorFromSeveralColumns) {
-  grid_.setCurrent(2, 3);
-  paste("9");
-  EXPECT_EQ(grid_.text(2, 3), "2-3");
-  grid_.setCurrent(2, 1);
+TEST_F(GridPaste, SaysWhatWasTakenAndWhatWasPassedOver) {
+  const auto& note = *view_.findChild<QLabel*>("gridNote");
+  EXPECT_FALSE(note.isVisible());
+  grid_.setCurrent(2, 0);
   paste("9\t8");
-  EXPECT_EQ(grid_.text(2, 1), "2-1");
-  EXPECT_EQ(keys_, U"");
+  EXPECT_EQ(grid_.text(2, 0), "2-0");
+  EXPECT_EQ(grid_.text(2, 1), "8");
+  EXPECT_TRUE(note.isVisible());
+  EXPECT_EQ(note.text(), "1 個のセルに入力しました。 1 個は飛ばしました。");
 }
 
 }  // namespace

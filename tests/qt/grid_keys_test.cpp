@@ -1,4 +1,7 @@
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTest>
 
 #include "qt/grid_desk.h"
 
@@ -72,15 +75,32 @@ TEST_F(GridKeys, ShortcutsAreNoText) {
   EXPECT_EQ(keys_, U"@") << "AltGr writes";
 }
 
-TEST_F(GridKeys, DeleteEmptiesACellThatCanBeTypedInto) {
-  grid_.setCurrent(2, 4);
-  grid_.setText(2, 4, "標石𠮷");
+TEST_F(GridKeys, DeleteEmptiesTheEntriesOfTheSelectionAtOnce) {
+  grid_.setCurrent(2, 1);
+  grid_.selectTo(3, 4);
   key(Qt::Key_Delete);
-  EXPECT_EQ(grid_.text(2, 4), "");
-  EXPECT_EQ(keys_, U"\b\b\b");
-  grid_.setCurrent(2, 0);
-  key(Qt::Key_Delete);
-  EXPECT_EQ(grid_.text(2, 0), "2-0");
+  EXPECT_EQ(grid_.text(2, 1) + grid_.text(3, 1) + grid_.text(2, 4) + grid_.text(3, 4), "");
+  EXPECT_EQ(grid_.text(2, 3), "2-3");
+  EXPECT_EQ(keys_, U"") << "no keys are typed for it";
+  key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(grid_.text(2, 1), "2-1");
+  key(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(grid_.text(2, 1), "");
+}
+
+TEST_F(GridKeys, EscTakesBackWhatWasTyped) {
+  grid_.setCurrent(2, 1);
+  key(Qt::Key_5, Qt::NoModifier, "5");
+  key(Qt::Key_6, Qt::NoModifier, "6");
+  key(Qt::Key_Escape);
+  EXPECT_EQ(grid_.text(2, 1), "2-1");
+}
+
+TEST_F(GridKeys, CtrlDFillsDownwards) {
+  grid_.setCurrent(2, 1);
+  grid_.selectTo(4, 1);
+  key(Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(grid_.text(3, 1) + grid_.text(4, 1), "2-12-1");
 }
 
 TEST_F(GridKeys, InputMethodsComeInWhereTextMayBeTyped) {
@@ -105,32 +125,41 @@ TEST_F(GridKeys, InputMethodsStayOutOfFigures) {
   EXPECT_EQ(grid_.text(1, 1), "1-1");
 }
 
-TEST_F(GridKeys, F2GoesFromEntryToEntryAndRound) {
-  grid_.setCurrent(12, 0);  // where the loading of a route ends
-  key(Qt::Key_F2);
-  EXPECT_EQ(where(), "12,1 to 12,1");
-  key(Qt::Key_F2);
-  EXPECT_EQ(where(), "1,1 to 1,1");
-  key(Qt::Key_F2);
-  EXPECT_EQ(where(), "2,1 to 2,1");
-  key(Qt::Key_F2, Qt::ShiftModifier);
-  key(Qt::Key_F2, Qt::ShiftModifier);
+TEST_F(GridKeys, TabGoesFromEntryToEntryAndOutBehindTheLast) {
+  QLineEdit elsewhere(open_.window().centralWidget());
+  elsewhere.show();
+  grid_.setCurrent(11, 1);
+  key(Qt::Key_Tab, Qt::NoModifier, "\t");
+  EXPECT_EQ(where(), "11,4 to 11,4");
+  key(Qt::Key_Tab, Qt::NoModifier, "\t");
   EXPECT_EQ(where(), "12,1 to 12,1");
   EXPECT_TRUE(view_.viewport()->rect().contains(view_.visualRect(view_.indexOf(12, 1))));
-}
-
-TEST_F(GridKeys, F2StaysWhereNothingTakesFigures) {
-  grid_.setCellUse([](int, int) { return ui::CellUse::Shown; });
-  grid_.setCurrent(3, 3);
-  key(Qt::Key_F2);
-  EXPECT_EQ(where(), "3,3 to 3,3");
-}
-
-TEST_F(GridKeys, TabLeavesTheGrid) {
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(where(), "11,4 to 11,4");
+  grid_.setCurrent(12, 4);
   key(Qt::Key_Tab, Qt::NoModifier, "\t");
-  EXPECT_NE(open_.window().focusWidget(), &view_);
+  EXPECT_EQ(open_.window().focusWidget(), &elsewhere);
+  EXPECT_EQ(where(), "12,4 to 12,4");
   EXPECT_EQ(keys_, U"");
-  EXPECT_EQ(where(), "1,0 to 1,0");
+}
+
+TEST_F(GridKeys, TabLeavesATableWithoutEntriesAndPassesTheHeadersOfPagesBy) {
+  grid_.setCellUse([](int, int) { return ui::CellUse::Shown; });
+  QLineEdit elsewhere(open_.window().centralWidget());
+  elsewhere.show();
+  key(Qt::Key_Tab, Qt::NoModifier, "\t");
+  EXPECT_EQ(open_.window().focusWidget(), &elsewhere);
+  hands::key(elsewhere, Qt::Key_Tab, "\t");
+  EXPECT_EQ(open_.window().focusWidget(), &view_) << "and not a header in between";
+}
+
+TEST_F(GridKeys, CtrlTabTurnsThePage) {
+  auto& pages = open_.widget<QTabWidget>(open_.screen.SSTab1);
+  QApplication::setActiveWindow(&open_.window());
+  QTest::keyClick(&view_, Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(pages.currentIndex(), 1);
+  QTest::keyClick(open_.window().focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(pages.currentIndex(), 0);
 }
 
 TEST_F(GridKeys, AfterAClickThatMarksTheRowKeysGoToTheClickedCell) {

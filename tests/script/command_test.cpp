@@ -68,6 +68,20 @@ TEST(ParseLine, Numbers) {
   EXPECT_EQ(resize.height, 6075);
 }
 
+TEST(ParseLine, ActsOnAGrid) {
+  EXPECT_EQ(parsed<script::Paste>(R"(paste Grid1 "1\t2\n3")").text, "1\t2\n3");
+  EXPECT_EQ(parsed<script::Copy>("copy Grid1 1 2 3 4").from, (ui::CellPlace{1, 2}));
+  EXPECT_EQ(parsed<script::Copy>("copy Grid1 1 2 3 4").to, (ui::CellPlace{3, 4}));
+  EXPECT_EQ(parsed<script::Delete>("delete Grid1 1 2 3 4").to, (ui::CellPlace{3, 4}));
+  EXPECT_EQ(parsed<script::Edit>("edit Grid1 2 3 \"橋 上\"").cell, (ui::CellPlace{2, 3}));
+  EXPECT_EQ(parsed<script::Edit>("edit Grid1 2 3 \"橋 上\"").text, "橋 上");
+  EXPECT_EQ(parsed<script::Undo>("undo Grid1").grid, "Grid1");
+  EXPECT_EQ(parsed<script::Redo>("redo Grid2").grid, "Grid2");
+  EXPECT_EQ(parsed<script::Find>("find Grid1 BM1").text, "BM1");
+  EXPECT_NE(reasonOf("copy Grid1 1 2"), "understood");
+  EXPECT_NE(reasonOf("delete Grid1 1 2 3 -4"), "understood");
+}
+
 TEST(ParseLine, NumbersMustBeWhole) {
   for (const char* bad : {"-1", "1.5", "+1", "a", "\"\"", "1a", "2147483648"})
     EXPECT_NE(reasonOf("cell Grid1 1 " + std::string(bad)), "understood") << bad;

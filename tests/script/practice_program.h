@@ -68,6 +68,7 @@ class PracticeScreen : public ui::Screen {
     Grid1.setText(1, 0, "a\tb\nc\\d");
     Grid1.setText(2, 1, "\"35.1\"");
     Grid1.setColWidth(2, 0);
+    Grid1.setCellUse([](int, int col) { return col == 1 ? ui::CellUse::Text : ui::CellUse::Shown; });
   }
 
   void handleEvents() {

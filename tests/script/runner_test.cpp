@@ -132,6 +132,38 @@ TEST_F(RunnerTest, ClicksCellsAndPressesKeys) {
   EXPECT_EQ(out.str().substr(0, out.str().find('\n')), "Grid1: 3 rows, 3 columns, current 2,1 to 2,1");
 }
 
+// The grid of the practice screen takes text in column 1; it shows what it holds and sums up nothing.
+TEST_F(RunnerTest, PastesCopiesDeletesAndEdits) {
+  EXPECT_EQ(run("cell Grid1 1 1\npaste Grid1 \"東\\t西\\n南\"\ncopy Grid1 1 0 2 1\nedit Grid1 2 1 北\n"
+                "delete Grid1 1 1 1 1\ncopy Grid1 1 1 2 1\nfind Grid1 北\nfind Grid1 無"),
+            Ending::Done);
+  EXPECT_EQ(out.str(),
+            "pasted: 2 taken, 1 passed over\n"
+            "copied: \"a b c\\\\d\\t東\\n\\t南\"\n"
+            "copied: \"\\n北\"\n"
+            "found: 2,1\n"
+            "found: nothing\n");
+}
+
+TEST_F(RunnerTest, GoesBackAndForwardThroughWhatWasDone) {
+  EXPECT_EQ(run("undo Grid1\npaste Grid1 x\ncell Grid1 1 1\npaste Grid1 東\nundo Grid1\nundo Grid1\n"
+                "redo Grid1\nredo Grid1\nshow Grid1"),
+            Ending::Done);
+  EXPECT_EQ(out.str(),
+            "undo: nothing\npasted: 0 taken, 1 passed over\npasted: 1 taken, 0 passed over\n"
+            "undo: 貼り付け\nundo: nothing\nredo: 貼り付け\nredo: nothing\n"
+            "Grid1: 3 rows, 3 columns, current 1,1 to 1,1\n"
+            "0\t水準点\t\t\n1\ta\\tb\\nc\\\\d\t東\t\n2\t\t\"35.1\"\t\n");
+}
+
+TEST_F(RunnerTest, RefusesWhatCannotBeEditedOrSelected) {
+  EXPECT_EQ(refusal("edit Grid1 1 0 x"), "「Grid1」のセル 1,0 には入力できません。");
+  EXPECT_EQ(refusal("edit Grid1 1 2 x"), "「Grid1」に、クリックできるセル 1,2 はありません。");
+  EXPECT_EQ(refusal("copy Grid1 0 0 1 0"), "「Grid1」に、クリックできるセル 0,0 はありません。");
+  EXPECT_EQ(refusal("delete Grid1 1 0 3 0"), "「Grid1」に、クリックできるセル 3,0 はありません。");
+  EXPECT_EQ(refusal("undo label"), "「label」はラベルなので、この操作はできません。");
+}
+
 TEST_F(RunnerTest, BringsThePagesOfAControlToTheFrontOutermostFirst) {
   EXPECT_EQ(run("click deep\nshow SSTab1\nshow inner\ncell Grid1 1 0\nshow SSTab1"), Ending::Done);
   EXPECT_EQ(seen(), "deep cell ");

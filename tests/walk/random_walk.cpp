@@ -40,5 +40,8 @@ int main(int argc, char** argv) {
       static_cast<std::uint32_t>(std::atoi(argv[1])), std::atoi(argv[2]),
       [&program] { return program.screen(); }, record);
   std::istream lines(&walker);
-  return static_cast<int>(script::Runner(program, *hands, std::cout, std::cerr).run(lines));
+  const auto ending = script::Runner(program, *hands, std::cout, std::cerr).run(lines);
+  if (walker.broken().empty()) return static_cast<int>(ending);
+  std::cerr << "the history leads elsewhere; " << walker.broken();
+  return 3;
 }

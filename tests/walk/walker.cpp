@@ -1,5 +1,6 @@
 #include "walker.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -11,6 +12,27 @@ namespace {
 bool leads(const ui::Control& control) {
   const std::string_view name = control.name();
   return name == "Command3" || name == "mitem(2)" || name == "m1item(2)" || name == "m1item";
+}
+
+const ui::Grid* asGrid(const ui::Control* control) {
+  return control->kind() == ui::Kind::Grid ? static_cast<const ui::Grid*>(control) : nullptr;
+}
+
+const ui::Control* firstGrid(const ui::Screen& screen) {
+  return *std::find_if(screen.controls().begin(), screen.controls().end(), asGrid);
+}
+
+/// Every text of the screen's tables.
+std::string shown(const ui::Screen& screen) {
+  std::string all;
+  for (const ui::Control* control : screen.controls()) {
+    const ui::Grid* grid = asGrid(control);
+    for (int row = 0; grid != nullptr && row < grid->rows(); ++row) {
+      for (int col = 0; col < grid->cols(); ++col) all += grid->text(row, col) + "\t";
+      all += "\n";
+    }
+  }
+  return all;
 }
 
 std::string quoted(std::string_view text) {
@@ -25,7 +47,7 @@ std::string quoted(std::string_view text) {
 }  // namespace
 
 Walker::int_type Walker::underflow() {
-  if (steps_-- <= 0 || screen_() == nullptr) return traits_type::eof();
+  if (!broken_.empty() || steps_-- <= 0 || screen_() == nullptr) return traits_type::eof();
   line_ = nextLine() + "\n";
   record_ << line_ << std::flush;
   setg(line_.data(), line_.data(), line_.data() + line_.size());
@@ -39,6 +61,9 @@ int Walker::below(int limit) {
 
 std::string Walker::nextLine() {
   const ui::Screen& screen = *screen_();
+  if (screen.history().undoName().empty() && screen.history().redoName().empty())
+    atBeginning_ = shown(screen);
+  if (rewinding_ != Rewinding::No) return rewind(screen);
   switch (below(40)) {
     case 0:
       return "messages";
@@ -48,6 +73,13 @@ std::string Walker::nextLine() {
       return "resize " + std::to_string(3000 + below(20000)) + " " + std::to_string(3000 + below(12000));
     case 3:
       return below(8) == 0 && screen.name() != "SeikMenu" ? "close" : "screen";
+    case 4:
+      if (screen.history().redoName().empty() && !screen.history().undoName().empty()) {
+        rewinding_ = Rewinding::Back;
+        before_ = shown(screen);
+        return rewind(screen);
+      }
+      break;
     default:
       break;
   }
@@ -100,13 +132,77 @@ std::string Walker::write(const ui::TextBox& box) {
   return (below(3) == 0 && !text.empty() && !isDate ? "type " : "enter ") + box.name() + " " + quoted(text);
 }
 
-/// A click on a cell, or keys into the cell that has them.
+/// One step further through the history. At its ends the tables are compared.
+std::string Walker::rewind(const ui::Screen& screen) {
+  const ui::Control* grid = firstGrid(screen);
+  if (rewinding_ == Rewinding::Back) {
+    if (!screen.history().undoName().empty()) return "undo " + grid->name();
+    expect(atBeginning_, screen);
+    rewinding_ = Rewinding::Forward;
+    return "show " + grid->name();
+  }
+  if (!screen.history().redoName().empty()) return "redo " + grid->name();
+  expect(before_, screen);
+  rewinding_ = Rewinding::No;
+  return "show " + grid->name();
+}
+
+void Walker::expect(const std::string& wanted, const ui::Screen& screen) {
+  if (const std::string now = shown(screen); now != wanted) broken_ = "wanted:\n" + wanted + "shown:\n" + now;
+}
+
+/// A click on a cell, keys into the cell that has them, or an act on a block.
 std::string Walker::work(const ui::Grid& grid) {
   if (below(2) == 0) return "key " + grid.name() + " " + keys();
+  if (below(2) == 0) return block(grid);
   const int row = below(grid.rows());
   const int col = below(grid.cols());
   if (!grid.clickable(row, col)) return look(grid);
   return "cell " + grid.name() + " " + std::to_string(row) + " " + std::to_string(col);
+}
+
+std::string Walker::block(const ui::Grid& grid) {
+  static constexpr std::array<std::string_view, 5> wanted = {"A1", "１０", "橋", "0.5", "無い"};
+  switch (below(7)) {
+    case 0:
+    case 1:
+      return paste(grid);
+    case 2:
+      return onCells("copy", grid);
+    case 3:
+      return onCells("delete", grid);
+    case 4:
+      return edit(grid);
+    case 5:
+      return (below(2) == 0 ? "undo " : "redo ") + grid.name();
+    default:
+      return "find " + grid.name() + " " +
+             std::string(wanted[static_cast<std::size_t>(below(static_cast<int>(wanted.size())))]);
+  }
+}
+
+std::string Walker::onCells(std::string_view act, const ui::Grid& grid) {
+  const int corners[] = {below(grid.rows()), below(grid.cols()), below(grid.rows()), below(grid.cols())};
+  if (!grid.clickable(corners[0], corners[1]) || !grid.clickable(corners[2], corners[3])) return look(grid);
+  std::string line = std::string(act) + " " + grid.name();
+  for (const int corner : corners) line += " " + std::to_string(corner);
+  return line;
+}
+
+std::string Walker::paste(const ui::Grid& grid) {
+  static constexpr std::array<std::string_view, 6> texts = {
+      "1\\n-2\\n3.5", "5\\t橋\\n\\n6\\t坂", "１２", "x\\ty\\tz", "", "\\n\\n\\n"};
+  return "paste " + grid.name() + " \"" +
+         std::string(texts[static_cast<std::size_t>(below(static_cast<int>(texts.size())))]) + "\"";
+}
+
+std::string Walker::edit(const ui::Grid& grid) {
+  static constexpr std::array<std::string_view, 5> texts = {"12", "－３．５", "橋 上", "", "2022/05/11"};
+  const int row = below(grid.rows());
+  const int col = below(grid.cols());
+  if (!grid.clickable(row, col) || grid.cellUse(row, col) == ui::CellUse::Shown) return look(grid);
+  return "edit " + grid.name() + " " + std::to_string(row) + " " + std::to_string(col) + " " +
+         quoted(texts[static_cast<std::size_t>(below(static_cast<int>(texts.size())))]);
 }
 
 std::string Walker::keys() {

@@ -1,0 +1,145 @@
+#include "ui/history.h"
+
+#include <algorithm>
+#include <iterator>
+#include <new>
+
+#include "ui/grid.h"
+
+namespace ui {
+
+History::Act::Act(History* history, std::string_view name) : Act(history, name, nullptr) {}
+
+History::Act::Act(History* history, std::string_view name, Grid* typedInto) : history_(history) {
+  if (history_ != nullptr) history_->begin(name, typedInto);
+}
+
+History::Act History::Act::typed(History* history, Grid& grid) { return {history, act::typing, &grid}; }
+
+History::Act::~Act() {
+  if (history_ != nullptr) history_->end();
+}
+
+void History::begin(std::string_view name, Grid* typedInto) {
+  if (depth_++ > 0) return;
+  restarted_ = false;
+  present_ = {};
+  present_.name = name;
+  present_.before = places();
+  if (typedInto != nullptr) {
+    present_.typedInto = typedInto;
+    present_.row = typedInto->keyRow();
+    present_.col = typedInto->keyCol();
+  } else {
+    typingGoesOn_ = false;
+    for (Grid* grid : grids_) grid->endTyping();
+  }
+  keptBefore_.clear();
+  for (const Kept& kept : kept_) keptBefore_.push_back(kept.take());
+}
+
+/// Where memory runs out the act stands, but nothing can be taken back any more.
+void History::end() {
+  if (--depth_ > 0) return;
+  try {
+    if (!restarted_) finish();
+  } catch (const std::bad_alloc&) {
+    restart();
+  }
+  restarted_ = false;
+  present_ = {};
+}
+
+void History::finish() {
+  reduce(present_.changes);
+  noteKept();
+  if (present_.changes.empty() && present_.kept.empty()) return;
+  present_.after = places();
+  continuesTyping() ? takeIntoLast() : push();
+}
+
+void History::noteKept() {
+  for (std::size_t i = 0; i < kept_.size(); ++i) {
+    std::any now = kept_[i].take();
+    if (!kept_[i].same(keptBefore_[i], now))
+      present_.kept.push_back({i, std::move(keptBefore_[i]), std::move(now)});
+  }
+}
+
+bool History::continuesTyping() const {
+  if (!typingGoesOn_ || present_.typedInto == nullptr || done_ == 0 || done_ != steps_.size()) return false;
+  const Step& last = steps_.back();
+  return last.typedInto == present_.typedInto && last.row == present_.row && last.col == present_.col;
+}
+
+void History::takeIntoLast() {
+  Step& last = steps_.back();
+  bytes_ -= last.bytes;
+  std::move(present_.changes.begin(), present_.changes.end(), std::back_inserter(last.changes));
+  std::move(present_.kept.begin(), present_.kept.end(), std::back_inserter(last.kept));
+  reduce(last.changes);
+  last.after = present_.after;
+  last.bytes = size(last);
+  bytes_ += last.bytes;
+  typingGoesOn_ = !last.changes.empty() || !last.kept.empty();
+  if (!typingGoesOn_) dropLast();
+}
+
+void History::push() {
+  while (steps_.size() > done_) dropLast();
+  typingGoesOn_ = present_.typedInto != nullptr;
+  present_.changes.shrink_to_fit();
+  present_.bytes = size(present_);
+  bytes_ += present_.bytes;
+  steps_.push_back(std::move(present_));
+  ++done_;
+  trim();
+}
+
+void History::dropLast() {
+  bytes_ -= steps_.back().bytes;
+  steps_.pop_back();
+  done_ = std::min(done_, steps_.size());
+}
+
+void History::trim() {
+  for (; bytes_ > mostBytes_ && !steps_.empty(); --done_) {
+    bytes_ -= steps_.front().bytes;
+    steps_.pop_front();
+  }
+}
+
+void History::restart() {
+  steps_.clear();
+  done_ = 0;
+  bytes_ = 0;
+  present_.changes.clear();
+  restarted_ = depth_ > 0;
+  typingGoesOn_ = false;
+  ++beginnings_;
+  for (Grid* grid : grids_) grid->endTyping();
+}
+
+void History::changedByItself() {
+  if (depth_ == 0 && !moving_ && !steps_.empty()) restart();
+}
+
+std::vector<GridPlace> History::places() const {
+  std::vector<GridPlace> places;
+  for (const Grid* grid : grids_) places.push_back(grid->place());
+  return places;
+}
+
+std::string History::undo() {
+  if (depth_ > 0 || done_ == 0) return {};
+  run(steps_[--done_], false);
+  return steps_[done_].name;
+}
+
+std::string History::redo() {
+  if (depth_ > 0 || done_ == steps_.size()) return {};
+  run(steps_[done_++], true);
+  return steps_[done_ - 1].name;
+}
+
+}  // namespace ui
