@@ -5,7 +5,6 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <set>
 #include <stdexcept>
@@ -21,7 +20,7 @@ class AllScreens : public testing::Test {
  protected:
   AllScreens() {
     screens_.push_back(std::make_unique<shell::SeikMenu>(
-        commandLine_, desktop_, context_, [](std::size_t) {}, std::array<bool, 5>{}));
+        commandLine_, desktop_, context_, [](std::size_t) {}));
     for (const shell::ScreenMaker& maker : shell::calculations())
       if (maker) screens_.push_back(maker(context_, desktop_));
   }
