@@ -135,8 +135,8 @@ bool fDHsei::reopenData(const route::Selection& selection) {
   return FcDaenSetLstHyouseki(Grid1, LstHyousekiNo1, LstHyousekiNo2) && whole;
 }
 
-void fDHsei::saveData(const route::Selection& selection) {
-  if (FcDHseiSave(selection, context_, Grid1)) FcDaenHoseichiHyouSave(selection, context_, Grid2);
+bool fDHsei::saveData(const route::Selection& selection) {
+  return FcDHseiSave(selection, context_, Grid1) && FcDaenHoseichiHyouSave(selection, context_, Grid2);
 }
 
 void fDHsei::keepNumeric(ui::TextBox& box) {

@@ -38,7 +38,7 @@ class fDHsei : public route::RouteScreen {
   void setUpGrids() override;
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
-  void saveData(const route::Selection& selection) override;
+  bool saveData(const route::Selection& selection) override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
 

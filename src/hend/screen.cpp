@@ -112,8 +112,10 @@ bool fHHsei::reopenData(const route::Selection& selection) {
   return whole;
 }
 
-void fHHsei::saveData(const route::Selection& selection) {
-  if (FcHendDBSave(selection, context_, Grid1, txtKijunbi.text())) route::reportSaved(desktop());
+bool fHHsei::saveData(const route::Selection& selection) {
+  if (!FcHendDBSave(selection, context_, Grid1, txtKijunbi.text())) return false;
+  route::reportSaved(desktop());
+  return true;
 }
 
 void fHHsei::clear() {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/settings.h"
 #include "platform/system.h"
 #include "qt/application.h"
 #include "qt/convert.h"
@@ -42,6 +43,7 @@ class Session {
  private:
   DesktopOwner owner() {
     return {.ask = ask,
+            .safeguards = [this] { return settings_.flag("safeguards", true); },
             .failed = [this](std::exception_ptr error) { fail(error); },
             .settled = [this] { endWithoutScreen(); },
             .sweep = [this] { program_.sweep(); },
@@ -63,6 +65,7 @@ class Session {
     QApplication::exit(status_);
   }
 
+  platform::Settings settings_{platform::settingsFile()};
   int status_ = 0;
   WindowDesktop desktop_;
   shell::Program program_;

@@ -122,7 +122,7 @@ bool ScreenWindow::hasGrid() const {
 /// The close box ends the screen; the window goes when the screen has gone.
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(screen_ == nullptr);
-  if (screen_ != nullptr) host_.act([this] { screen_->unload(); });
+  if (screen_ != nullptr) host_.act([this] { screen_->leave(); });
 }
 
 bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -2,6 +2,8 @@
 
 #include "report/measure.h"
 #include "route/heading.h"
+#include "route/safeguards.h"
+#include "text/padding.h"
 #include "ui/grid_helpers.h"
 
 namespace route {
@@ -26,12 +28,15 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
                              &reopenButton});
   on(cmbJIgyoBango1.onClick, "cmbJIgyoBango1_Click", [this] { observed_.fillRoutes(); });
   on(cmbJIgyoBango2.onClick, "cmbJIgyoBango2_Click", [this] { saved_.fillRoutes(); });
-  on(clearItem.onClick, names.menuItem + "_Click", [this] { clear(); });
+  on(clearItem.onClick, names.menuItem + "_Click", [this] {
+    if (mayLoseWork()) clear();
+  });
   on(saveItem.onClick, names.menuItem + "_Click", [this] { save(); });
-  exitItem.onClick.handle([this] { unload(); });
+  exitItem.onClick.handle([this] { leave(); });
 }
 
 void SelectionScreen::open(const SelectionSet& set, Reader read) {
+  if (!mayLoseWork()) return;
   const ui::Hourglass wait(desktop());
   const Selection selection = set.selection();
   history().restart();
@@ -68,10 +73,18 @@ void SelectionScreen::clear() {
   opening_.clear();
 }
 
-void SelectionScreen::save() {
-  if (!opened_.isOpen() || !opening_.maySave(desktop())) return;
+bool SelectionScreen::save() {
+  if (!opened_.isOpen() || !opening_.maySave(desktop()) || !maySaveWith(desktop(), findings())) return false;
   const ui::Hourglass wait(desktop());
-  saveData(opened_.selection());
+  if (!saveData(opened_.selection())) return false;
+  history().markSaved();
+  return true;
+}
+
+bool SelectionScreen::mayLoseWork() {
+  if (!opened_.isOpen()) return true;
+  const std::string what = "路線 " + std::string(text::trimmed(lblRosenbango.text()));
+  return mayLose(desktop(), what, history().unsavedCells(), [this] { return save(); });
 }
 
 }  // namespace route

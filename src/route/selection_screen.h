@@ -68,8 +68,9 @@ class SelectionScreen : public ui::Screen, public report::Source {
   virtual bool openData(const Selection& selection) = 0;
   /// Fills the grids from saved results. Returns true where no error was reported.
   virtual bool reopenData(const Selection& selection) = 0;
-  /// Saves the grids under the keys of the labels and tells the operator where all went well.
-  virtual void saveData(const Selection& selection) = 0;
+  /// Saves the grids under the keys of the labels and tells the operator where all went well; returns true
+  /// then.
+  virtual bool saveData(const Selection& selection) = 0;
   /// The grids as a document, without the heading of job and selection. `route`: number of the opened route.
   virtual report::Document tables(const std::string& route) const = 0;
   /// The height profile of the route in the grids.
@@ -99,7 +100,9 @@ class SelectionScreen : public ui::Screen, public report::Source {
 
   using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);
-  void save();
+  bool save();
+  bool mayLeave() override { return mayLoseWork(); }
+  bool mayLoseWork();
 };
 
 }  // namespace route

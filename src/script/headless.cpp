@@ -84,7 +84,7 @@ class HeadlessHands : public Hands {
   void resize(ui::Screen& screen, int width, int height) override {
     screen.resize(static_cast<float>(width), static_cast<float>(height));
   }
-  void close(ui::Screen& screen) override { screen.unload(); }
+  void close(ui::Screen& screen) override { screen.leave(); }
 
   Reading read(const ui::Control& control) override;
   Size size(const ui::Control& control) override {

@@ -60,8 +60,10 @@ bool fSHsei::openData(const route::Selection& selection) { return FcDBOpen(selec
 
 bool fSHsei::reopenData(const route::Selection& selection) { return FcDBReOpen(selection, context_, Grid1); }
 
-void fSHsei::saveData(const route::Selection& selection) {
-  if (FcDbSave(selection, context_, Grid1)) route::reportSaved(desktop());
+bool fSHsei::saveData(const route::Selection& selection) {
+  if (!FcDbSave(selection, context_, Grid1)) return false;
+  route::reportSaved(desktop());
+  return true;
 }
 
 ui::Findings fSHsei::findings() const { return checks(Grid1, context_.grade()); }

@@ -83,8 +83,10 @@ bool fTHsei::reopenData(const route::Selection& selection) {
   return FcDBReOpen(selection, context_, Grid1, {lstSuijyun, lstKiti});
 }
 
-void fTHsei::saveData(const route::Selection& selection) {
-  if (FcDbSave(selection, context_, Grid1)) route::reportSaved(desktop());
+bool fTHsei::saveData(const route::Selection& selection) {
+  if (!FcDbSave(selection, context_, Grid1)) return false;
+  route::reportSaved(desktop());
+  return true;
 }
 
 void fTHsei::clear() {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <new>
+#include <tuple>
 
 #include "ui/grid.h"
 
@@ -44,7 +46,7 @@ void History::end() {
   try {
     if (!restarted_) finish();
   } catch (const std::bad_alloc&) {
-    restart();
+    forget(false);
   }
   restarted_ = false;
   present_ = {};
@@ -86,6 +88,7 @@ void History::takeIntoLast() {
 }
 
 void History::push() {
+  if (saved_ && *saved_ > done_) saved_.reset();
   while (steps_.size() > done_) dropLast();
   typingGoesOn_ = present_.typedInto != nullptr;
   present_.changes.shrink_to_fit();
@@ -106,10 +109,15 @@ void History::trim() {
   for (; bytes_ > mostBytes_ && !steps_.empty(); --done_) {
     bytes_ -= steps_.front().bytes;
     steps_.pop_front();
+    if (saved_) saved_ = *saved_ > 0 ? std::optional(*saved_ - 1) : std::nullopt;
   }
 }
 
-void History::restart() {
+void History::restart() { forget(true); }
+
+/// Starts anew; `saved`: what the grids hold from here on is as good as saved.
+void History::forget(bool saved) {
+  saved_ = saved ? std::optional<std::size_t>(0) : std::nullopt;
   steps_.clear();
   done_ = 0;
   bytes_ = 0;
@@ -121,7 +129,36 @@ void History::restart() {
 }
 
 void History::changedByItself() {
-  if (depth_ == 0 && !moving_ && !steps_.empty()) restart();
+  if (depth_ == 0 && !moving_ && !steps_.empty()) forget(unsavedCells() == 0);
+}
+
+void History::markSaved() {
+  stopTyping();
+  saved_ = done_;
+}
+
+int History::unsavedCells() const {
+  struct Texts {
+    const std::string* first;
+    const std::string* last;
+  };
+  std::map<std::tuple<const Grid*, int, int>, Texts> cells;
+  std::size_t inRows = 0;
+  const std::size_t saved = saved_.value_or(0);
+  const std::size_t from = std::min(saved, done_);
+  const std::size_t to = std::max(saved, done_);
+  for (std::size_t step = from; step < to; ++step)
+    for (const Change& change : steps_[step].changes)
+      if (const auto* rows = std::get_if<RowsChange>(&change))
+        inRows += static_cast<std::size_t>(rows->count) * static_cast<std::size_t>(rows->grid->cols());
+      else if (const auto* cell = std::get_if<CellChange>(&change))
+        cells.try_emplace({cell->grid, cell->row, cell->col}, Texts{&cell->before, &cell->after})
+            .first->second.last = &cell->after;
+  const auto changed = std::count_if(cells.begin(), cells.end(), [&](const auto& entry) {
+    return inRows > 0 || *entry.second.first != *entry.second.last;
+  });
+  const auto count = static_cast<int>(inRows) + static_cast<int>(changed);
+  return saved_ ? count : std::max(count, 1);
 }
 
 std::vector<GridPlace> History::places() const {

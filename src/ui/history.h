@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -102,6 +103,12 @@ class History {
   std::string undo();
   std::string redo();
 
+  /// What the grids hold now has been saved, or is as good as saved.
+  void markSaved();
+  /// How many cells are not what they were when markSaved was called last, or at the beginning. A row that
+  /// was added or removed counts with all its cells. At least 1 where what was saved cannot be told any more.
+  int unsavedCells() const;
+
   /// What is kept, in bytes.
   std::size_t bytes() const { return bytes_; }
 
@@ -167,6 +174,7 @@ class History {
   static std::size_t size(const Step& step);
   void dropLast();
   void trim();
+  void forget(bool saved);
   void run(const Step& step, bool forward);
   static void apply(const Change& change, bool forward);
 
@@ -176,6 +184,8 @@ class History {
   std::vector<std::function<void()>> moved_;
   std::deque<Step> steps_;
   std::size_t done_ = 0;  // how many of the steps are done; those behind them can be done again
+  std::optional<std::size_t> saved_ =
+      0;  // how many were done when it was saved; nothing where no step leads there
   std::size_t bytes_ = 0;
   Step present_;
   std::vector<std::any> keptBefore_;

@@ -37,6 +37,10 @@ void Screen::unload() {
   if (unloaded_) unloaded_(*this);
 }
 
+void Screen::leave() {
+  if (loaded_ && mayLeave()) unload();
+}
+
 void Screen::on(Event& event, std::string procedure, Event::Handler handler) {
   event.handle([this, procedure = std::move(procedure), handler = std::move(handler)] {
     trapped(&desktop_, procedure, handler);

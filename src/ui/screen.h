@@ -52,6 +52,9 @@ class Screen {
   /// only.
   void unload();
   bool loaded() const { return loaded_; }
+  /// The operator wants to leave, by the exit item or the close box: unloads the screen unless it would lose
+  /// something that the operator, asked, wants to keep.
+  void leave();
 
   /// What the checks find on the screen as it stands, worst first.
   virtual Findings findings() const { return {}; }
@@ -66,6 +69,8 @@ class Screen {
   virtual void Form_Load() {}
   virtual void Form_Resize() {}
   virtual void Form_Unload() {}
+  /// Asks what has to be asked before the operator leaves; false where he stays.
+  virtual bool mayLeave() { return true; }
 
   /// Ties a handler to an event under the error trap: an error is reported under `procedure`, the control and
   /// the event

@@ -35,7 +35,12 @@ class Probe : public route::RouteScreen {
   void setUpGrids() override { story.push_back("grids"); }
   bool openData(const route::Selection& selection) override { return tell("open", selection); }
   bool reopenData(const route::Selection& selection) override { return tell("reopen", selection); }
-  void saveData(const route::Selection& selection) override { tell("save", selection); }
+  bool saveData(const route::Selection& selection) override {
+    tell("save", selection);
+    return true;
+  }
+  report::Document tables(const std::string&) const override { return {}; }
+  report::Diagram profile() const override { return {}; }
   int dataPage() const override { return 1; }
 
   bool tell(const char* what, const route::Selection& selection) {

@@ -14,6 +14,7 @@
 #   # grade: 1     JobSel.txt of the program folder chooses the first-grade job ("11"), or with 2 the one of
 #                  second grade ("22"); without it there is no JobSel.txt and the job table decides
 #   # job: NAME    jobs/NAME.sql is applied to the sample job first
+#   # safeguards: on  the program asks what an operator would be asked
 #   # exit: N      the exit status to expect, 0 without it
 #
 # The run stands in WORK_FOLDER, which is emptied first and kept, with transcript, messages and pictures. With
@@ -81,6 +82,7 @@ choose_job
 
 options=(--program-folder program)
 [[ $mode == *window ]] && options+=(--window)
+[[ $(directive safeguards) == on ]] && options+=(--safeguards)
 status=0
 "${command[@]}" "${options[@]}" "$script" "$job" >transcript.txt 2>errors.txt || status=$?
 cat errors.txt >&2

@@ -225,4 +225,44 @@ TEST_F(HistoryTest, UndoToTheBeginningAndRedoToTheEnd) {
   }
 }
 
+// Two cells typed: 2. One of them taken back: 1. Saved: 0. Undone past the save: the other one, 1.
+TEST_F(HistoryTest, CountsTheCellsThatAreNotSaved) {
+  EXPECT_EQ(history.unsavedCells(), 0);
+  screen.type(2, 1, U"1");
+  screen.type(4, 1, U"2");
+  EXPECT_EQ(history.unsavedCells(), 2);
+  screen.type(2, 1, U"\b");
+  EXPECT_EQ(history.unsavedCells(), 1) << "what is typed and emptied again is as it was";
+  history.markSaved();
+  EXPECT_EQ(history.unsavedCells(), 0);
+  history.undo();
+  EXPECT_EQ(history.unsavedCells(), 1);
+  history.redo();
+  EXPECT_EQ(history.unsavedCells(), 0);
+  history.restart();
+  EXPECT_EQ(history.unsavedCells(), 0);
+}
+
+TEST_F(HistoryTest, TypingOnAfterASaveIsUnsaved) {
+  screen.type(2, 1, U"1");
+  history.markSaved();
+  screen.type(2, 1, U"2");
+  EXPECT_EQ(history.unsavedCells(), 1);
+  history.undo();
+  EXPECT_EQ(grid.text(2, 1), "1");
+  EXPECT_EQ(history.unsavedCells(), 0);
+}
+
+// Saved with two steps done; one is undone and another typed in its place: no step leads to what was saved.
+TEST_F(HistoryTest, KnowsThatWhatWasSavedIsGone) {
+  screen.type(2, 1, U"1");
+  screen.type(4, 1, U"2");
+  history.markSaved();
+  history.undo();
+  screen.type(4, 1, U"3");
+  EXPECT_GE(history.unsavedCells(), 1);
+  history.undo();
+  EXPECT_GE(history.unsavedCells(), 1);
+}
+
 }  // namespace
