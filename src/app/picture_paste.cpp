@@ -1,9 +1,9 @@
 #include <QFile>
 #include <QMessageBox>
 
+#include "picture/picture_window.h"
 #include "qt/application.h"
 #include "qt/convert.h"
-#include "qt/picture_window.h"
 
 namespace {
 
@@ -22,11 +22,11 @@ int main(int argc, char** argv) {
   const char* const name = argc > 0 ? argv[0] : "PicturePaste";
   qt::Application application(name);
   application.setQuitOnLastWindowClosed(true);
-  const QString target = qt::pictureTarget(QString::fromLocal8Bit(name));
+  const QString target = picture::pictureTarget(QString::fromLocal8Bit(name));
   if (nobodySees()) return 1;
   QFile::remove(target);  // one that nobody fetched would pass for the operator's
-  qt::PictureWindow window(target);
-  QObject::connect(&window, &qt::PictureWindow::complained, &window, [&window](const QString& words) {
+  picture::PictureWindow window(target);
+  QObject::connect(&window, &picture::PictureWindow::complained, &window, [&window](const QString& words) {
     QMessageBox::warning(&window, window.windowTitle(), words);
   });
   window.show();

@@ -9,10 +9,10 @@
 #include "daen/data.h"
 #include "daen/data_sections.h"
 #include "daen/tables.h"
+#include "route/picture_paste.h"
 #include "text/number.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
-#include "ui/picture_paste.h"
 
 namespace daen {
 namespace {
@@ -168,8 +168,8 @@ void fDHsei::CmdGrid2RowDel_Click() {
 }
 
 void fDHsei::cmdMap_Click() {
-  ui::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe",
-                     "成果表楕円補正.bmp");
+  route::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe",
+                        "成果表楕円補正.bmp");
 }
 
 report::Document fDHsei::tables(const std::string& route) const { return daen::tables(Grid1, Grid2, route); }

@@ -9,13 +9,13 @@
 #include "hend/data.h"
 #include "hend/entries.h"
 #include "hend/tables.h"
+#include "route/picture_paste.h"
 #include "route/records.h"
 #include "text/date.h"
 #include "text/padding.h"
 #include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
-#include "ui/picture_paste.h"
 
 namespace hend {
 namespace {
@@ -143,7 +143,7 @@ ui::Findings fHHsei::findings() const {
 
 void fHHsei::pastePicture() {
   const std::string picture = "成果表変動補正" + std::string(text::trimmed(cmbRosenBango1.text())) + ".bmp";
-  ui::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe", picture);
+  route::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe", picture);
 }
 
 ui::CellUse fHHsei::cellUse(int col) const {

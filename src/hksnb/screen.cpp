@@ -7,10 +7,10 @@
 #include "hksnb/columns.h"
 #include "hksnb/grid_set_up.h"
 #include "platform/files.h"
+#include "route/picture_paste.h"
 #include "text/number.h"
 #include "text/padding.h"
 #include "ui/grid_helpers.h"
-#include "ui/picture_paste.h"
 
 namespace hksnb {
 namespace {
@@ -158,7 +158,7 @@ void fHHksb::pastePicture() {
   const std::string tool = "map_app\\PicturePaste.exe";
   const std::string own = context_.gAppPath + tool;
   const std::string picture = std::string(diagramTitle(kind_)) + txtHksnbNo.text() + ".bmp";
-  ui::FcPicturePaste(desktop(), context_, platform::isFile(own) ? own : context_.gExeDir + tool, picture);
+  route::FcPicturePaste(desktop(), context_, platform::isFile(own) ? own : context_.gExeDir + tool, picture);
 }
 
 Period fHHksb::presentPeriod() const {

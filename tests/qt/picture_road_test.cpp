@@ -6,9 +6,9 @@
 
 #include "platform/files.h"
 #include "qt/desk.h"
+#include "route/picture_paste.h"
 #include "support/temporary_folder.h"
 #include "support/tool.h"
-#include "ui/picture_paste.h"
 
 namespace {
 
@@ -37,7 +37,8 @@ class PictureRoad : public testing::Test {
     open.screen.events.clear();
     open.screen.cmdGo.onClick.handle([this] {
       ++runs;
-      ui::FcPicturePaste(open.desk.windows, context, context.gExeDir + "map_app/PicturePaste.exe", "図.bmp");
+      route::FcPicturePaste(open.desk.windows, context, context.gExeDir + "map_app/PicturePaste.exe",
+                            "図.bmp");
     });
   }
 

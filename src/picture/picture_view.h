@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-namespace qt {
+namespace picture {
 
 /// Shows a picture, made smaller where it does not fit, and lets the operator mark a part of it.
 ///
@@ -47,4 +47,4 @@ class PictureView : public QWidget {
   QPoint anchor_;
 };
 
-}  // namespace qt
+}  // namespace picture

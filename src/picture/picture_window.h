@@ -5,10 +5,10 @@
 #include <QPushButton>
 #include <QSpinBox>
 
-#include "qt/picture.h"
-#include "qt/picture_view.h"
+#include "picture/picture.h"
+#include "picture/picture_view.h"
 
-namespace qt {
+namespace picture {
 
 /// The window of the picture-paste tool: a picture from the clipboard or a file, cut out and scaled, that
 /// "貼付" writes where the calculations fetch it.
@@ -54,4 +54,4 @@ class PictureWindow : public QMainWindow {
 /// also where it stands there as a link. `argv0`: the name it was started by.
 QString pictureTarget(const QString& argv0);
 
-}  // namespace qt
+}  // namespace picture

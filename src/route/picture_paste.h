@@ -5,7 +5,7 @@
 #include "job/context.h"
 #include "ui/desktop.h"
 
-namespace ui {
+namespace route {
 
 /// Lets the operator make a picture with the picture-paste tool and files it with the job.
 ///
@@ -15,7 +15,7 @@ namespace ui {
 /// the operator is told so, and filing goes on as if the tool had just ended. `file`: name of the filed
 /// picture with its extension. Returns false always; nobody asks. Errors are reported under "FcPicturePaste":
 /// no picture left by the tool, a folder that cannot be made, a tool that does not start.
-bool FcPicturePaste(Desktop& desktop, const job::JobContext& context, std::string_view tool,
+bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::string_view tool,
                     std::string_view file);
 
-}  // namespace ui
+}  // namespace route

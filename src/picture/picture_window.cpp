@@ -1,4 +1,4 @@
-#include "qt/picture_window.h"
+#include "picture/picture_window.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-namespace qt {
+namespace picture {
 
 PictureWindow::PictureWindow(QString target)
     : target_(std::move(target)), view_(new PictureView), size_(new QLabel), percent_(new QSpinBox) {
@@ -145,4 +145,4 @@ QString pictureTarget(const QString& argv0) {
          QStringLiteral("/temp.bmp");
 }
 
-}  // namespace qt
+}  // namespace picture

@@ -1,4 +1,4 @@
-#include "qt/picture_window.h"
+#include "picture/picture_window.h"
 
 #include <gtest/gtest.h>
 
@@ -28,13 +28,13 @@ class PictureTool : public testing::Test {
 
   /// Opens the window, with room for the whole picture at its own size.
   void open() {
-    window = std::make_unique<qt::PictureWindow>(target);
+    window = std::make_unique<picture::PictureWindow>(target);
     window->resize(700, 500);
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   }
 
-  qt::PictureView& view() const { return *window->findChild<qt::PictureView*>(); }
+  picture::PictureView& view() const { return *window->findChild<picture::PictureView*>(); }
   QPushButton& button(const char* name) const {
     return *window->findChild<QPushButton*>(QString::fromLatin1(name));
   }
@@ -49,7 +49,7 @@ class PictureTool : public testing::Test {
 
   test::TemporaryFolder folder;
   QString target;
-  std::unique_ptr<qt::PictureWindow> window;
+  std::unique_ptr<picture::PictureWindow> window;
 };
 
 TEST_F(PictureTool, WritesThePictureOfTheClipboardAndEnds) {
@@ -120,7 +120,7 @@ TEST_F(PictureTool, GivingUpLeavesNoPicture) {
 TEST_F(PictureTool, SaysWhatCannotBeOpenedOrWritten) {
   target = qt::toQString(folder.path("no folder/temp.bmp"));
   open();
-  const QSignalSpy words(window.get(), &qt::PictureWindow::complained);
+  const QSignalSpy words(window.get(), &picture::PictureWindow::complained);
   window->openFile(qt::toQString(folder.write("text.png", "no picture")));
   press("paste");
   ASSERT_EQ(words.count(), 2);
@@ -142,8 +142,8 @@ TEST_F(PictureTool, LeavesItsPictureBesideItself) {
   folder.write("tool", "");
   ASSERT_TRUE(
       QFile::link(qt::toQString(folder.path("tool")), qt::toQString(folder.path("PicturePaste.exe"))));
-  EXPECT_EQ(qt::pictureTarget(qt::toQString(folder.path("PicturePaste.exe"))), target);
-  EXPECT_EQ(qt::pictureTarget(QStringLiteral("PicturePaste")),
+  EXPECT_EQ(picture::pictureTarget(qt::toQString(folder.path("PicturePaste.exe"))), target);
+  EXPECT_EQ(picture::pictureTarget(QStringLiteral("PicturePaste")),
             QCoreApplication::applicationDirPath() + QStringLiteral("/temp.bmp"));
 }
 

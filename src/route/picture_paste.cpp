@@ -1,4 +1,4 @@
-#include "ui/picture_paste.h"
+#include "route/picture_paste.h"
 
 #include <chrono>
 #include <string>
@@ -7,13 +7,13 @@
 #include "platform/process.h"
 #include "ui/error_trap.h"
 
-namespace ui {
+namespace route {
 namespace {
 
 /// Between two polls: short for an eye, long for a processor.
 constexpr std::chrono::milliseconds rest{10};
 
-void runTool(Desktop& desktop, std::string_view tool) {
+void runTool(ui::Desktop& desktop, std::string_view tool) {
   platform::Process process(tool);
   while (process.exitCode() == platform::stillActive) {
     desktop.breathe();
@@ -32,16 +32,16 @@ void filePicture(const job::JobContext& context, std::string_view file) {
 
 }  // namespace
 
-bool FcPicturePaste(Desktop& desktop, const job::JobContext& context, std::string_view tool,
+bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::string_view tool,
                     std::string_view file) {
-  trapped(&desktop, "FcPicturePaste", [&] {
+  ui::trapped(&desktop, "FcPicturePaste", [&] {
     if (platform::isFile(tool))
       runTool(desktop, tool);
     else
-      desktop.message({{}, "オプション「画像貼付ツール」をインストールしてください", Icon::Information});
+      desktop.message({{}, "オプション「画像貼付ツール」をインストールしてください", ui::Icon::Information});
     filePicture(context, file);
   });
   return false;
 }
 
-}  // namespace ui
+}  // namespace route

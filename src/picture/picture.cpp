@@ -1,4 +1,4 @@
-#include "qt/picture.h"
+#include "picture/picture.h"
 
 #include <QImageReader>
 #include <QImageWriter>
@@ -6,7 +6,7 @@
 #include <QSaveFile>
 #include <algorithm>
 
-namespace qt {
+namespace picture {
 namespace {
 
 QImage onWhite(const QImage& picture) {
@@ -92,4 +92,4 @@ QString Picture::write(const QString& path) const {
   return file.commit() ? QString() : file.errorString();
 }
 
-}  // namespace qt
+}  // namespace picture

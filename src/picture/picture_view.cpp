@@ -1,11 +1,11 @@
-#include "qt/picture_view.h"
+#include "picture/picture_view.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
-namespace qt {
+namespace picture {
 namespace {
 
 constexpr int shade = 90;     // of 255, over what would be cut off
@@ -137,4 +137,4 @@ bool PictureView::moveMark(const QKeyEvent& event) {
   return true;
 }
 
-}  // namespace qt
+}  // namespace picture

@@ -5,7 +5,7 @@
 #include <QString>
 #include <vector>
 
-namespace qt {
+namespace picture {
 
 /// A picture on its way into a job: taken over, cut out and scaled, with every step to be undone.
 ///
@@ -59,4 +59,4 @@ class Picture {
   QImage image_;
 };
 
-}  // namespace qt
+}  // namespace picture

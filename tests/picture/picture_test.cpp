@@ -1,4 +1,4 @@
-#include "qt/picture.h"
+#include "picture/picture.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class PictureOnItsWay : public testing::Test {
   QColor at(int x, int y) const { return picture.image().pixelColor(x, y); }
 
   test::TemporaryFolder folder;
-  qt::Picture picture;
+  picture::Picture picture;
 };
 
 TEST_F(PictureOnItsWay, IsCutOut) {

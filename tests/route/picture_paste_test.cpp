@@ -1,4 +1,4 @@
-#include "ui/picture_paste.h"
+#include "route/picture_paste.h"
 
 #include <gtest/gtest.h>
 
@@ -33,8 +33,8 @@ class PicturePaste : public testing::Test {
   }
 
   bool paste() {
-    return ui::FcPicturePaste(desktop, context, context.gExeDir + "map_app\\PicturePaste.exe",
-                              "成果表楕円補正.bmp");
+    return route::FcPicturePaste(desktop, context, context.gExeDir + "map_app\\PicturePaste.exe",
+                                 "成果表楕円補正.bmp");
   }
 
   std::optional<std::string> filed() const {
