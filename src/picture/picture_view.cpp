@@ -10,6 +10,7 @@ namespace {
 
 constexpr int shade = 90;     // of 255, over what would be cut off
 constexpr int longStep = 10;  // pixels, with Ctrl
+constexpr int thinning = 4;   // times the pixels of the screen, in both directions
 
 /// The rectangle that has both pixels in its corners.
 QRect between(const QPoint& a, const QPoint& b) {
@@ -42,6 +43,7 @@ PictureView::PictureView(QWidget* parent) : QWidget(parent) {
 
 void PictureView::setImage(const QImage& image) {
   image_ = image;
+  shrunk_ = {};
   setMark({});
   update();
 }
@@ -75,6 +77,21 @@ QPoint PictureView::pixelAt(const QPoint& place) const {
           std::clamp(y, 0, std::max(image_.height() - 1, 0))};
 }
 
+void PictureView::resizeEvent(QResizeEvent*) { shrunk_ = {}; }
+
+/// The picture in the pixels of the screen. A huge one is thinned out first: to average hundreds of millions
+/// of pixels at every move of the mark would take seconds.
+const QImage& PictureView::shown() {
+  const QSize size = shownRect().size() * devicePixelRatioF();
+  if (size.width() >= image_.width()) return image_;
+  if (shrunk_.isNull()) {
+    const bool isHuge = image_.width() > thinning * size.width();
+    const QImage thin = isHuge ? image_.scaled(size * thinning) : image_;
+    shrunk_ = thin.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  return shrunk_;
+}
+
 void PictureView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().mid());
@@ -84,9 +101,8 @@ void PictureView::paintEvent(QPaintEvent*) {
         QStringLiteral("画像がありません。\nクリップボードから取り込むか、ファイルを開いてください。"));
     return;
   }
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.fillRect(shownRect(), Qt::white);
-  painter.drawImage(shownRect(), image_);
+  painter.drawImage(shownRect(), shown());
   if (!mark_.isEmpty()) paintMark(painter);
   if (hasFocus()) painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -38,11 +38,14 @@ class PictureView : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void resizeEvent(QResizeEvent* event) override;
   QRect shownRect() const;
+  const QImage& shown();
   void paintMark(QPainter& painter) const;
   bool moveMark(const QKeyEvent& event);
 
   QImage image_;
+  QImage shrunk_;  // image_ in the size in which it is shown; null where that has changed
   QRect mark_;
   QPoint anchor_;
 };

@@ -11,6 +11,25 @@
 #include <utility>
 
 namespace picture {
+namespace {
+
+/// The waiting pointer for as long as it lives.
+class Busy {
+ public:
+  Busy() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~Busy() { QGuiApplication::restoreOverrideCursor(); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+};
+
+/// Runs a step of the picture with the waiting pointer and returns what went wrong.
+template <class Step>
+QString waitFor(Step&& step) {
+  const Busy busy;
+  return step();
+}
+
+}  // namespace
 
 PictureWindow::PictureWindow(QString target)
     : target_(std::move(target)), view_(new PictureView), size_(new QLabel), percent_(new QSpinBox) {
@@ -23,10 +42,8 @@ PictureWindow::PictureWindow(QString target)
   setCentralWidget(centre);
   addShortcuts();
   connect(view_, &PictureView::marked, this, &PictureWindow::showChoices);
-  connect(percent_, &QSpinBox::valueChanged, this, [this](int percent) {
-    picture_.scale(percent);
-    showPicture();
-  });
+  connect(percent_, &QSpinBox::valueChanged, this,
+          [this](int percent) { change(waitFor([&] { return picture_.scale(percent); })); });
   takeClipboard();
   showPicture();
   (picture_.isEmpty() ? findChild<QWidget*>(QStringLiteral("open")) : view_)->setFocus();
@@ -84,7 +101,7 @@ void PictureWindow::chooseFile() {
 }
 
 void PictureWindow::openFile(const QString& path) {
-  const QString wrong = picture_.open(path);
+  const QString wrong = waitFor([&] { return picture_.open(path); });
   if (!wrong.isEmpty())
     emit complained(
         QStringLiteral("画像を開けません。\n%1\n（%2）").arg(QDir::toNativeSeparators(path), wrong));
@@ -93,13 +110,18 @@ void PictureWindow::openFile(const QString& path) {
 
 void PictureWindow::takeClipboard() {
   const QImage image = QApplication::clipboard()->image();
-  if (image.isNull()) return;
-  picture_.take(image);
-  showPicture();
+  if (!image.isNull()) change(picture_.take(image));
 }
 
 void PictureWindow::cut() {
-  picture_.crop(view_->mark());
+  change(waitFor([this] { return picture_.crop(view_->mark()); }));
+}
+
+/// A complaint waits for its turn: the picture of the clipboard is taken before anybody listens.
+void PictureWindow::change(const QString& wrong) {
+  if (!wrong.isEmpty())
+    QMetaObject::invokeMethod(
+        this, [this, wrong] { emit complained(wrong); }, Qt::QueuedConnection);
   showPicture();
 }
 
@@ -112,7 +134,7 @@ void PictureWindow::undo() {
 void PictureWindow::paste() {
   percent_->interpretText();
   if (picture_.isEmpty()) return;
-  const QString wrong = picture_.write(target_);
+  const QString wrong = waitFor([this] { return picture_.write(target_); });
   if (wrong.isEmpty())
     close();
   else

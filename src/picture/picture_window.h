@@ -37,6 +37,7 @@ class PictureWindow : public QMainWindow {
   void cut();
   void undo();
   void paste();
+  void change(const QString& wrong);
   void showPicture();
   void showChoices();
 

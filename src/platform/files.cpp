@@ -138,6 +138,15 @@ bool isSameFile(std::string_view path, std::string_view other) {
   return std::filesystem::equivalent(nativePath(path), nativePath(other), ignored);
 }
 
+std::optional<FileState> fileState(std::string_view path) {
+  if (!isFile(path)) return std::nullopt;
+  std::error_code error;
+  const std::filesystem::path native = nativePath(path);
+  const FileState state{std::filesystem::last_write_time(native, error),
+                        std::filesystem::file_size(native, error)};
+  return error ? std::nullopt : std::optional(state);
+}
+
 void writeFile(std::string_view path, std::string_view content) {
   GrowingFile growing(path);
   std::ofstream file(nativePath(growing.path()), std::ios::binary);

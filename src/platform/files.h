@@ -34,6 +34,17 @@ std::optional<std::string> readFile(std::string_view path);
 /// True where both paths lead to one and the same file or folder that is there.
 bool isSameFile(std::string_view path, std::string_view other);
 
+/// What tells whether a file has been written anew.
+struct FileState {
+  std::filesystem::file_time_type written;
+  std::uintmax_t size = 0;  ///< bytes
+
+  bool operator==(const FileState&) const = default;
+};
+
+/// The state of the file at `path`; nothing where there is none.
+std::optional<FileState> fileState(std::string_view path);
+
 /// Writes a whole file in the place of whatever file is at `path`; one that was there stays until the new one
 /// is complete. Raises PathNotFound where it cannot be written.
 void writeFile(std::string_view path, std::string_view content);

@@ -3,8 +3,10 @@
 #include <chrono>
 #include <string>
 
+#include "platform/bitmap_file.h"
 #include "platform/files.h"
 #include "platform/process.h"
+#include "text/error.h"
 #include "ui/error_trap.h"
 
 namespace route {
@@ -13,7 +15,22 @@ namespace {
 /// Between two polls: short for an eye, long for a processor.
 constexpr std::chrono::milliseconds rest{10};
 
-void runTool(ui::Desktop& desktop, std::string_view tool) {
+/// What the file systems of Windows keep for themselves.
+constexpr std::string_view forbidden = "/\\:*?\"<>|";
+
+text::RuntimeError failure(const std::string& description) {
+  return {text::ErrorCode::PathNotFound, description};
+}
+
+/// The name is the suite's, which looks for the picture under it: it is never changed to fit.
+void checkName(const std::string& file) {
+  for (const char character : file)
+    if (forbidden.find(character) != std::string_view::npos || (character >= 0 && character < ' '))
+      throw failure("「" + file +
+                    "」という名前の画像は保存できません。番号に / \\ : * ? \" < > | は使えません。");
+}
+
+void run(ui::Desktop& desktop, std::string_view tool) {
   platform::Process process(tool);
   while (process.exitCode() == platform::stillActive) {
     desktop.breathe();
@@ -22,11 +39,38 @@ void runTool(ui::Desktop& desktop, std::string_view tool) {
   process.close();
 }
 
-void filePicture(const job::JobContext& context, std::string_view file) {
-  const std::string made = context.gExeDir + "map_app\\temp.bmp";
+/// Runs the tool. Returns where its picture is: beside itself, where it has left one there, else at `usual`.
+std::string pictureOf(ui::Desktop& desktop, std::string_view tool, const std::string& usual) {
+  const std::string beside = std::string(tool.substr(0, tool.find_last_of("/\\") + 1)) + "temp.bmp";
+  const auto before = platform::fileState(beside);
+  run(desktop, tool);
+  const auto after = platform::fileState(beside);
+  return after && after != before ? beside : usual;
+}
+
+void put(const std::string& made, const std::string& target) {
+  try {
+    platform::GrowingFile filed(target);
+    platform::copyFile(made, filed.path());
+    filed.finish();
+  } catch (const text::RuntimeError&) {
+    const auto state = platform::fileState(made);
+    const bool isFull =
+        platform::writeObstacle(target, state ? state->size : 0) == platform::WriteObstacle::Full;
+    throw failure(std::string(isFull ? "ディスクの空きが足りないため、"
+                                     : "書き込みが許されていないか、途中で失敗したため、") +
+                  "画像「" + target + "」を保存できませんでした。前の画像と、今つくった画像「" + made +
+                  "」は残っています。");
+  }
+}
+
+void file(const job::JobContext& context, const std::string& made, const std::string& name) {
   const std::string folder = context.gExeDir + context.gJobId + "\\bmp_data\\";
   if (!platform::isFolder(folder)) platform::makeFolder(folder);
-  platform::copyFile(made, folder + std::string(file));
+  if (!platform::isFile(made)) throw text::RuntimeError(text::ErrorCode::FileNotFound);
+  if (platform::isCutShort(made))
+    throw failure("画像「" + made + "」は空か、途中で切れています。画像貼付をもう一度行ってください。");
+  put(made, folder + name);
   platform::removeFile(made);
 }
 
@@ -35,11 +79,14 @@ void filePicture(const job::JobContext& context, std::string_view file) {
 bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::string_view tool,
                     std::string_view file) {
   ui::trapped(&desktop, "FcPicturePaste", [&] {
+    const std::string name(file);
+    checkName(name);
+    std::string made = context.gExeDir + "map_app\\temp.bmp";
     if (platform::isFile(tool))
-      runTool(desktop, tool);
+      made = pictureOf(desktop, tool, made);
     else
       desktop.message({{}, "オプション「画像貼付ツール」をインストールしてください", ui::Icon::Information});
-    filePicture(context, file);
+    route::file(context, made, name);
   });
   return false;
 }

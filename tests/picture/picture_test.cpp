@@ -3,7 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <string>
 
+#include "picture/large_bitmap.h"
+#include "platform/files.h"
 #include "qt/convert.h"
 #include "support/temporary_folder.h"
 
@@ -60,10 +66,80 @@ TEST_F(PictureOnItsWay, PercentagesStayWithinBounds) {
   EXPECT_EQ(picture.percent(), 5);
   picture.scale(1000);
   EXPECT_EQ(picture.percent(), 400);
-  picture.take(QImage(8000, 1, QImage::Format_RGB32));
+  picture.take(QImage(20000, 1, QImage::Format_RGB32));
   picture.scale(400);
-  EXPECT_EQ(picture.percent(), 125);  // 8000 · 1.25 = 10000 pixels
-  EXPECT_EQ(picture.image().size(), QSize(10000, 1));
+  EXPECT_EQ(picture.percent(), 163);  // 20000 · 1.63 = 32600 pixels, · 1.64 = 32800
+  EXPECT_EQ(picture.image().size(), QSize(32600, 2));
+}
+
+// 16000 × 6000 are 96 million; 204 % of both sides are 399.5 million pixels, 205 % 403.4 million.
+TEST_F(PictureOnItsWay, ItsAreaStaysWithinBoundsToo) {
+  picture.take(QImage(16000, 6000, QImage::Format_Mono));
+  picture.scale(400);
+  EXPECT_EQ(picture.percent(), 204);
+}
+
+/// The head of a bitmap of 1 bit a pixel with two colours, 62 bytes.
+std::string head(int width, int height) {
+  const auto number = [](std::uint32_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i) text += static_cast<char>(i < 4 ? value >> (8 * i) & 0xFFU : 0U);
+    return text;
+  };
+  const auto row = static_cast<std::uint32_t>((width + 31) / 32 * 4);
+  return "BM" + number(62 + row * static_cast<std::uint32_t>(height), 4) + number(0, 4) + number(62, 4) +
+         number(40, 4) + number(static_cast<std::uint32_t>(width), 4) +
+         number(static_cast<std::uint32_t>(height), 4) + number(1, 2) + number(1, 2) + number(0, 24) +
+         number(0x00FFFFFF, 4) + number(0, 4);
+}
+
+TEST_F(PictureOnItsWay, APictureOf20000By20000IsTakenAsItIs) {
+  const std::string path = folder.write("large.bmp", head(20000, 20000));
+  std::filesystem::resize_file(platform::nativePath(path), 62 + 2500ULL * 20000);  // 20000 / 8 bytes a row
+  EXPECT_EQ(picture.open(qt::toQString(path)), QString());
+  EXPECT_EQ(picture.image().size(), QSize(20000, 20000));
+  EXPECT_EQ(picture.percent(), 100);
+}
+
+// Strips of 64 MB: 24 bits of 4000 pixels are 12,000 bytes a row, so the first strip ends in row 5592.
+TEST_F(PictureOnItsWay, ALargeBitmapIsPutTogetherOfItsStrips) {
+  QImage drawn(4000, 6000, QImage::Format_RGB32);
+  drawn.fill(Qt::white);
+  for (int y = 0; y < 6000; ++y) drawn.setPixelColor(y % 4000, y, Qt::red);
+  const QString path = qt::toQString(folder.path("strips.bmp"));
+  ASSERT_TRUE(drawn.save(path));
+  EXPECT_EQ(picture::readLargeBitmap(path), QImage(path));
+  // The same rows counted from above: the picture stands on its head.
+  std::string bytes = *platform::readFile(folder.path("strips.bmp"));
+  const std::int32_t height = -6000;
+  std::memcpy(bytes.data() + 22, &height, 4);
+  platform::writeFile(folder.path("strips.bmp"), bytes);
+  EXPECT_EQ(picture::readLargeBitmap(path), drawn.mirrored().convertToFormat(QImage(path).format()));
+}
+
+TEST_F(PictureOnItsWay, ALargerPictureIsRefusedWithItsSize) {
+  const std::string path = folder.write("larger.bmp", head(20001, 20000));
+  EXPECT_EQ(
+      picture.open(qt::toQString(path)),
+      QStringLiteral(
+          "画像が大きすぎます(20001 × 20000 ピクセル)。一辺 32767 ピクセル、全体で 4 億ピクセルまでです。"));
+  EXPECT_NE(picture.take(QImage(32768, 1, QImage::Format_Mono)), QString());
+  EXPECT_EQ(picture.image(), quarters());
+}
+
+// The toolkit would show what there is of it, and black below.
+TEST_F(PictureOnItsWay, ABitmapThatIsCutShortIsRefused) {
+  const std::string path = folder.path("cut.bmp");
+  ASSERT_TRUE(quarters().save(qt::toQString(path)));
+  const std::string whole = *platform::readFile(path);
+  for (const std::size_t kept :
+       {std::size_t{0}, std::size_t{1}, std::size_t{20}, std::size_t{54}, whole.size() - 1}) {
+    platform::writeFile(path, whole.substr(0, kept));
+    EXPECT_NE(picture.open(qt::toQString(path)), QString()) << kept;
+  }
+  EXPECT_EQ(picture.image(), quarters());
+  platform::writeFile(path, whole);
+  EXPECT_EQ(picture.open(qt::toQString(path)), QString());
 }
 
 // At 50 % the pixels 10 to 14 are those from 20 to 29 of the picture as it came.
@@ -115,13 +191,16 @@ TEST_F(PictureOnItsWay, OpensThreeKindsOfFiles) {
 }
 
 TEST_F(PictureOnItsWay, AFileThatIsNoPictureChangesNothing) {
-  EXPECT_NE(picture.open(qt::toQString(folder.write("text.png", "no picture"))), QString());
-  EXPECT_NE(picture.open(qt::toQString(folder.path("missing.png"))), QString());
+  EXPECT_EQ(picture.open(qt::toQString(folder.write("text.png", "no picture"))),
+            QStringLiteral("PNG、JPEG、BMP のどれでもありません。"));
+  EXPECT_EQ(picture.open(qt::toQString(folder.path("missing.png"))),
+            QStringLiteral("ファイルが見つかりません。"));
   EXPECT_EQ(picture.image(), quarters());
 }
 
 TEST_F(PictureOnItsWay, WhereItCannotBeWrittenItSaysWhy) {
-  EXPECT_NE(picture.write(qt::toQString(folder.path("no folder/temp.bmp"))), QString());
+  EXPECT_EQ(picture.write(qt::toQString(folder.path("no folder/temp.bmp"))),
+            QStringLiteral("フォルダがありません。"));
 }
 
 }  // namespace

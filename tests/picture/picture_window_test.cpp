@@ -129,6 +129,16 @@ TEST_F(PictureTool, SaysWhatCannotBeOpenedOrWritten) {
   EXPECT_TRUE(window->isVisible()) << "the picture is not lost";
 }
 
+// Said once somebody can listen: the window takes the clipboard while it is made.
+TEST_F(PictureTool, APictureOnTheClipboardThatIsTooLargeIsSaid) {
+  QGuiApplication::clipboard()->setImage(QImage(32768, 1, QImage::Format_RGB32));
+  window = std::make_unique<picture::PictureWindow>(target);
+  QSignalSpy words(window.get(), &picture::PictureWindow::complained);
+  ASSERT_TRUE(words.wait());
+  EXPECT_TRUE(words[0][0].toString().startsWith(QStringLiteral("画像が大きすぎます(32768 × 1 ピクセル)。")));
+  EXPECT_FALSE(button("paste").isEnabled());
+}
+
 TEST_F(PictureTool, ALargePictureIsMarkedInItsOwnPixels) {
   QGuiApplication::clipboard()->setImage(QImage(4000, 2000, QImage::Format_RGB32));
   open();

@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include <chrono>
 #include <optional>
 #include <string>
@@ -123,5 +129,110 @@ TEST_F(PicturePaste, AFolderThatCannotBeMadeIsReported) {
   EXPECT_EQ(desktop.messages, (Messages{{"FcPicturePaste", "パスが見つかりません。", ui::Icon::Critical}}));
   EXPECT_TRUE(pictureLeft()) << "the picture is not lost";
 }
+
+// The tool of the program folder leaves its picture there; what lies in the data folder is an old one.
+TEST_F(PicturePaste, APictureThatTheToolLeavesBesideItselfIsTheOne) {
+  folder.write("測量 データ/map_app/temp.bmp", "old");
+  const std::string tool = test::placeTool(folder, "program/map_app/PicturePaste.exe", "write temp.bmp|new");
+  route::FcPicturePaste(desktop, context, tool, "成果表楕円補正.bmp");
+  EXPECT_EQ(filed(), "new");
+  EXPECT_FALSE(platform::isFile(folder.path("program/map_app/temp.bmp")));
+  EXPECT_TRUE(pictureLeft()) << "that of the data folder is nobody's business";
+}
+
+// What lay beside the tool before it was started is not its picture of today.
+TEST_F(PicturePaste, AnOldPictureBesideTheToolStays) {
+  platform::makeFolder(folder.path("program/map_app"));
+  folder.write("program/map_app/temp.bmp", "old");
+  const std::string tool = test::placeTool(folder, "program/map_app/PicturePaste.exe",
+                                           "write " + folder.path("測量 データ/map_app/temp.bmp") + "|data");
+  route::FcPicturePaste(desktop, context, tool, "成果表楕円補正.bmp");
+  EXPECT_EQ(filed(), "data");
+  EXPECT_TRUE(platform::isFile(folder.path("program/map_app/temp.bmp")));
+  test::placeTool(folder, "program/map_app/PicturePaste.exe", "exit 0");
+  route::FcPicturePaste(desktop, context, tool, "成果表楕円補正.bmp");
+  EXPECT_EQ(desktop.messages, Messages{noPicture});
+}
+
+TEST_F(PicturePaste, ANameThatNoFileCanHaveIsRefusedBeforeTheToolIsStarted) {
+  install("write temp.bmp|picture");
+  for (const std::string bad : {"/", "\\", ":", "*", "?", "\"", "<", ">", "|", "\n"}) {
+    desktop.messages.clear();
+    route::FcPicturePaste(desktop, context, context.gExeDir + "map_app\\PicturePaste.exe",
+                          "図R" + bad + "1.bmp");
+    EXPECT_EQ(
+        desktop.messages,
+        (Messages{{"FcPicturePaste",
+                   "「図R" + bad +
+                       "1.bmp」という名前の画像は保存できません。番号に / \\ : * ? \" < > | は使えません。",
+                   ui::Icon::Critical}}));
+  }
+  EXPECT_FALSE(pictureLeft()) << "the tool has not run";
+}
+
+TEST_F(PicturePaste, APictureThatIsCutShortKeepsTheOneFiledBefore) {
+  install("write temp.bmp|first");
+  paste();
+  install("exit 0");
+  // 2 × 2 pixels of 24 bits take 8 bytes a row: 54 + 16 bytes. One is missing.
+  std::string cut("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\2\0\0\0\1\0\x18\0", 30);
+  cut.resize(69);
+  for (const std::string& left : {cut, std::string()}) {
+    folder.write("測量 データ/map_app/temp.bmp", left);
+    paste();
+    ASSERT_EQ(desktop.messages.size(), 1U);
+    EXPECT_EQ(desktop.messages[0].text,
+              "画像「" + context.gExeDir +
+                  "map_app\\temp.bmp」は空か、途中で切れています。画像貼付をもう一度行ってください。");
+    desktop.messages.clear();
+    EXPECT_EQ(filed(), "first");
+  }
+  cut.resize(70);
+  folder.write("測量 データ/map_app/temp.bmp", cut);
+  paste();
+  EXPECT_EQ(filed(), cut);
+  EXPECT_TRUE(desktop.messages.empty());
+}
+
+#ifndef _WIN32
+/// No file of this process grows beyond `bytes` while it lives, as on a medium that is nearly full.
+class NearlyFull {
+ public:
+  explicit NearlyFull(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &limit_);
+    const rlimit small{bytes, limit_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~NearlyFull() {
+    setrlimit(RLIMIT_FSIZE, &limit_);
+    std::signal(SIGXFSZ, before_);
+  }
+  NearlyFull(const NearlyFull&) = delete;
+  NearlyFull& operator=(const NearlyFull&) = delete;
+
+ private:
+  rlimit limit_{};
+  void (*before_)(int);
+};
+
+TEST_F(PicturePaste, WhereThereIsNoRoomTheOldPictureStaysWhole) {
+  install("write temp.bmp|first");
+  paste();
+  install("exit 0");
+  folder.write("測量 データ/map_app/temp.bmp", std::string(300000, 'x'));
+  {
+    const NearlyFull medium(100000);
+    paste();
+  }
+  ASSERT_EQ(desktop.messages.size(), 1U);
+  EXPECT_EQ(desktop.messages[0].title, "FcPicturePaste");
+  EXPECT_NE(desktop.messages[0].text.find("保存できませんでした。"), std::string::npos);
+  EXPECT_EQ(filed(), "first");
+  EXPECT_TRUE(pictureLeft());
+  EXPECT_FALSE(platform::isFile(folder.path("測量 データ/3/bmp_data/成果表楕円補正.bmp.part")));
+  paste();
+  EXPECT_EQ(filed(), std::string(300000, 'x'));
+}
+#endif
 
 }  // namespace
