@@ -35,16 +35,21 @@ void setVariation(ui::Grid& Grid1, int row, const Formats& formats) {
     Grid1.setText(row, colVariation, {});
     return;
   }
-  Grid1.setText(row, colPrevious, formats.heights.format(text::readNumber(previous)));
-  const double q = text::readNumber(Grid1.text(row, colPrevious));
+  const double q = text::readNumber(previous);
   const double p = text::readNumber(Grid1.text(row, colPresent));
-  Grid1.setText(row, colVariation, formats.variation.format(millimetres(p, q)));
+  Grid1.setText(row, colPrevious, formats.heights.format(q));
+  Grid1.setText(row, colVariation, variationAmount(p, q, formats));
 }
 
 }  // namespace
 
 Formats FcHHKSB_DefToColNo(job::Grade grade) {
   return {grade.heights(), grade.isFirst() ? tenthsOfMillimetre() : wholeMillimetres()};
+}
+
+std::string variationAmount(double present, double previous, const Formats& formats) {
+  const double shown = text::readNumber(formats.heights.format(previous));
+  return formats.variation.format(millimetres(present, shown));
 }
 
 void FcHHKSB_HendryoCal(ui::Grid& Grid1, job::Grade grade) {

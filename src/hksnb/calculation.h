@@ -1,7 +1,9 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
+#include "hksnb/columns.h"
 #include "hksnb/kind.h"
 #include "hksnb/place_names.h"
 #include "job/grade.h"
@@ -18,6 +20,10 @@ namespace hksnb {
 /// working them out again changes nothing; where it is blank, so is the amount. A text that is no number
 /// counts as 0.
 void FcHHKSB_HendryoCal(ui::Grid& Grid1, job::Grade grade);
+
+/// The variation amount (mm) of two heights (m) in the grade's pattern; the previous one counts as the
+/// heights pattern shows it. Raises Overflow where the difference is no number.
+std::string variationAmount(double present, double previous, const Formats& formats);
 
 /// Turns the span between two bench marks (`startNo` and `endNo` in either order) so that its last comes
 /// first. Of bench marks with the same number the lowest counts; a number that is blank or not in the grid

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "hksnb/calculation.h"
+#include "hksnb/checks.h"
 #include "hksnb/columns.h"
 #include "hksnb/grid_set_up.h"
 #include "platform/files.h"
@@ -128,6 +129,7 @@ Status fHHksb::fillFromRoutes() {
   for (const std::string& item : LstRosenNo2.items()) routes.push_back(RouteItem::read(item));
   Period present = presentPeriod();
   places_ = {};
+  ownNumber_.clear();
   const Status status = FcHHKSB_SetGrid1FromSeikaData(context_, kind_, routes, present, places_, Grid1);
   showPresent(present);
   return status;
@@ -136,6 +138,7 @@ Status fHHksb::fillFromRoutes() {
 Status fHHksb::fillFromStore() {
   const std::string number = LstHksnbNo.text();
   txtHksnbNo.setText(number);
+  ownNumber_ = number;
   BookBoxes boxes{txtKansokuNen.text(), txtHeikinNen.text(), presentPeriod(),
                   Period{txtOldYearFr.text(), txtOldMonFr.text(), txtOldYearTo.text(), txtOldMonTo.text()}};
   const Status status = FcHHKSB_Reopen(context_, kind_, number, boxes, Grid1);
@@ -150,7 +153,14 @@ Status fHHksb::fillFromStore() {
 void fHHksb::save() {
   if (!opening_.maySave(desktop())) return;
   const ui::Hourglass wait(desktop());
-  FcHHKSB_HKSNBSave(context_, kind_, txtHksnbNo.text(), presentPeriod(), Grid1);
+  if (FcHHKSB_HKSNBSave(context_, kind_, txtHksnbNo.text(), presentPeriod(), Grid1) == Status::Done)
+    ownNumber_ = txtHksnbNo.text();
+}
+
+ui::Findings fHHksb::findings() const {
+  BookState state{kind_, opening_.isWhole(), txtHksnbNo.text(), ownNumber_};
+  if (kindOf(optSeika20) == kind_) state.stored = LstHksnbNo.items();
+  return checks(Grid1, context_.grade(), state);
 }
 
 /// The tool stands beside the program or in the data folder.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "hksnb/data.h"
 #include "hksnb/kind.h"
 #include "hksnb/place_names.h"
@@ -17,6 +19,8 @@ namespace hksnb {
 class fHHksb : public ui::Screen, public report::Source {
  public:
   fHHksb(const job::JobContext& context, ui::Desktop& desktop);
+
+  ui::Findings findings() const override;
 
   ui::TabControl SSTab1{"SSTab1", this, 3};
   ui::Label lblShoriShiji{"lblShoriShiji", this, "処理A"};
@@ -105,6 +109,7 @@ class fHHksb : public ui::Screen, public report::Source {
   Kind kind_ = Kind::Orthometric;  // of the book in the grid
   PlaceNames places_;              // of its bench marks
   route::Opening opening_;         // the filling or reopening that laid it there
+  std::string ownNumber_;          // under which it is stored; "" for a new book
 };
 
 }  // namespace hksnb
