@@ -84,14 +84,14 @@ struct Windows : MeasuredRoute {
 
   /// The paste without window and history: the texts and one calculation.
   void fillAndCalculate() {
-    ui::Grid& grid = bare.Grid1;
-    for (int row = 2, i = 0; row < grid.rows(); row += 2, ++i)
-      grid.setText(row, seihyou::colCorrection, std::to_string(i % 41 - 20));
-    seihyou::FcCalcSeihyou(grid, 1, context.grade());
+    ui::Grid& table = bare.Grid1;
+    for (int row = 2, i = 0; row < table.rows(); row += 2, ++i)
+      table.setText(row, seihyou::colCorrection, std::to_string(i % 41 - 20));
+    seihyou::FcCalcSeihyou(table, 1, context.grade());
   }
 
-  void clearCorrections(ui::Grid& grid) {
-    for (int row = 2; row < grid.rows(); row += 2) grid.setText(row, seihyou::colCorrection, {});
+  void clearCorrections(ui::Grid& table) {
+    for (int row = 2; row < table.rows(); row += 2) table.setText(row, seihyou::colCorrection, {});
   }
 
   seihyou::fSHsei bare;
