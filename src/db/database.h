@@ -85,8 +85,8 @@ struct ColumnDefinition {
 /// yet it is gathered, so that all of it reaches the disk in one piece when the database is closed. What is
 /// executed after such a record set was opened is gathered with it; what is executed before is on disk at
 /// once. A process that dies before the close leaves the old records. Where the medium itself refuses (disk
-/// full, read error), nothing of what was gathered is kept, nothing more can be written, and close raises
-/// Error.
+/// full, read error, no memory left), nothing of what was gathered is kept, nothing more can be written, and
+/// close raises Error.
 class Database {
  public:
   virtual ~Database() = default;
@@ -101,6 +101,16 @@ class Database {
   /// Begins to gather what is executed too, unless that has begun already: from here on all that is written,
   /// table definitions included, reaches the disk in one piece when the database is closed.
   virtual void gather() = 0;
+
+  /// Begins to gather as `gather` does, and from here on keeps all that is written or nothing of it, in
+  /// however many tables: after any statement that the database refuses, and where it is destroyed before
+  /// close has returned, it is what it was before, and close raises Error.
+  virtual void keepWhole() = 0;
+
+  /// What the engine's own examination finds wrong with the database, in its words, a sentence each; nothing
+  /// where it finds nothing or has no such examination. Reads the whole file. Raises Error
+  /// where the damage is such that the engine cannot even examine it.
+  virtual std::vector<std::string> damage() = 0;
 
   /// The columns of a table in their order. Raises Error, naming the table, where there is none of that name.
   virtual std::vector<ColumnDefinition> tableDefinition(std::string_view table) = 0;

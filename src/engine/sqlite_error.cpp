@@ -103,7 +103,7 @@ Error sqliteError(int code, std::string_view words, std::string_view file, std::
 
 bool isMediumFailure(int code) {
   const int kind = code & 0xff;
-  return kind == Full || kind == InputOutput || kind == Corrupt || kind == NotADatabase;
+  return kind == Full || kind == NoMemory || kind == InputOutput || kind == Corrupt || kind == NotADatabase;
 }
 
 }  // namespace db

@@ -12,7 +12,8 @@ namespace db {
 /// `table` is the table that was being written, "" where none was.
 Error sqliteError(int code, std::string_view words, std::string_view file, std::string_view table = {});
 
-/// True where the medium itself has failed: disk full, read or write error, damaged file.
+/// True where the medium itself has failed: disk full, read or write error, damaged file; or
+/// memory has run out.
 bool isMediumFailure(int code);
 
 }  // namespace db

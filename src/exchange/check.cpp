@@ -5,6 +5,7 @@
 #include "exchange/numbering.h"
 #include "exchange/tables.h"
 #include "open/open.h"
+#include "sql/column_type.h"
 
 namespace exchange {
 namespace {
@@ -57,6 +58,15 @@ LooseNumbers looseObservations(db::Database& database) {
                                                            : LooseNumbers();
 }
 
+/// Order numbers that are declared as texts are read as numbers here, but other programs sort them 1, 10, 2.
+void checkOrderColumn(const std::string& table, const std::vector<db::ColumnDefinition>& columns,
+                      std::vector<std::string>& findings) {
+  const db::ColumnDefinition* order = findColumn(columns, "SaveOrder");
+  if (order != nullptr && db::isTextType(order->type))
+    findings.push_back(table + ": 列「SaveOrder」が文字列の型（" + order->type +
+                       "）です。ほかのプログラムでは 1、10、2 の順に並ぶことがあります。");
+}
+
 void checkRecords(db::Database& database, const std::string& table,
                   const std::vector<db::ColumnDefinition>& columns, const LooseNumbers& loose,
                   std::vector<std::string>& findings) {
@@ -69,6 +79,9 @@ void checkRecords(db::Database& database, const std::string& table,
 std::vector<std::string> checkJob(const std::string& path) {
   std::vector<std::string> findings;
   const auto database = db::openDatabase(path);
+  for (const std::string& words : database->damage())
+    findings.push_back("データベース「" + path + "」は壊れています: " + words);
+  if (!findings.empty()) return findings;  // what is read from there may be anything
   const LooseNumbers loose = looseObservations(*database);
   for (const job::TableSchema& table : job::schemaTables()) {
     const auto columns = definitionOf(*database, table.name);
@@ -77,6 +90,7 @@ std::vector<std::string> checkJob(const std::string& path) {
       continue;
     }
     checkColumns(table, *columns, findings);
+    checkOrderColumn(table.name, *columns, findings);
     checkRecords(*database, table.name, *columns, loose, findings);
   }
   database->close();

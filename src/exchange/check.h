@@ -7,6 +7,8 @@ namespace exchange {
 
 /// Looks through a job database for what the calculations would stumble over, and returns one Japanese
 /// sentence for each finding, with its table and keys; none for a job in order:
+/// - damage that the engine's own examination finds: then nothing else is looked at;
+/// - order numbers (SaveOrder) that are declared as texts;
 /// - job tables and columns that are missing;
 /// - records without a data category;
 /// - SaveOrder that is empty, no whole number, there twice, or left out between the first and the last of a

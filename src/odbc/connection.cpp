@@ -30,7 +30,7 @@ OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file,
 
 OdbcConnection::~OdbcConnection() {
   try {
-    close();
+    whole_ ? discard() : close();
   } catch (const Error&) {
     // Nobody is left to be told; close has already rolled back what could not be committed.
   }
@@ -63,6 +63,11 @@ void OdbcConnection::gather() {
   if (gathering_) return;
   product_->begin(*this);
   gathering_ = true;
+}
+
+void OdbcConnection::keepWhole() {
+  gather();
+  whole_ = true;
 }
 
 void OdbcConnection::gather(const std::string& table) {
@@ -121,7 +126,7 @@ void OdbcConnection::endTransaction(SQLSMALLINT how) {
 }
 
 void OdbcConnection::protect() {
-  if (!gathering_ || lost_) return;
+  if (!gathering_ || lost_ || whole_) return;
   try {
     product_->protect(*this);
   } catch (const Error&) {
@@ -132,7 +137,7 @@ void OdbcConnection::protect() {
 }
 
 void OdbcConnection::done(const OdbcStatement* repeatable) {
-  if (gathering_ && !lost_) product_->done(repeatable);
+  if (gathering_ && !lost_ && !whole_) product_->done(repeatable);
 }
 
 void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view table) {
@@ -141,12 +146,12 @@ void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view tabl
   throw Error(failure);
 }
 
-/// After a failure of the medium nothing of what was gathered may stay; after any other failure all of it
-/// stays, unless the engine has lost it itself.
+/// After a failure of the medium, or of anything where writing is kept as a whole, nothing of what was
+/// gathered may stay; after any other failure all of it stays, unless the engine has lost it itself.
 void OdbcConnection::settle(const OdbcDiagnosis& diagnosis) {
   if (!gathering_ || lost_ || restoring_) return;
   restoring_ = true;
-  lost_ = product_->isMediumFailure(diagnosis) || !product_->restore(*this);
+  lost_ = whole_ || product_->isMediumFailure(diagnosis) || !product_->restore(*this);
   restoring_ = false;
   if (lost_) rollBack();
 }

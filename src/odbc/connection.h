@@ -48,6 +48,12 @@ class OdbcConnection {
   void gather(const std::string& table);
   bool isGathering() const { return gathering_; }
 
+  /// Begins to gather; from here on any refusal loses all that was gathered, and so does the end of the
+  /// connection without close.
+  void keepWhole();
+  /// True where writing is kept as a whole or not at all.
+  bool keepsWhole() const { return whole_; }
+
   /// Raises Error where gathered writing was lost to an earlier failure.
   void requireNothingLost() const;
 
@@ -100,6 +106,7 @@ class OdbcConnection {
   std::set<OdbcStatement*> statements_;
   bool readsAnyColumn_ = false;
   bool gathering_ = false;
+  bool whole_ = false;      // writing is kept as a whole or not at all
   bool restoring_ = false;  // a failure is being undone
   bool lost_ = false;       // gathered writing was rolled back
 };

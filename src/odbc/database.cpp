@@ -96,7 +96,7 @@ class OdbcDatabase final : public Database {
       : connection_(std::make_shared<OdbcConnection>(source, path)) {}
   ~OdbcDatabase() override {
     try {
-      connection_->close();
+      connection_->keepsWhole() ? connection_->discard() : connection_->close();
     } catch (const Error&) {
       // Nobody is left to be told; close has already rolled back what could not be committed.
     }
@@ -128,6 +128,11 @@ class OdbcDatabase final : public Database {
   }
 
   void gather() override { connection_->gather(); }
+  void keepWhole() override { connection_->keepWhole(); }
+  std::vector<std::string> damage() override {
+    connection_->requireOpen();
+    return connection_->product().damage(*connection_);
+  }
   void close() override { connection_->close(); }
   void discard() override { connection_->discard(); }
 

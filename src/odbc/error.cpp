@@ -71,6 +71,7 @@ std::string sentence(const OdbcDiagnosis& d, const std::string& database, std::s
   if (d.state == "25006") return database + "は読み取り専用のため書き込めません";
   if (d.state == "42501") return target + "を扱う権限がありません";
   if (d.state == "53100") return "ディスクの空き容量が足りないため、" + database + "に書き込めません";
+  if (isOneOf(d.state, {"HY001", "53200"})) return "メモリが足りないため、" + database + "を扱えません";
   if (d.state.starts_with("23")) return target + "の制約に反するため書き込めません";
   if (d.state.starts_with("22") || d.state == "42804") return target + "の列の型に合わない値です";
   if (d.state.starts_with("58") || d.state.starts_with("XX")) return database + "の読み書きに失敗しました";
@@ -85,7 +86,8 @@ Error odbcError(const OdbcDiagnosis& diagnosis, std::string_view file, std::stri
 
 bool isMediumFailure(const OdbcDiagnosis& diagnosis) {
   const auto begins = [&diagnosis](const char* part) { return diagnosis.state.starts_with(part); };
-  return begins("08") || begins("57P") || begins("53") || begins("58") || begins("XX");
+  return diagnosis.state == "HY001" || begins("08") || begins("57P") || begins("53") || begins("58") ||
+         begins("XX");
 }
 
 }  // namespace db

@@ -64,6 +64,9 @@ class OdbcProduct {
   /// False where the driver tells numbers as texts alone.
   virtual bool givesNumbers() const { return true; }
 
+  /// What the engine's own examination of the database finds wrong; nothing where it has none.
+  virtual std::vector<std::string> damage(OdbcConnection&) { return {}; }
+
   /// Begins a transaction. Raises Error where the database can only be read.
   virtual void begin(OdbcConnection& connection);
   /// Keeps other writers of the table out until the transaction ends.

@@ -112,6 +112,15 @@ std::string OdbcSqlite::exactSql(const std::string& sql, const std::vector<bool>
          " FROM \"exact records\")";
 }
 
+std::vector<std::string> OdbcSqlite::damage(OdbcConnection& connection) {
+  std::vector<std::string> found;
+  const auto statement = connection.prepare("PRAGMA integrity_check");
+  statement->run();
+  while (statement->next())
+    if (const std::string words = statement->value(0).text(); words != "ok") found.push_back(words);
+  return found;
+}
+
 /// The driver's own manual mode begins with a lock that lets other writers in.
 void OdbcSqlite::begin(OdbcConnection& connection) { connection.control("BEGIN IMMEDIATE"); }
 void OdbcSqlite::commit(OdbcConnection& connection) { connection.control("COMMIT"); }

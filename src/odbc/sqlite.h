@@ -17,6 +17,7 @@ class OdbcSqlite : public OdbcProduct {
   bool convertsTexts() const override { return true; }
   bool roundsNumbers() const override { return true; }
   std::string exactSql(const std::string& sql, const std::vector<bool>& numbers) const override;
+  std::vector<std::string> damage(OdbcConnection& connection) override;
   void begin(OdbcConnection& connection) override;
   void commit(OdbcConnection& connection) override;
   void rollBack(OdbcConnection& connection) override;

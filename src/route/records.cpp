@@ -22,7 +22,7 @@ namespace {
 void save(std::string_view dbPath, Extent extent, const std::function<void(db::Database&)>& write) {
   const auto database = db::openDatabase(dbPath);
   try {
-    if (extent == Extent::AllOrNothing) database->gather();
+    if (extent == Extent::AllOrNothing) database->keepWhole();
     write(*database);
   } catch (const std::bad_alloc&) {
     database->discard();

@@ -9,8 +9,14 @@
 namespace db {
 namespace {
 
-/// How long a locked database is waited for, in milliseconds.
-constexpr int lockWait = 3000;
+/// How long a connection waits for locks, all its statements together: an act of the operator has one.
+constexpr std::chrono::milliseconds lockWait(3000);
+
+/// How long it sleeps before it asks for a lock again.
+constexpr int lockPause = 20;
+
+/// What "PRAGMA synchronous" answers where even the end of the journal is waited for.
+constexpr double everySync = 3;
 
 /// Turns the optimizations named by these bits off, for SQLITE_TESTCTRL_OPTIMIZATIONS: Bloom filters.
 constexpr int withoutBloomFilter = 0x00080000;
@@ -54,7 +60,7 @@ std::vector<std::string> columnNames(sqlite3_stmt* statement) {
   return names;
 }
 
-SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(file) {
+SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(file), patience_(lockWait) {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
   const int code = sqlite3_open_v2(enginePath(file).c_str(), &handle_, flags, nullptr);
   if (code != SQLITE_OK) {
@@ -63,20 +69,43 @@ SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(f
     throw failure;
   }
   sqlite3_extended_result_codes(handle_, 1);
-  sqlite3_busy_timeout(handle_, lockWait);
+  sqlite3_busy_handler(handle_, waitForLock, this);
   // A name in double quotes that is no column is a fault and no text.
   sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  // "Saved" is told only when the end of the journal, too, is safe on disk. A save's pages fit into the
-  // cache, so each of them is written once.
-  sqlite3_exec(handle_, "PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192", nullptr, nullptr, nullptr);
   // SQLite 3.40 puts a Bloom filter before an index that it makes up for a join, and hashes texts by their
   // length: texts that differ in trailing blanks would not be found. Without the filter they are.
   sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle_, withoutBloomFilter);
+  try {
+    prepareSettings();
+  } catch (...) {
+    sqlite3_close_v2(handle_);
+    throw;
+  }
+}
+
+/// "Saved" is told only when the end of the journal, too, is safe on disk, so a connection that cannot be set
+/// so (another program has locked the file) is none. A save's pages fit into the cache, so each of them is
+/// written once.
+void SqliteConnection::prepareSettings() {
+  run("PRAGMA synchronous=EXTRA");
+  run("PRAGMA cache_size=-8192");
+  const SqliteStatement asked = prepare("PRAGMA synchronous");
+  if (!step(asked.get()) || columnValue(asked.get(), 0).number() < everySync)
+    throw error("を、保存を確実にする設定で開けません。");
+}
+
+int SqliteConnection::waitForLock(void* connection, int) {
+  std::chrono::milliseconds& patience = static_cast<SqliteConnection*>(connection)->patience_;
+  if (patience.count() <= 0) return 0;
+  const auto start = std::chrono::steady_clock::now();
+  sqlite3_sleep(lockPause);
+  patience -= std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+  return 1;
 }
 
 SqliteConnection::~SqliteConnection() {
   try {
-    close();
+    whole_ ? discard() : close();
   } catch (const Error&) {
     // Nobody is left to be told; close has already rolled back what could not be committed.
   }
@@ -118,7 +147,14 @@ void SqliteConnection::run(std::string_view sql) { run(prepare(sql).get()); }
 void SqliteConnection::gather() {
   requireOpen();
   requireNothingLost();
-  if (!isGathering()) run("BEGIN IMMEDIATE");
+  if (isGathering()) return;
+  rollBack_ = prepare("ROLLBACK");  // there may be no memory for it later
+  run("BEGIN IMMEDIATE");
+}
+
+void SqliteConnection::keepWhole() {
+  gather();
+  whole_ = true;
 }
 
 void SqliteConnection::requireNothingLost() const {
@@ -149,6 +185,7 @@ void SqliteConnection::close() {
   if (!isOpen()) return;
   resetStatements();
   const std::optional<Error> failure = commit();
+  rollBack_.reset();
   sqlite3_close_v2(handle_);
   handle_ = nullptr;
   if (failure) throw Error(*failure);
@@ -158,6 +195,7 @@ void SqliteConnection::discard() {
   if (!isOpen()) return;
   resetStatements();
   rollBack();
+  rollBack_.reset();
   sqlite3_close_v2(handle_);
   handle_ = nullptr;
 }
@@ -174,15 +212,20 @@ void SqliteConnection::raise(int code, std::string_view table) {
   throw Error(failure);
 }
 
-/// After a failure of the medium nothing of what was gathered may stay; after any other failure all of it
-/// stays, unless the engine itself has rolled back.
+/// After a failure of the medium, or of anything where writing is kept as a whole, nothing of what was
+/// gathered may stay; after any other failure all of it stays, unless the engine itself has rolled back.
 void SqliteConnection::settle(int code, bool gathering) {
-  if (gathering && isMediumFailure(code)) rollBack();
-  if (gathering && !isGathering()) lost_ = true;
+  if (!gathering) return;
+  const bool loses = whole_ || isMediumFailure(code);
+  if (loses) rollBack();
+  if (loses || !isGathering()) lost_ = true;
 }
 
 std::optional<Error> SqliteConnection::commit() {
-  if (lost_) return error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+  if (lost_) {
+    rollBack();
+    return error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+  }
   if (!isGathering()) return std::nullopt;
   const int code = sqlite3_exec(handle_, "COMMIT", nullptr, nullptr, nullptr);
   if (code == SQLITE_OK) return std::nullopt;
@@ -192,7 +235,9 @@ std::optional<Error> SqliteConnection::commit() {
 }
 
 void SqliteConnection::rollBack() {
-  if (isGathering()) sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+  if (!isGathering() || !rollBack_) return;
+  sqlite3_step(rollBack_.get());
+  sqlite3_reset(rollBack_.get());
 }
 
 void SqliteConnection::resetStatements() {

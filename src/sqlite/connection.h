@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -58,6 +59,12 @@ class SqliteConnection {
   /// Begins to gather what is written, unless that has begun already. Other writers are kept out from here.
   void gather();
 
+  /// The same; from here on any refusal loses all that was gathered, and so does the end of the connection
+  /// without close.
+  void keepWhole();
+  /// True where writing is kept as a whole or not at all.
+  bool keepsWhole() const { return whole_; }
+
   /// Raises Error where gathered writing was lost to an earlier failure: nothing may be written after it, or
   /// a part of a save would stand alone.
   void requireNothingLost() const;
@@ -84,6 +91,8 @@ class SqliteConnection {
  private:
   [[noreturn]] void raiseClosed() const;
   [[noreturn]] void raise(int code, std::string_view table = {});
+  void prepareSettings();
+  static int waitForLock(void* connection, int);
   void settle(int code, bool gathering);
   std::optional<Error> commit();
   void rollBack();
@@ -92,7 +101,10 @@ class SqliteConnection {
 
   std::string file_;
   sqlite3* handle_ = nullptr;
-  bool lost_ = false;  // gathered writing was rolled back
+  SqliteStatement rollBack_;            // ready as long as something is gathered
+  bool lost_ = false;                   // gathered writing was rolled back
+  bool whole_ = false;                  // writing is kept as a whole or not at all
+  std::chrono::milliseconds patience_;  // how much longer locks are waited for
 };
 
 }  // namespace db

@@ -25,7 +25,7 @@ SqliteDatabase::SqliteDatabase(std::shared_ptr<SqliteConnection> connection)
 
 SqliteDatabase::~SqliteDatabase() {
   try {
-    connection_->close();
+    connection_->keepsWhole() ? connection_->discard() : connection_->close();
   } catch (const Error&) {
     // Nobody is left to be told; close has already rolled back what could not be committed.
   }
@@ -52,6 +52,16 @@ std::vector<ColumnDefinition> SqliteDatabase::tableDefinition(std::string_view t
   std::vector<ColumnDefinition> columns = connection_->columns(table);
   if (columns.empty()) throw connection_->error("にテーブル「" + std::string(table) + "」がありません。");
   return columns;
+}
+
+std::vector<std::string> SqliteDatabase::damage() {
+  std::vector<std::string> found;
+  const SqliteStatement statement = connection_->prepare("PRAGMA integrity_check");
+  while (connection_->step(statement.get())) {
+    const std::string words = columnValue(statement.get(), 0).text();
+    if (words != "ok") found.push_back(words);
+  }
+  return found;
 }
 
 std::unique_ptr<Database> openSqliteDatabase(std::string_view path) {

@@ -18,6 +18,8 @@ class SqliteDatabase final : public Database {
   void execute(std::string_view sql) override;
   std::vector<ColumnDefinition> tableDefinition(std::string_view table) override;
   void gather() override { connection_->gather(); }
+  void keepWhole() override { connection_->keepWhole(); }
+  std::vector<std::string> damage() override;
   void discard() override { connection_->discard(); }
   void close() override { connection_->close(); }
 

@@ -196,6 +196,46 @@ TEST_F(Gathering, TablesMadeReachTheDiskWithTheirRecords) {
   EXPECT_EQ(ask("SELECT a FROM New"), "y");
 }
 
+TEST_F(Gathering, ARefusalLosesAllThatIsKeptAsAWhole) {
+  const auto database = open();
+  database->keepWhole();
+  database->execute("INSERT INTO Log VALUES(5)");
+  const auto records = deleted(*database);
+  add(*records, 11);
+  EXPECT_TRUE(holds(failure([&] { add(*records, 100); }), "制約に反する"));
+  const std::string lost = named("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+  EXPECT_EQ(failure([&] { add(*records, 12); }), lost);
+  EXPECT_EQ(failure([&] { database->close(); }), lost);
+  EXPECT_EQ(numbers(), "1,2,3");
+  EXPECT_EQ(ask("SELECT count(*) FROM Log"), "0");
+}
+
+TEST_F(Gathering, AnEndWithoutACloseLosesAllThatIsKeptAsAWhole) {
+  {
+    const auto database = open();
+    database->keepWhole();
+    const auto records = deleted(*database);
+    add(*records, 11);
+    records->addNew();
+    EXPECT_TRUE(holds(failure([&] { records->set("無", 1.0); }), "列「無」"));
+  }
+  EXPECT_EQ(numbers(), "1,2,3");
+}
+
+TEST_F(Gathering, AWholeOfSeveralTablesReachesTheDiskTogether) {
+  const auto database = open();
+  database->keepWhole();
+  const auto records = deleted(*database);
+  add(*records, 11);
+  database->execute("INSERT INTO Log VALUES(5)");
+  EXPECT_EQ(numbers(), "1,2,3");
+  database->close();
+  EXPECT_EQ(numbers(), "3,11");
+  EXPECT_EQ(ask("SELECT n FROM Log"), "5");
+}
+
+TEST_F(Gathering, ADatabaseInOrderHasNoDamage) { EXPECT_EQ(open()->damage(), std::vector<std::string>{}); }
+
 TEST_F(Gathering, NothingGatheredIsNothingDiscarded) {
   make("CREATE TABLE Old(a TEXT)");
   const auto database = open();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/job_file.h"
 
 namespace {
@@ -44,6 +46,18 @@ TEST_F(Check, NamesMissingTablesAndColumns) {
   EXPECT_EQ(findings(), (Lines{"JobData: 列「Tokyu」がありません。",
                                "KansokuSeikaDataSeihyou: 列「RosenEndDataFlg」がありません。",
                                "KansokuKikan: テーブルがありません。"}));
+}
+
+TEST_F(Check, NamesOrderNumbersThatAreTexts) {
+  job_.sql({"DROP TABLE KansokuSeikaDataHKSNB",
+            "CREATE TABLE KansokuSeikaDataHKSNB (JobId TEXT(2), 補正値フラグ TEXT(1), 変動観測簿No TEXT(4), "
+            "SaveOrder TEXT(8))"});
+  const Lines found = findings();
+  EXPECT_EQ(
+      std::count(found.begin(), found.end(),
+                 "KansokuSeikaDataHKSNB: 列「SaveOrder」が文字列の型（TEXT(8)）です。ほかのプログラムでは "
+                 "1、10、2 の順に並ぶことがあります。"),
+      1);
 }
 
 TEST_F(Check, NamesRecordsWithoutACategory) {
