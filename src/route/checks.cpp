@@ -29,6 +29,16 @@ std::optional<double> readable(std::string_view text) {
   }
 }
 
+/// True for the usual text of a number, a few digits with a point among them: told without reading it.
+bool isPlainNumber(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  std::size_t digits = 0;
+  for (const char c : text)
+    if (c >= '0' && c <= '9') ++digits;
+  return digits > 0 && digits <= 15 &&
+         (digits == text.size() || (digits + 1 == text.size() && text.find('.') != text.npos));
+}
+
 /// The rows of bench-mark numbers already met in a route, looked up by number.
 class NamesMet {
  public:
@@ -126,7 +136,8 @@ void findTextsThatAreNoNumber(const ui::Grid& grid, std::initializer_list<int> c
   for (int row = grid.fixedRows(); row < grid.rows(); ++row)
     for (const int col : columns) {
       const std::string& cell = grid.text(row, col);
-      if (cell.empty() || (text::isNumeric(cell) && readable(cell)) || text::trimmed(cell).empty()) continue;
+      if (cell.empty() || isPlainNumber(cell) || text::trimmed(cell).empty()) continue;
+      if (text::isNumeric(cell) && readable(cell)) continue;
       const auto counts = readable(cell);
       const std::string what =
           counts ? "は数ではありません。" + text::numberText(*counts) + " として計算されます。"

@@ -26,7 +26,13 @@ class LineCheck {
   /// `sound`: the calculation passes no known point over.
   LineCheck(const ui::Grid& grid, const LevellingLine& line, job::Grade grade, Points points, bool sound,
             ui::Findings& findings)
-      : grid_(grid), line_(line), grade_(grade), points_(points), findings_(findings), sound_(sound) {}
+      : grid_(grid),
+        line_(line),
+        grade_(grade),
+        points_(points),
+        findings_(findings),
+        reckoned_(lineCorrections(line)),
+        sound_(sound) {}
 
   /// True where a calculation has given corrections.
   bool computed() const {
@@ -54,11 +60,11 @@ class LineCheck {
   }
 
   void corrections() {
-    const std::vector<double> reckoned = lineCorrections(line_);
     double closureBefore = 0;
     for (std::size_t i = 0; i < line_.points.size(); ++i) {
       const LinePoint& point = line_.points[i];
-      if (!correction(point).empty()) computedPoint(point, reckoned.empty() ? 0 : reckoned[i], closureBefore);
+      if (!correction(point).empty())
+        computedPoint(point, reckoned_.empty() ? 0 : reckoned_[i], closureBefore);
       if (point.fixed) closureBefore = point.closure;
     }
   }
@@ -156,7 +162,7 @@ class LineCheck {
           point.fixed
               ? route::notTaken(grid_, point.row, colResult, "「計算」を押してください。")
               : route::notTaken(grid_, point.row, colCorrection, "そのセルで Enter を押してください。"));
-    } else if (!point.fixed && !line_.fixedPoints().empty()) {
+    } else if (!point.fixed && !reckoned_.empty()) {
       compare(point, units, reckoned * grade_.factor(), closureBefore * grade_.factor());
     }
   }
@@ -198,6 +204,7 @@ class LineCheck {
   const job::Grade grade_;
   const Points points_;
   ui::Findings& findings_;
+  const std::vector<double> reckoned_;  // corrections, m; none where no point is fixed
   bool sound_;
   bool differs_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -257,6 +258,28 @@ TEST_F(SingleRouteChecks, NoTextMakesThemFail) {
         EXPECT_NO_THROW(find({"A", "C", "E"}, "1")) << row << "," << col << " " << hostile;
         grid.setText(row, col, before);
       }
+}
+
+// 16,000 bench marks, each 32nd known. What grows with the square of them would take minutes.
+TEST_F(SingleRouteChecks, GrowWithTheLengthOfTheRouteAlone) {
+  test::RouteMaker maker(grid);
+  Texts known;
+  for (int i = 0; i < 16000; ++i) {
+    const bool isKnown = i % 32 == 0;
+    maker.benchMark("N" + std::to_string(i), "1", "10.000", isKnown ? "10.000" : "");
+    if (isKnown) known.push_back("N" + std::to_string(i));
+  }
+  fillIn();
+  const auto secondsOf = [](const auto& act) {
+    const std::clock_t begin = std::clock();
+    act();
+    return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+  };
+  const double calculation = secondsOf([&] { tanrosen::FcCalcTanrosen(grid, known, second, "0"); });
+  Texts found;
+  const double checking = secondsOf([&] { found = texts(known); });
+  EXPECT_EQ(found, Texts{});
+  EXPECT_LT(checking, 20 * calculation + 0.05);
 }
 
 // Wherever the plain calculation ends on the heights of every segment closed by itself there is no finding;
