@@ -6,12 +6,12 @@
 #include "daen/loaded_heights.h"
 #include "db/database.h"
 #include "db/sql.h"
+#include "route/filler.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "text/number.h"
 #include "text/padding.h"
 #include "ui/error_trap.h"
-#include "ui/grid_helpers.h"
 
 namespace daen {
 namespace {
@@ -42,46 +42,39 @@ db::Sql replacedSql(const job::JobContext& context, const route::Selection& sele
 /// What observed and saved records have in common: a bench-mark row and a segment row to each.
 class RouteRows {
  public:
-  RouteRows(db::Recordset& records, const Formats& formats, ui::Grid& grid)
-      : formats_(formats), records_(records), grid_(grid) {}
+  RouteRows(const db::Recordset& records, const Formats& formats, ui::Grid& grid)
+      : formats_(formats), records_(records), rows_(records, grid) {}
 
  protected:
   /// Adds the two rows of the present record with what every record has. Returns false where the grid could
   /// not take them (already reported).
   bool addRows() {
-    benchMarkRow_ += 2;
-    if (!ui::FcGridMoveRow(grid_, benchMarkRow_) || !ui::FcGridMoveRow(grid_, segmentRow())) return false;
-    flag_ = text(flagColumn_);
-    set(benchMarkRow_, colBenchMark, text(benchMark_));
-    set(benchMarkRow_, colDataForm, text(dataKubun_));
-    set(benchMarkRow_, colSaveOrder, text(saveOrder_));
-    set(benchMarkRow_, colEndMark, flag_);
-    set(benchMarkRow_, colFlag, flag_);
-    if (!ends())
-      set(segmentRow(), colDistance, route::formatted(records_.value(distance_), formats_.distance));
+    if (!rows_.addPair()) return false;
+    flag_ = rows_.text(flagColumn_);
+    rows_.benchMark(colBenchMark, benchMark_);
+    rows_.benchMark(colDataForm, dataKubun_);
+    rows_.benchMark(colSaveOrder, saveOrder_);
+    rows_.benchMark(colEndMark, flag_);
+    rows_.benchMark(colFlag, flag_);
+    if (!ends()) rows_.section(colDistance, distance_, formats_.distance);
     return true;
   }
 
-  std::string text(db::Column column) const { return route::fieldText(records_, column); }
-  void set(int row, int col, const std::string& text) { grid_.setText(row, col, text); }
-  int benchMarkRow() const { return benchMarkRow_; }
-  int segmentRow() const { return benchMarkRow_ + 1; }
-  std::string benchMark() const { return text(benchMark_); }
+  std::string benchMark() const { return rows_.text(benchMark_); }
   const std::string& flag() const { return flag_; }
   /// True where the present record ends a route.
   bool ends() const { return flag_ == route::routeEnd; }
 
   const Formats& formats_;
-  db::Recordset& records_;
+  const db::Recordset& records_;
+  route::Filler rows_;
 
  private:
-  ui::Grid& grid_;
   const db::Column benchMark_ = records_.column("標石番号");
   const db::Column distance_ = records_.column("距離");
   const db::Column dataKubun_ = records_.column("DataKubun");
   const db::Column saveOrder_ = records_.column("SaveOrder");
   const db::Column flagColumn_ = records_.column("RosenEndDataFlg");
-  int benchMarkRow_ = -1;
   std::string flag_;
 };
 
@@ -92,11 +85,10 @@ class ObservedRows : public RouteRows {
 
   bool add() {
     if (!addRows()) return false;
-    const db::Value difference = records_.value(difference_);
-    const auto height = heights_.reach(benchMark(), flag(), records_.value(height_).number());
-    if (height) set(benchMarkRow(), colHeight, formats_.loaded.format(*height));
-    if (!ends()) set(segmentRow(), colHeight, route::formatted(difference, formats_.difference));
-    heights_.leave(difference.number());
+    const auto height = heights_.reach(benchMark(), flag(), rows_.value(height_).number());
+    if (height) rows_.benchMark(colHeight, formats_.loaded.format(*height));
+    if (!ends()) rows_.section(colHeight, difference_, formats_.difference);
+    heights_.leave(rows_.value(difference_).number());
     return true;
   }
 
@@ -113,11 +105,11 @@ class SavedRows : public RouteRows {
 
   bool add() {
     if (!addRows()) return false;
-    set(benchMarkRow(), colHeight, route::formatted(records_.value(height_), formats_.loaded));
-    set(benchMarkRow(), colCorrection, route::formatted(records_.value(correction_), formats_.correction));
-    set(benchMarkRow(), colResult, route::formatted(records_.value(result_), formats_.height));
-    set(benchMarkRow(), colRemark, text(remark1_));
-    if (!ends()) set(segmentRow(), colRemark, text(remark2_));
+    rows_.benchMark(colHeight, height_, formats_.loaded);
+    rows_.benchMark(colCorrection, correction_, formats_.correction);
+    rows_.benchMark(colResult, result_, formats_.height);
+    rows_.benchMark(colRemark, remark1_);
+    if (!ends()) rows_.section(colRemark, remark2_);
     return true;
   }
 
@@ -129,15 +121,14 @@ class SavedRows : public RouteRows {
   const db::Column remark2_ = records_.column("備考2");
 };
 
-/// Returns true where all records have found room.
+/// Returns true where no error was reported.
 template <class Rows>
-bool layInto(ui::Grid& grid, const db::Sql& sql, const job::JobContext& context, const Formats& formats) {
-  bool whole = false;
-  route::readRecords(context.gDbPath, sql, [&](db::Database&, db::Recordset& records) {
+bool fill(ui::Grid& grid, std::string_view procedure, const db::Sql& sql, const job::JobContext& context,
+          const Formats& formats) {
+  return route::fill(grid, procedure, context.gDbPath, sql, [&](db::Database&, db::Recordset& records) {
     Rows rows(records, formats, grid);
-    whole = route::layRecords(records, rows);
+    return route::layRecords(records, rows);
   });
-  return whole;
 }
 
 /// Adds one bench mark to the saved results; a route end has no segment behind it.
@@ -168,20 +159,12 @@ bool hasNumber(const ui::Grid& grid, int row) { return !text::trimmed(grid.text(
 
 bool FcDHseiDBOpen(const route::Selection& selection, const job::JobContext& context, const Formats& formats,
                    ui::Grid& Grid1) {
-  bool whole = false;
-  return ui::trapped(
-             Grid1.desktop(), "FcDHseiDBOpen",
-             [&] { whole = layInto<ObservedRows>(Grid1, loadSql(context, selection), context, formats); }) &&
-         whole;
+  return fill<ObservedRows>(Grid1, "FcDHseiDBOpen", loadSql(context, selection), context, formats);
 }
 
 bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& context,
                      const Formats& formats, ui::Grid& Grid1) {
-  bool whole = false;
-  return ui::trapped(
-             Grid1.desktop(), "FcDHseiDBReOpen",
-             [&] { whole = layInto<SavedRows>(Grid1, savedSql(context, selection), context, formats); }) &&
-         whole;
+  return fill<SavedRows>(Grid1, "FcDHseiDBReOpen", savedSql(context, selection), context, formats);
 }
 
 bool FcDHseiSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& Grid1) {

@@ -9,12 +9,12 @@
 #include "hend/calculation.h"
 #include "hend/columns.h"
 #include "open/open.h"
+#include "route/filler.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "text/date.h"
 #include "text/padding.h"
 #include "ui/error_trap.h"
-#include "ui/grid_helpers.h"
 
 namespace hend {
 namespace {
@@ -60,56 +60,32 @@ std::string shownDate(const std::string& stored) {
   return date ? date->text() : stored;
 }
 
-/// Lays records into the grid, two rows for each.
-class Layer {
- public:
-  Layer(db::Recordset& records, const job::JobContext& context, ui::Grid& grid)
-      : records_(records), grid_(grid), heights_(context.grade().heights()) {}
-
- protected:
-  /// Goes on to the next row. Returns false where the grid is full (already reported).
-  bool nextRow() { return ui::FcGridMoveRow(grid_, ++row_); }
-
-  std::string text(db::Column column) const { return route::fieldText(records_, column); }
-  void put(int col, std::string_view text) { grid_.setText(row_, col, text); }
-  void putText(int col, db::Column column) { put(col, text(column)); }
-  void putNumber(int col, db::Column column, const text::Pattern& pattern) {
-    put(col, route::formatted(records_.value(column), pattern));
-  }
-
-  db::Recordset& records_;
-  ui::Grid& grid_;
-  const text::Pattern& heights_;
-
- private:
-  int row_ = 0;
-};
-
 /// Lays observation records into the grid.
-class ObservedRoute : private Layer {
+class ObservedRoute {
  public:
-  using Layer::Layer;
+  ObservedRoute(const db::Recordset& records, const job::JobContext& context, ui::Grid& grid)
+      : records_(records), rows_(records, grid), heights_(context.grade().heights()) {}
 
   bool add() {
-    const std::string mark = text(mark_);
-    if (!nextRow()) return false;
-    putText(colBenchMark, benchMark_);
-    putText(colOrder, order_);
-    putText(colCategory, category_);
-    put(colMark, mark);
-    if (mark != route::routeEnd) {
-      put(colNewDate, shownDate(text(newDate_)));
-      put(colOldDate, shownDate(text(oldDate_)));
-    }
-    if (!nextRow()) return false;
-    if (mark != route::routeEnd && mark != route::repeatedPoint) {
-      putNumber(colNewHeight, newHeight_, heights_);
-      putNumber(colOldHeight, oldHeight_, heights_);
-    }
+    if (!rows_.addPair()) return false;
+    const std::string mark = rows_.text(mark_);
+    rows_.benchMark(colBenchMark, benchMark_);
+    rows_.benchMark(colOrder, order_);
+    rows_.benchMark(colCategory, category_);
+    rows_.benchMark(colMark, mark);
+    if (mark == route::routeEnd) return true;
+    rows_.benchMark(colNewDate, shownDate(rows_.text(newDate_)));
+    rows_.benchMark(colOldDate, shownDate(rows_.text(oldDate_)));
+    if (mark == route::repeatedPoint) return true;
+    rows_.section(colNewHeight, newHeight_, heights_);
+    rows_.section(colOldHeight, oldHeight_, heights_);
     return true;
   }
 
  private:
+  const db::Recordset& records_;
+  route::Filler rows_;
+  const text::Pattern& heights_;
   const db::Column benchMark_ = records_.column("標石番号");
   const db::Column order_ = records_.column("SaveOrder");
   const db::Column category_ = records_.column("DataKubun");
@@ -121,48 +97,53 @@ class ObservedRoute : private Layer {
 };
 
 /// Lays saved records into the grid and remembers their reference date.
-class SavedRoute : private Layer {
+class SavedRoute {
  public:
-  SavedRoute(db::Recordset& records, const job::JobContext& context, ui::Grid& grid,
+  SavedRoute(const db::Recordset& records, const job::JobContext& context, ui::Grid& grid,
              std::string& referenceDate)
-      : Layer(records, context, grid), referenceDate_(referenceDate) {}
+      : records_(records),
+        rows_(records, grid),
+        heights_(context.grade().heights()),
+        referenceDate_(referenceDate) {}
 
   bool add() {
-    const std::string mark = text(mark_);
-    referenceDate_ = text(reference_);
-    if (!nextRow()) return false;
-    benchMarkRow(mark);
-    if (!nextRow()) return false;
-    sectionRow(mark);
+    referenceDate_ = rows_.text(reference_);
+    if (!rows_.addPair()) return false;
+    const std::string mark = rows_.text(mark_);
+    benchMark(mark);
+    section(mark);
     return true;
   }
 
  private:
-  void benchMarkRow(const std::string& mark) {
-    putText(colBenchMark, benchMark_);
-    putText(colOrder, order_);
-    putText(colCategory, category_);
-    put(colMark, mark);
-    putText(colNewDate, newDate_);
-    putText(colOldDate, oldDate_);
-    putText(colRemark, remark1_);
+  void benchMark(const std::string& mark) {
+    rows_.benchMark(colBenchMark, benchMark_);
+    rows_.benchMark(colOrder, order_);
+    rows_.benchMark(colCategory, category_);
+    rows_.benchMark(colMark, mark);
+    rows_.benchMark(colNewDate, newDate_);
+    rows_.benchMark(colOldDate, oldDate_);
+    rows_.benchMark(colRemark, remark1_);
     if (mark == route::routeEnd) return;
-    putText(colDaysNewOld, daysNewOld_);
-    putText(colDaysReference, daysReference_);
-    putNumber(colCorrection, newPointCorrection_, heights_);
+    rows_.benchMark(colDaysNewOld, daysNewOld_);
+    rows_.benchMark(colDaysReference, daysReference_);
+    rows_.benchMark(colCorrection, newPointCorrection_, heights_);
   }
 
-  void sectionRow(const std::string& mark) {
-    putText(colRemark, remark2_);
+  void section(const std::string& mark) {
+    rows_.section(colRemark, remark2_);
     if (mark == route::routeEnd) return;
-    putNumber(colNewHeight, newHeight_, heights_);
-    putNumber(colOldHeight, oldHeight_, heights_);
-    putNumber(colDifference, difference_, heights_);
-    putNumber(colRate, rate_, dailyChange());
-    putNumber(colCorrection, correction_, heights_);
-    putNumber(colResult, result_, heights_);
+    rows_.section(colNewHeight, newHeight_, heights_);
+    rows_.section(colOldHeight, oldHeight_, heights_);
+    rows_.section(colDifference, difference_, heights_);
+    rows_.section(colRate, rate_, dailyChange());
+    rows_.section(colCorrection, correction_, heights_);
+    rows_.section(colResult, result_, heights_);
   }
 
+  const db::Recordset& records_;
+  route::Filler rows_;
+  const text::Pattern& heights_;
   std::string& referenceDate_;
   const db::Column benchMark_ = records_.column("標石番号");
   const db::Column order_ = records_.column("SaveOrder");
@@ -297,16 +278,11 @@ bool FcHendDBOpen(const route::Selection& selection, const job::JobContext& cont
 
 bool FcHendDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
                     std::string& referenceDate) {
-  bool whole = false;
-  return ui::trapped(grid.desktop(), "FcHendDBReOpen",
-                     [&] {
-                       route::readRecords(context.gDbPath, savedSql(context, selection),
-                                          [&](db::Database&, db::Recordset& records) {
-                                            SavedRoute saved(records, context, grid, referenceDate);
-                                            whole = route::layRecords(records, saved);
-                                          });
-                     }) &&
-         whole;
+  return route::fill(grid, "FcHendDBReOpen", context.gDbPath, savedSql(context, selection),
+                     [&](db::Database&, db::Recordset& records) {
+                       SavedRoute saved(records, context, grid, referenceDate);
+                       return route::layRecords(records, saved);
+                     });
 }
 
 bool FcHendDBSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid,

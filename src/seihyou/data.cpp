@@ -5,12 +5,12 @@
 
 #include "db/database.h"
 #include "db/sql.h"
+#include "route/filler.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "seihyou/columns.h"
 #include "text/number.h"
 #include "ui/error_trap.h"
-#include "ui/grid_helpers.h"
 
 namespace seihyou {
 namespace {
@@ -45,59 +45,50 @@ db::Sql savedSql(const job::JobContext& context, const route::Selection& selecti
 class ObservedRoute {
  public:
   ObservedRoute(const route::Selection& selection, const job::JobContext& context, db::Database& database,
-                db::Recordset& records, ui::Grid& grid)
+                const db::Recordset& records, ui::Grid& grid)
       : selection_(selection),
         context_(context),
         database_(database),
         records_(records),
-        grid_(grid),
+        rows_(records, grid),
         pattern_(context.grade().heights()) {}
 
   /// Adds the present record. Returns false where the grid could not take it (already reported).
   bool add() {
-    const std::string flag = text(flag_);
+    const std::string flag = rows_.text(flag_);
     if (heights_.atStart()) heights_.begin(startHeight());
-    if (!benchMarkRow(flag)) return false;
-    const db::Value meanDifference = records_.value(meanDifference_);
-    if (flag != route::routeEnd && !sectionRow(flag, meanDifference)) return false;
-    heights_.leave(flag, meanDifference);
+    if (!rows_.addBenchMark()) return false;
+    benchMark(flag);
+    if (flag != route::routeEnd && !rows_.addSection()) return false;
+    if (flag != route::routeEnd && flag != route::repeatedPoint)
+      rows_.section(colHeight, meanDifference_, pattern_);
+    heights_.leave(flag, rows_.value(meanDifference_));
     return true;
   }
 
  private:
-  std::string text(db::Column column) const { return route::fieldText(records_, column); }
-
   db::Value startHeight() const {
-    db::Value start = records_.value(height_);
+    db::Value start = rows_.value(height_);
     if (selection_.previousRosen.empty()) return start;
-    const auto ends = database_.openRecordset(savedEndSql(context_, selection_, text(benchMark_)));
+    const auto ends = database_.openRecordset(savedEndSql(context_, selection_, rows_.text(benchMark_)));
     if (!ends->eof() && !ends->field("標高").isBlank()) start = ends->field("標高");
     ends->close();
     return start;
   }
 
-  bool benchMarkRow(const std::string& flag) {
-    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
-    grid_.setText(row_, colBenchMark, text(benchMark_));
-    grid_.setText(row_, colHeight, route::formatted(records_.value(height_), pattern_));
-    grid_.setText(row_, colResult, heights_.reach(flag));
-    grid_.setText(row_, colFlag, flag);
-    grid_.setText(row_, colRoute, records_.value(route_).text());
-    return true;
-  }
-
-  bool sectionRow(const std::string& flag, const db::Value& meanDifference) {
-    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
-    if (flag != route::repeatedPoint)
-      grid_.setText(row_, colHeight, route::formatted(meanDifference, pattern_));
-    return true;
+  void benchMark(const std::string& flag) {
+    rows_.benchMark(colBenchMark, benchMark_);
+    rows_.benchMark(colHeight, height_, pattern_);
+    rows_.benchMark(colResult, heights_.reach(flag));
+    rows_.benchMark(colFlag, flag);
+    rows_.benchMark(colRoute, rows_.value(route_).text());
   }
 
   const route::Selection& selection_;
   const job::JobContext& context_;
   db::Database& database_;
-  db::Recordset& records_;
-  ui::Grid& grid_;
+  const db::Recordset& records_;
+  route::Filler rows_;
   const text::Pattern& pattern_;
   const db::Column benchMark_ = records_.column("標石番号");
   const db::Column height_ = records_.column("標高");
@@ -105,42 +96,37 @@ class ObservedRoute {
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column route_ = records_.column("路線番号");
   route::RunningHeights heights_{pattern_, route::tenthsOfMillimetre};
-  int row_ = 0;
 };
 
 /// Lays saved records into the grid, one after another.
 class SavedRoute {
  public:
-  SavedRoute(const job::JobContext& context, db::Recordset& records, ui::Grid& grid)
-      : records_(records), grid_(grid), grade_(context.grade()), pattern_(grade_.heights()) {}
+  SavedRoute(const job::JobContext& context, const db::Recordset& records, ui::Grid& grid)
+      : records_(records), rows_(records, grid), grade_(context.grade()), pattern_(grade_.heights()) {}
 
   /// Adds the present record. Returns false where the grid could not take it (already reported).
   bool add() {
-    const std::string flag = text(flag_);
-    if (!benchMarkRow(flag)) return false;
-    pairedMean_ = flag == route::repeatedPoint && takePaired(records_.value(result_));
-    if (flag != route::routeEnd) return sectionRow();
+    const std::string flag = rows_.text(flag_);
+    if (!rows_.addBenchMark()) return false;
+    benchMark(flag);
+    pairedMean_ = flag == route::repeatedPoint && takePaired(rows_.value(result_));
+    if (flag != route::routeEnd) return section();
     height_.reset();
     repeated_.restart();
     return true;
   }
 
  private:
-  std::string text(db::Column column) const { return route::fieldText(records_, column); }
-
-  bool benchMarkRow(const std::string& flag) {
-    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
-    const db::Value observed = records_.value(observedHeight_);
-    grid_.setText(row_, colBenchMark, text(benchMark_));
-    grid_.setText(row_, colHeight,
-                  route::formatted(observed.isBlank() ? records_.value(savedHeight_) : observed, pattern_));
-    grid_.setText(row_, colResult, resultText(flag));
-    grid_.setText(row_, colRemark, text(remark1_));
-    grid_.setText(row_, colFlag, flag);
-    grid_.setText(row_, colRoute, records_.value(route_).text());
+  void benchMark(const std::string& flag) {
+    const bool isObserved = !rows_.value(observedHeight_).isBlank();
+    rows_.benchMark(colBenchMark, benchMark_);
+    rows_.benchMark(colHeight, isObserved ? observedHeight_ : savedHeight_, pattern_);
+    rows_.benchMark(colResult, resultText(flag));
+    rows_.benchMark(colRemark, remark1_);
+    rows_.benchMark(colFlag, flag);
+    rows_.benchMark(colRoute, rows_.value(route_).text());
     if (!height_) difference_ = 0;
-    height_ = text::readNumber(grid_.text(row_, colResult));
-    return true;
+    height_ = text::readNumber(rows_.shownAtBenchMark(colResult));
   }
 
   /// Returns true where this result is the second of a pair.
@@ -153,27 +139,26 @@ class SavedRoute {
   /// A route end has no saved result: its height follows from the bench mark before it, or is the mean of the
   /// two repeated ones before it.
   std::string resultText(const std::string& flag) const {
-    if (flag != route::routeEnd) return route::formatted(records_.value(result_), pattern_);
+    if (flag != route::routeEnd) return route::formatted(rows_.value(result_), pattern_);
     if (pairedMean_) return pattern_.format(repeated_.mean());
     return height_ ? pattern_.format(*height_ + difference_) : std::string();
   }
 
-  bool sectionRow() {
-    if (!ui::FcGridMoveRow(grid_, ++row_)) return false;
-    const db::Value meanDifference = records_.value(meanDifference_);
-    const std::string correction = text(correction_);
-    grid_.setText(row_, colHeight, route::formatted(meanDifference, pattern_));
-    grid_.setText(row_, colCorrection, correction);
-    grid_.setText(row_, colRemark, text(remark2_));
-    const std::string shown = grid_.text(row_, colHeight);
+  bool section() {
+    if (!rows_.addSection()) return false;
+    const std::string correction = rows_.text(correction_);
+    rows_.section(colHeight, meanDifference_, pattern_);
+    rows_.section(colCorrection, correction);
+    rows_.section(colRemark, remark2_);
+    const std::string shown = rows_.shownAtSection(colHeight);
     if (shown.empty() && correction.empty()) return true;
     difference_ = text::readNumber(shown) + text::readNumber(correction) / grade_.factor();
-    grid_.setText(row_, colResult, pattern_.format(difference_));
+    rows_.section(colResult, pattern_.format(difference_));
     return true;
   }
 
-  db::Recordset& records_;
-  ui::Grid& grid_;
+  const db::Recordset& records_;
+  route::Filler rows_;
   const job::Grade grade_;
   const text::Pattern& pattern_;
   const db::Column benchMark_ = records_.column("水準点番号");
@@ -187,8 +172,7 @@ class SavedRoute {
   const db::Column flag_ = records_.column("RosenEndDataFlg");
   const db::Column route_ = records_.column("路線番号");
   route::PairMean repeated_{route::tenthsOfMillimetre};
-  bool pairedMean_ = false;  // the last record was the second of a pair
-  int row_ = 0;
+  bool pairedMean_ = false;       // the last record was the second of a pair
   std::optional<double> height_;  // shown at the bench mark before on the route, m
   double difference_ = 0;         // last corrected difference of the route, m
 };
@@ -213,30 +197,19 @@ void addRecord(db::Recordset& records, const route::Selection& selection, const 
 }  // namespace
 
 bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
-  bool whole = false;
-  return ui::trapped(grid.desktop(), "FcDBOpen",
-                     [&] {
-                       route::readRecords(context.gDbPath, route::observationsSql(context, selection),
-                                          [&](db::Database& database, db::Recordset& records) {
-                                            ObservedRoute observed(selection, context, database, records,
-                                                                   grid);
-                                            whole = route::layRecords(records, observed);
-                                          });
-                     }) &&
-         whole;
+  return route::fill(grid, "FcDBOpen", context.gDbPath, route::observationsSql(context, selection),
+                     [&](db::Database& database, db::Recordset& records) {
+                       ObservedRoute observed(selection, context, database, records, grid);
+                       return route::layRecords(records, observed);
+                     });
 }
 
 bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
-  bool whole = false;
-  return ui::trapped(grid.desktop(), "FcDBReOpen",
-                     [&] {
-                       route::readRecords(context.gDbPath, savedSql(context, selection),
-                                          [&](db::Database&, db::Recordset& records) {
-                                            SavedRoute saved(context, records, grid);
-                                            whole = route::layRecords(records, saved);
-                                          });
-                     }) &&
-         whole;
+  return route::fill(grid, "FcDBReOpen", context.gDbPath, savedSql(context, selection),
+                     [&](db::Database&, db::Recordset& records) {
+                       SavedRoute saved(context, records, grid);
+                       return route::layRecords(records, saved);
+                     });
 }
 
 bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {

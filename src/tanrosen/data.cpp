@@ -4,12 +4,12 @@
 
 #include "db/database.h"
 #include "db/sql.h"
+#include "route/filler.h"
 #include "route/observations.h"
 #include "route/records.h"
 #include "tanrosen/columns.h"
 #include "tanrosen/saved_bench_marks.h"
 #include "ui/error_trap.h"
-#include "ui/grid_helpers.h"
 
 namespace tanrosen {
 namespace {
@@ -26,50 +26,31 @@ db::Sql savedSql(const job::JobContext& context, const route::Selection& selecti
 
 bool isKnown(const db::Value& height) { return height.number() != 0; }
 
-/// What both ways of filling the grid do alike: two rows for each record, and the lists.
-class Rows {
- public:
-  Rows(ui::Grid& grid, const BenchMarkLists& lists) : grid_(grid), lists_(lists) {}
-
-  /// Adds the two rows of a bench mark. Returns false where the grid could not take them (already reported).
-  bool add() {
-    row_ += 2;
-    return ui::FcGridMoveRow(grid_, row_ - 1) && ui::FcGridMoveRow(grid_, row_);
-  }
-
-  void benchMark(Column col, std::string_view text) { grid_.setText(row_ - 1, col, text); }
-  void section(Column col, std::string_view text) { grid_.setText(row_, col, text); }
-
-  void list(const std::string& benchMark, bool known) {
-    if (benchMark.empty()) return;
-    lists_.lstSuijyun.addItem(benchMark);
-    if (known) lists_.lstKiti.addItem(benchMark);
-  }
-
- private:
-  ui::Grid& grid_;
-  const BenchMarkLists& lists_;
-  int row_ = 0;  // of the last section
-};
+/// Both lists beside the grid, as bench marks come.
+void list(const BenchMarkLists& lists, const std::string& benchMark, bool known) {
+  if (benchMark.empty()) return;
+  lists.lstSuijyun.addItem(benchMark);
+  if (known) lists.lstKiti.addItem(benchMark);
+}
 
 /// Lays observation records into the grid, one after another.
 class ObservedRoute {
  public:
   ObservedRoute(const job::JobContext& context, const db::Recordset& records, ui::Grid& grid,
                 const BenchMarkLists& lists)
-      : records_(records), rows_(grid, lists), grade_(context.grade()) {}
+      : records_(records), rows_(records, grid), lists_(lists), grade_(context.grade()) {}
 
   /// Adds the present record. Returns false where the grid could not take it (already reported).
   bool add() {
-    const std::string flag = text(flag_);
-    const db::Value height = records_.value(height_);
+    const std::string flag = rows_.text(flag_);
+    const db::Value height = rows_.value(height_);
     if (heights_.atStart()) heights_.begin(height);
-    if (!rows_.add()) return false;
+    if (!rows_.addPair()) return false;
     benchMark(flag, height);
-    const db::Value meanDifference = records_.value(meanDifference_);
+    const db::Value meanDifference = rows_.value(meanDifference_);
     if (hasSection(flag)) {
-      rows_.benchMark(colDistance, text(distance_));
-      rows_.section(colHeight, route::formatted(meanDifference, grade_.heights()));
+      rows_.benchMark(colDistance, distance_);
+      rows_.section(colHeight, meanDifference_, grade_.heights());
     }
     heights_.leave(flag, meanDifference);
     return true;
@@ -80,20 +61,19 @@ class ObservedRoute {
     return flag != route::routeEnd && flag != route::repeatedPoint;
   }
 
-  std::string text(db::Column column) const { return route::fieldText(records_, column); }
-
   void benchMark(const std::string& flag, const db::Value& height) {
-    const std::string name = text(benchMark_);
+    const std::string name = rows_.text(benchMark_);
     rows_.benchMark(colBenchMark, name);
     rows_.benchMark(colHeight, heights_.reach(flag));
     if (isKnown(height)) rows_.benchMark(colResult, route::formatted(height, grade_.heights()));
     rows_.benchMark(colFlag, flag);
-    rows_.benchMark(colRoute, records_.value(route_).text());
-    rows_.list(name, isKnown(height));
+    rows_.benchMark(colRoute, rows_.value(route_).text());
+    list(lists_, name, isKnown(height));
   }
 
   const db::Recordset& records_;
-  Rows rows_;
+  route::Filler rows_;
+  const BenchMarkLists& lists_;
   const job::Grade grade_;
   const db::Column benchMark_ = records_.column("標石番号");
   const db::Column distance_ = records_.column("距離");
@@ -108,11 +88,11 @@ class ObservedRoute {
 class SavedRoute {
  public:
   SavedRoute(const job::JobContext& context, ui::Grid& grid, const BenchMarkLists& lists)
-      : rows_(grid, lists), pattern_(context.grade().heights()) {}
+      : rows_(grid), lists_(lists), pattern_(context.grade().heights()) {}
 
   /// Returns false where the grid could not take it (already reported).
   bool add(const SavedBenchMark& saved) {
-    if (!rows_.add()) return false;
+    if (!rows_.addPair()) return false;
     rows_.benchMark(colBenchMark, saved.name);
     rows_.benchMark(colDistance, saved.distance);
     rows_.benchMark(colCorrection, saved.correction);
@@ -133,10 +113,11 @@ class SavedRoute {
     const db::Value& today = saved.heightToday;
     rows_.benchMark(colHeight, formatted(saved.height.isBlank() ? today : saved.height));
     rows_.benchMark(colResult, formatted(saved.result.isBlank() && isKnown(today) ? today : saved.result));
-    rows_.list(saved.name, isKnown(today));
+    list(lists_, saved.name, isKnown(today));
   }
 
-  Rows rows_;
+  route::RowPairs rows_;
+  const BenchMarkLists& lists_;
   const text::Pattern& pattern_;
 };
 
@@ -170,32 +151,22 @@ void addRecord(db::Recordset& records, const route::Selection& selection, const 
 
 bool FcDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
               const BenchMarkLists& lists) {
-  bool whole = false;
-  return ui::trapped(grid.desktop(), "FcDBOpen",
-                     [&] {
-                       lists.clear();
-                       route::readRecords(context.gDbPath, route::observationsSql(context, selection),
-                                          [&](db::Database&, db::Recordset& records) {
-                                            ObservedRoute observed(context, records, grid, lists);
-                                            whole = route::layRecords(records, observed);
-                                          });
-                     }) &&
-         whole;
+  lists.clear();
+  return route::fill(grid, "FcDBOpen", context.gDbPath, route::observationsSql(context, selection),
+                     [&](db::Database&, db::Recordset& records) {
+                       ObservedRoute observed(context, records, grid, lists);
+                       return route::layRecords(records, observed);
+                     });
 }
 
 bool FcDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
                 const BenchMarkLists& lists) {
-  bool whole = false;
-  return ui::trapped(grid.desktop(), "FcDBReOpen",
-                     [&] {
-                       lists.clear();
-                       route::readRecords(context.gDbPath, savedSql(context, selection),
-                                          [&](db::Database&, db::Recordset& records) {
-                                            SavedRoute saved(context, grid, lists);
-                                            whole = laySaved(records, saved);
-                                          });
-                     }) &&
-         whole;
+  lists.clear();
+  return route::fill(grid, "FcDBReOpen", context.gDbPath, savedSql(context, selection),
+                     [&](db::Database&, db::Recordset& records) {
+                       SavedRoute saved(context, grid, lists);
+                       return laySaved(records, saved);
+                     });
 }
 
 bool FcDbSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid) {
