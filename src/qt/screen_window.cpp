@@ -22,6 +22,7 @@ ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<v
   setUpTabs();
   if (hasGrid()) new EditMenu(*this);
   centralWidget()->installEventFilter(this);
+  output_ = std::make_unique<OutputMenu>(*this, screen, host);
 }
 
 /// Tab passes the headers of pages by: what is typed there would go nowhere. Ctrl+Tab turns the page from
@@ -47,6 +48,7 @@ ScreenWindow::~ScreenWindow() { letGo(); }
 void ScreenWindow::letGo() {
   for (const auto& binding : bindings_) binding->untie();
   screen_ = nullptr;
+  if (output_) output_->letGo();
 }
 
 void ScreenWindow::refresh() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "qt/binding.h"
+#include "qt/output_menu.h"
 #include "ui/screen.h"
 
 namespace qt {
@@ -54,6 +55,7 @@ class ScreenWindow : public QMainWindow {
   ui::Screen* screen_;
   Host& host_;
   std::vector<std::unique_ptr<Binding>> bindings_;
+  std::unique_ptr<OutputMenu> output_;
   bool settingSize_ = false;
   bool sizeWaits_ = false;
 };

@@ -1,13 +1,12 @@
 #include "tanrosen/tables.h"
 
-#include <cmath>
-
 #include "route/grid_table.h"
 #include "route/heading.h"
 #include "route/profile.h"
-#include "tanrosen/closure.h"
+#include "route/tolerance.h"
+#include "tanrosen/check_formulas.h"
+#include "tanrosen/closure_table.h"
 #include "tanrosen/columns.h"
-#include "text/number.h"
 #include "text/pattern.h"
 
 namespace tanrosen {
@@ -15,10 +14,7 @@ namespace {
 
 using report::Side;
 
-/// The misclosure allowed between known points is this many mm times the root of the distance in km.
-double toleranceFactor(job::Grade grade) { return grade.tokyu() >= 4 ? 25 : 15; }
-
-report::Table closureTable(const std::vector<Segment>& segments, job::Grade grade) {
+report::Table closuresOf(const std::vector<ClosureSegment>& segments) {
   report::Table table{"閉合差",
                       {{"区間", "", Side::Left, true},
                        {"距離 S", "km", Side::Point, false},
@@ -28,15 +24,12 @@ report::Table closureTable(const std::vector<Segment>& segments, job::Grade grad
                       {}};
   const text::Pattern tenths("#0.0");
   const text::Pattern kilometres("#0.000");
-  for (const Segment& segment : segments) {
-    const double closure = text::roundHalfAway(segment.closure * 1000, 10);
-    const double allowed = toleranceFactor(grade) * std::sqrt(segment.distance);
+  for (const ClosureSegment& segment : segments)
     table.rows.push_back(
-        {{segment.from + " ～ " + segment.to, kilometres.format(segment.distance), tenths.format(closure),
-          tenths.format(allowed), std::abs(closure) <= allowed ? "良" : "超過"},
+        {{segment.from + " ～ " + segment.to, kilometres.format(segment.kilometres),
+          tenths.format(segment.closure), tenths.format(segment.allowed), segment.kept() ? "良" : "超過"},
          false,
          false});
-  }
   return table;
 }
 
@@ -53,9 +46,9 @@ report::Document tables(const ui::Grid& grid, const TableInput& input) {
   report::Document document;
   document.title = "単路線閉合差補正計算";
   document.parts = route::gridParts({grid, columns, colBenchMark, colFlag, colRoute}, input.route);
-  Closures closures = closuresOf(grid, input);
-  document.parts.back().items.emplace_back(closureTable(closures.segments, input.grade));
-  document.check = std::move(closures.check);
+  document.parts.back().items.emplace_back(
+      closuresOf(closureTable(grid, input.knownPoints, input.grade, input.dataKubun, route::Tolerances())));
+  document.check = checkFormulas(grid, input);
   return document;
 }
 

@@ -1,4 +1,4 @@
-#include "tanrosen/closure.h"
+#include "tanrosen/check_formulas.h"
 
 #include <optional>
 
@@ -29,18 +29,18 @@ class Way {
  public:
   Way(const ui::Grid& grid, const TableInput& input)
       : grid_(grid), input_(input), everyPoint_(everyPoint(input.dataKubun)), stride_(everyPoint_ ? 2 : 4) {
-    closures_.check.columns = {{"標高", 0, colHeight},
-                               {"距離の和", 0, -1},
-                               {"区間の距離", 0, -1},
-                               {"補正数", 0, colCorrection},
-                               {"補正結果", 0, colResult}};
+    check_.columns = {{"標高", 0, colHeight},
+                      {"距離の和", 0, -1},
+                      {"区間の距離", 0, -1},
+                      {"補正数", 0, colCorrection},
+                      {"補正結果", 0, colResult}};
   }
 
-  Closures closures() {
+  report::Check check() {
     observedHeights();
     for (const std::string& name : input_.knownPoints)
       if (!knownPoint(name)) break;
-    return std::move(closures_);
+    return std::move(check_);
   }
 
  private:
@@ -49,7 +49,7 @@ class Way {
   bool flagged(int row, std::string_view flag) const { return cell(row, colFlag) == flag; }
 
   void add(int column, int row, const Formula& formula) {
-    closures_.check.cells.push_back({column, row - 1, formula});
+    check_.cells.push_back({column, row - 1, formula});
   }
 
   /// Observed heights are running sums of the mean differences; behind a repeated bench mark they start anew,
@@ -80,7 +80,6 @@ class Way {
   }
 
   Formula distance(int row) const { return isForwardRun(row) ? Formula(0) : given(row, colDistance); }
-  double length(int row) const { return isForwardRun(row) ? 0 : number(row, colDistance); }
 
   bool mayBeKnown(int row) const {
     return !everyPoint_ || !flagged(row, route::repeatedPoint) || !cell(row, colResult).empty();
@@ -112,8 +111,6 @@ class Way {
   /// The next segment begins behind this row.
   void begin(int row) {
     length_ = distance(row);
-    metres_ = length(row);
-    from_ = cell(row, colBenchMark);
     start_ = row + stride_;
   }
 
@@ -131,12 +128,7 @@ class Way {
     for (int row = start_; row < known; row += stride_) {
       add(segmentLength, row, length_ + distance(row));
       length_ = reckoned(row, segmentLength);
-      metres_ += length(row);
     }
-    const double closure = number(known, colCorrection) - closureUnits_;
-    closureUnits_ = number(known, colCorrection);
-    closures_.segments.push_back(
-        {known, from_, cell(known, colBenchMark), metres_, closure / input_.grade.factor()});
     Formula behind(0);
     for (int row = start_; row <= known; row += stride_) {
       add(covered, row, behind + distance(row - 2));
@@ -162,19 +154,18 @@ class Way {
   const TableInput& input_;
   bool everyPoint_;
   int stride_;
-  Closures closures_;
+  report::Check check_;
   int start_ = 1;
-  std::string from_;
   std::string reached_;
-  Formula closure_{0};       // at the known point before, m
-  double closureUnits_ = 0;  // the same in correction units
-  Formula length_{0};        // of the segment so far
-  double metres_ = 0;        // the same as a number, km
+  Formula closure_{0};  // at the known point before, m
+  Formula length_{0};   // of the segment so far
   bool afterPair_ = false;
 };
 
 }  // namespace
 
-Closures closuresOf(const ui::Grid& grid, const TableInput& input) { return Way(grid, input).closures(); }
+report::Check checkFormulas(const ui::Grid& grid, const TableInput& input) {
+  return Way(grid, input).check();
+}
 
 }  // namespace tanrosen
