@@ -167,14 +167,20 @@ bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& c
   return fill<SavedRows>(Grid1, "FcDHseiDBReOpen", savedSql(context, selection), context, formats);
 }
 
+void replaceRoute(db::Database& database, const route::Selection& selection, const job::JobContext& context,
+                  const ui::Grid& Grid1) {
+  route::replaceRecords(database, replacedSql(context, selection), [&](db::Recordset& records) {
+    for (int row = 1; row < Grid1.rows(); row += 2) {
+      if (hasNumber(Grid1, row)) addRecord(records, selection, context, Grid1, row);
+      if (Grid1.text(row, colEndMark) == route::routeEnd) break;
+    }
+  });
+}
+
 bool FcDHseiSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& Grid1) {
   return ui::trapped(Grid1.desktop(), "FcDHseiSave", [&] {
-    route::replaceRecords(context.gDbPath, replacedSql(context, selection), [&](db::Recordset& records) {
-      for (int row = 1; row < Grid1.rows(); row += 2) {
-        if (hasNumber(Grid1, row)) addRecord(records, selection, context, Grid1, row);
-        if (Grid1.text(row, colEndMark) == route::routeEnd) break;
-      }
-    });
+    route::save(context.gDbPath, route::Extent::AsFarAsItCame,
+                [&](db::Database& database) { replaceRoute(database, selection, context, Grid1); });
     if (Grid1.desktop() != nullptr) route::reportSaved(*Grid1.desktop());
   });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "daen/calculation.h"
+#include "db/database.h"
 #include "job/context.h"
 #include "route/selection.h"
 #include "ui/controls.h"
@@ -25,6 +26,11 @@ bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& c
                      const Formats& formats, ui::Grid& Grid1);
 
 /// Replaces the saved results of the selection by the route grid, up to the bench mark that ends the route,
+/// in a database that is open and stays so. Raises db::Error.
+void replaceRoute(db::Database& database, const route::Selection& selection, const job::JobContext& context,
+                  const ui::Grid& Grid1);
+
+/// The same in the job database of the context, where what was written before an error stays so,
 /// and tells the operator when they are safe on disk. Returns true then.
 bool FcDHseiSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& Grid1);
 

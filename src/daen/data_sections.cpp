@@ -107,12 +107,18 @@ void addSection(const db::Recordset& record, ui::Grid& grid) {
 
 }  // namespace
 
+void replaceSections(db::Database& database, const route::Selection& selection,
+                     const job::JobContext& context, const ui::Grid& Grid2) {
+  route::replaceRecords(database, savedSql(context, selection), [&](db::Recordset& records) {
+    for (int row = 1; row <= Grid2.rows() - 2; ++row) addRecord(records, selection, context, Grid2, row);
+  });
+}
+
 bool FcDaenHoseichiHyouSave(const route::Selection& selection, const job::JobContext& context,
                             const ui::Grid& Grid2) {
   return ui::trapped(Grid2.desktop(), "FcDaenHoseichiHyouSave", [&] {
-    route::replaceRecords(context.gDbPath, savedSql(context, selection), [&](db::Recordset& records) {
-      for (int row = 1; row <= Grid2.rows() - 2; ++row) addRecord(records, selection, context, Grid2, row);
-    });
+    route::save(context.gDbPath, route::Extent::AsFarAsItCame,
+                [&](db::Database& database) { replaceSections(database, selection, context, Grid2); });
   });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "db/database.h"
 #include "job/context.h"
 #include "route/selection.h"
 #include "ui/controls.h"
@@ -11,8 +12,12 @@ namespace daen {
 // itself and closes it before it returns.
 
 /// Replaces the saved sections of the selection by the section grid, its final empty row left out; empty
-/// cells leave their fields Null. Returns true when all is safe on disk. Errors are reported under
-/// "FcDaenHoseichiHyouSave".
+/// cells leave their fields Null. The database is open and stays so. Raises db::Error.
+void replaceSections(db::Database& database, const route::Selection& selection,
+                     const job::JobContext& context, const ui::Grid& Grid2);
+
+/// The same in the job database of the context, where what was written before an error stays so. Returns true
+/// when all is safe on disk. Errors are reported under "FcDaenHoseichiHyouSave".
 bool FcDaenHoseichiHyouSave(const route::Selection& selection, const job::JobContext& context,
                             const ui::Grid& Grid2);
 

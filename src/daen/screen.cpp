@@ -8,6 +8,7 @@
 #include "daen/columns.h"
 #include "daen/data.h"
 #include "daen/data_sections.h"
+#include "daen/saving.h"
 #include "daen/tables.h"
 #include "route/picture_paste.h"
 #include "text/number.h"
@@ -136,7 +137,7 @@ bool fDHsei::reopenData(const route::Selection& selection) {
 }
 
 bool fDHsei::saveData(const route::Selection& selection) {
-  return FcDHseiSave(selection, context_, Grid1) && FcDaenHoseichiHyouSave(selection, context_, Grid2);
+  return saveBoth(selection, context_, Grid1, Grid2);
 }
 
 void fDHsei::keepNumeric(ui::TextBox& box) {

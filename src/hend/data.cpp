@@ -288,9 +288,11 @@ bool FcHendDBReOpen(const route::Selection& selection, const job::JobContext& co
 bool FcHendDBSave(const route::Selection& selection, const job::JobContext& context, const ui::Grid& grid,
                   std::string_view referenceDate) {
   return ui::trapped(grid.desktop(), "FcHendDBSave", [&] {
-    route::replaceRecords(context.gDbPath, savedSql(context, selection), [&](db::Recordset& records) {
+    const auto write = [&](db::Recordset& records) {
       addRecords(records, selection, context, grid, referenceDate);
-    });
+    };
+    route::replaceRecords(context.gDbPath, savedSql(context, selection), write,
+                          route::extentOn(grid.desktop()));
   });
 }
 

@@ -154,12 +154,17 @@ ui::CellUse fHHsei::cellUse(int col) const {
   return source_ == Source::Saved && isObservation ? ui::CellUse::Number : ui::CellUse::Shown;
 }
 
+void fHHsei::takeCorrection(int row) {
+  const ui::Hourglass wait(desktop());
+  FcHendCalcResult(Grid1, row, context_.grade());
+}
+
 /// Enter takes a correction into the result of its row and goes on to the next section's.
 void fHHsei::Grid1_KeyPress(char32_t code) {
   const int row = Grid1.keyRow();
   if (cellUse(Grid1.keyCol()) == ui::CellUse::Shown) return;
   if (Grid1.keyCol() == colCorrection && code == ui::key::enter) {
-    FcHendCalcResult(Grid1, row, context_.grade());
+    takeCorrection(row);
     Grid1.setCurrent(nextCorrectionRow(Grid1, row), colCorrection);
   } else {
     ui::FcGridKeyEdit(Grid1, code);

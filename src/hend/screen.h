@@ -41,6 +41,7 @@ class fHHsei : public route::SelectionScreen {
 
   void calculate();
   void calculateAgain();
+  void takeCorrection(int row);
   void pastePicture();
   void Grid1_KeyPress(char32_t code);
   ui::CellUse cellUse(int col) const;

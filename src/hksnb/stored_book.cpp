@@ -227,7 +227,7 @@ Status FcHHKSB_HKSNBSave(const job::JobContext& context, Kind kind, const std::s
   return procedure(Grid1.desktop(), "FcHHKSB_HKSNBSave", [&] {
     const db::Sql rows = "SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
                          " WHERE JobId =" + db::sqlValue(context.gJobId) + bookCondition(kind, number);
-    route::save(context.gDbPath, route::Extent::AsFarAsItCame, [&](db::Database& database) {
+    route::save(context.gDbPath, route::extentOn(Grid1.desktop()), [&](db::Database& database) {
       route::replaceRecords(database, rows, [&](db::Recordset& records) {
         BookWriter(context, kind, number, Grid1, records).write();
       });

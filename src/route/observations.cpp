@@ -23,10 +23,12 @@ db::Sql savedRecordsSql(const job::JobContext& context, const Selection& selecti
 void saveBenchMarks(const job::JobContext& context, const Selection& selection, std::string_view table,
                     const ui::Grid& grid, int flagCol,
                     const std::function<void(db::Recordset&, int, int, int)>& add) {
-  replaceRecords(context.gDbPath, savedRecordsSql(context, selection, table), [&](db::Recordset& records) {
+  const auto write = [&](db::Recordset& records) {
     int order = 0;
     forEachBenchMark(grid, flagCol, [&](int row, int sectionRow) { add(records, row, sectionRow, ++order); });
-  });
+  };
+  replaceRecords(context.gDbPath, savedRecordsSql(context, selection, table), write,
+                 extentOn(grid.desktop()));
 }
 
 void readRecords(std::string_view dbPath, const db::Sql& sql,

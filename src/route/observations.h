@@ -30,7 +30,7 @@ db::Sql savedRecordsSql(const job::JobContext& context, const Selection& selecti
 /// Replaces the saved records of a selection in the result table `table` by the bench marks of `grid`, whose
 /// column `flagCol` holds the route flags. `add` adds one: it gets the bench-mark row, the row of the section
 /// behind it (0 where there is none) and the order, 1, 2, 3 … Returns when all is safe on disk. Raises
-/// db::Error.
+/// db::Error; extentOn the grid's desktop says what is left then.
 void saveBenchMarks(const job::JobContext& context, const Selection& selection, std::string_view table,
                     const ui::Grid& grid, int flagCol,
                     const std::function<void(db::Recordset&, int row, int sectionRow, int order)>& add);

@@ -19,6 +19,10 @@ namespace {
 
 }  // namespace
 
+Extent extentOn(const ui::Desktop* desktop) {
+  return desktop != nullptr && desktop->safeguards() ? Extent::AllOrNothing : Extent::AsFarAsItCame;
+}
+
 void save(std::string_view dbPath, Extent extent, const std::function<void(db::Database&)>& write) {
   const auto database = db::openDatabase(dbPath);
   try {
@@ -36,8 +40,8 @@ void save(std::string_view dbPath, Extent extent, const std::function<void(db::D
 }
 
 void replaceRecords(std::string_view dbPath, const db::Sql& sql,
-                    const std::function<void(db::Recordset&)>& write) {
-  save(dbPath, Extent::AsFarAsItCame, [&](db::Database& database) { replaceRecords(database, sql, write); });
+                    const std::function<void(db::Recordset&)>& write, Extent extent) {
+  save(dbPath, extent, [&](db::Database& database) { replaceRecords(database, sql, write); });
 }
 
 void replaceRecords(db::Database& database, const db::Sql& sql,

@@ -18,6 +18,10 @@ enum class Extent {
   AllOrNothing    ///< the former records, untouched
 };
 
+/// What a save that starts on `desktop` leaves where it fails: nothing of itself with safeguards, else (or
+/// without a desktop) what it has written.
+Extent extentOn(const ui::Desktop* desktop);
+
 /// Opens the job database, lets `write` save to as many of its tables as it likes, and returns when all of it
 /// is safe on disk; it gets there in one piece. Raises what `write` raises and db::Error. After a save of
 /// all or nothing the description of the error says that the former results are unchanged. Where memory runs
@@ -25,10 +29,10 @@ enum class Extent {
 void save(std::string_view dbPath, Extent extent, const std::function<void(db::Database&)>& write);
 
 /// Replaces the records that `sql` ("SELECT * FROM table WHERE …") selects: deletes them one after another,
-/// then lets `write` add the new ones, and returns when they are safe on disk. Raises db::Error; what was
-/// deleted and written before an error stays so.
+/// then lets `write` add the new ones, and returns when they are safe on disk. Raises db::Error; `extent`
+/// says what is left then.
 void replaceRecords(std::string_view dbPath, const db::Sql& sql,
-                    const std::function<void(db::Recordset&)>& write);
+                    const std::function<void(db::Recordset&)>& write, Extent extent = Extent::AsFarAsItCame);
 /// The same in a database that is open and stays so; the new records are safe on disk when it is closed.
 void replaceRecords(db::Database& database, const db::Sql& sql,
                     const std::function<void(db::Recordset&)>& write);

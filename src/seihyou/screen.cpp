@@ -80,16 +80,21 @@ void fSHsei::Grid1_KeyPress(char32_t code) {
   if (isCorrectionCell(Grid1, row, col)) {
     correctionKey(row, code);
   } else if (isStartHeightCell(row, col) && code == ui::key::enter) {
-    FcCalcSeihyou(Grid1, row, context_.grade());
+    calculateFrom(row);
   } else if (cellUse(row, col) != ui::CellUse::Shown) {
     ui::FcGridKeyEdit(Grid1, code);
   }
 }
 
+void fSHsei::calculateFrom(int row) {
+  const ui::Hourglass wait(desktop());
+  FcCalcSeihyou(Grid1, row, context_.grade());
+}
+
 /// Enter takes the correction into the heights and goes on to the next one; any other key is typed.
 void fSHsei::correctionKey(int row, char32_t code) {
   if (code == ui::key::enter) {
-    FcCalcSeihyou(Grid1, row, context_.grade());
+    calculateFrom(row);
     Grid1.setCurrent(nextCorrectionRow(Grid1, row), colCorrection);
   } else {
     Grid1.setCurrent(row, colCorrection);

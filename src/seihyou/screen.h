@@ -24,6 +24,7 @@ class fSHsei : public route::RouteScreen {
   report::Diagram profile() const override;
 
   void Grid1_KeyPress(char32_t code);
+  void calculateFrom(int row);
   void correctionKey(int row, char32_t code);
   void takeBlock(const std::vector<ui::CellPlace>& cells);
   ui::CellUse cellUse(int row, int col) const;

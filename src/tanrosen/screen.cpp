@@ -126,6 +126,7 @@ ui::CellUse fTHsei::cellUse(int row, int col) const {
 
 /// A known point without a correction keeps its known height.
 void fTHsei::takeCorrection(int row) {
+  const ui::Hourglass wait(desktop());
   const bool known = isKnownHeightCell(Grid1, row, colResult, lstKiti.items());
   if (!known || !Grid1.text(row, colCorrection).empty()) heightFromCorrection(Grid1, row, context_.grade());
 }

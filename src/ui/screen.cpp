@@ -55,6 +55,7 @@ void Screen::onKeys(Grid& grid, std::function<void(char32_t)> handler) {
 void Screen::onBlock(Grid& grid, std::function<void(const std::vector<CellPlace>&)> handler) {
   grid.onBlock = [this, procedure = grid.name() + "_KeyPress",
                   handler = std::move(handler)](const std::vector<CellPlace>& cells) {
+    const Hourglass wait(desktop_);
     trapped(&desktop_, procedure, [&] { handler(cells); });
   };
 }

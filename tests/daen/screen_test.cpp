@@ -319,6 +319,36 @@ TEST_F(EllipsoidalScreen, AFailingSaveOfTheSectionsLeavesTheRouteSaved) {
             Lines{"A|B"});
 }
 
+// With safeguards the refused section takes the route along: both tables are what they were.
+TEST_F(EllipsoidalScreen, WithSafeguardsAFailingSaveOfTheSectionsLeavesBothTablesAsTheyWere) {
+  desktop.guarded = true;
+  job.section("01A00101", "0", 1, "old", "old", "9");
+  openRoute();
+  screen.saveItem.press();
+  EXPECT_EQ(desktop.takeMessages(), (std::vector<ui::Message>{{"", "保存しました", ui::Icon::None}}));
+  EXPECT_EQ(count("KansokuSeikaDataDaen"), 4U);
+  EXPECT_EQ(count("DaenHoseiChiHyouData"), 1U) << "the other route's alone";
+  calculate(0, 1);
+  screen.saveItem.press();
+  EXPECT_EQ(desktop.takeMessages().size(), 1U);
+  job.sql(
+      "CREATE TRIGGER refuse BEFORE INSERT ON DaenHoseiChiHyouData WHEN NEW.自水準点番号 = 'B'"
+      " BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  calculate(1, 2);
+  const auto route = [&] {
+    return job.records("SELECT * FROM KansokuSeikaDataDaen", {"標石番号", "楕円補正値"});
+  };
+  const auto before = route();
+  screen.saveItem.press();
+  ASSERT_EQ(desktop.messages.size(), 1U) << "nothing was said to be saved";
+  EXPECT_EQ(desktop.messages[0].title, "FcDHseiSave");
+  EXPECT_NE(desktop.messages[0].text.find("保存前の成果はそのまま残っています。"), std::string::npos);
+  EXPECT_EQ(route(), before);
+  EXPECT_EQ(job.records("SELECT * FROM DaenHoseiChiHyouData WHERE 路線番号 = '01A00101'",
+                        {"自水準点番号", "至水準点番号"}),
+            Lines{"A|B"});
+}
+
 TEST_F(EllipsoidalScreen, SavingBeforeAnythingIsOpenDoesNothing) {
   screen.saveItem.press();
   openRoute();

@@ -155,6 +155,15 @@ TEST_F(VariationScreen, ACorrectionIsTypedAndTakenWithEnter) {
   EXPECT_EQ(cell(5, hend::colResult), "1.9991");
 }
 
+TEST_F(VariationScreen, TheHourglassStandsWhileEnterCalculates) {
+  openRoute();
+  desktop.pointers.clear();
+  screen.Grid1.pressKey(U'5');
+  EXPECT_TRUE(desktop.pointers.empty()) << "a digit calculates nothing";
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(desktop.pointers, (std::vector{ui::Pointer::Hourglass, ui::Pointer::Default}));
+}
+
 // E1 and E2 have sections (rows 2 and 4), as has the new point E3 (row 6); E4 ends the route.
 TEST_F(VariationScreen, EnterLeadsFromCorrectionToCorrection) {
   openRoute();

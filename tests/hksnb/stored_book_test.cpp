@@ -218,6 +218,21 @@ TEST_F(StoredBook, AMissingPeriodTableLeavesTheRowsWrittenAndTellsNothingSaved) 
   EXPECT_EQ(grid.text(3, hksnb::colBenchMark), "B") << "the rows were there before the error";
 }
 
+TEST_F(StoredBook, WithSafeguardsAMissingPeriodTableLeavesTheBookAsItWas) {
+  make(Kind::Orthometric);
+  EXPECT_EQ(save(Kind::Orthometric, "12"), Status::Done);
+  const auto before = job.records(rows, {"水準点番号", "備考1"});
+  desktop.messages.clear();
+  desktop.guarded = true;
+  job.sql("DROP TABLE KansokuKikan");
+  grid.setText(1, hksnb::colRemark, "new");
+  EXPECT_EQ(save(Kind::Orthometric, "12"), Status::Failed);
+  EXPECT_EQ(job.records(rows, {"水準点番号", "備考1"}), before);
+  ASSERT_EQ(desktop.messages.size(), 1U);
+  EXPECT_EQ(desktop.messages[0].title, "FcHHKSB_HKSNBSave");
+  EXPECT_NE(desktop.messages[0].text.find("保存前の成果はそのまま残っています。"), std::string::npos);
+}
+
 /// Fills every cell that a book stores, or leaves it blank, at random.
 void scatter(ui::Grid& grid, Kind kind, std::uint32_t seed) {
   const auto below = [&seed](std::uint32_t limit) {

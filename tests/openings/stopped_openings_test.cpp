@@ -147,6 +147,24 @@ TEST_P(StoppedOpenings, ByALock) {
   sqlite3_close(other);
 }
 
+// A save that is stopped at its third record: with safeguards the route saved before stays whole, without
+// them its two first records are what there is.
+TEST_P(StoppedOpenings, NorDoesAStoppedSaveCutTheRouteWithSafeguards) {
+  open("R001");
+  ASSERT_EQ(save(), Messages{saved});
+  const auto before = records();
+  job_.sql("CREATE TRIGGER refuse BEFORE INSERT ON " + GetParam().table +
+           " WHEN NEW.SaveOrder = 3 BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  desktop_.guarded = true;
+  const Messages told = save();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].text.find("保存前の成果はそのまま残っています。"), std::string::npos);
+  EXPECT_EQ(records(), before);
+  desktop_.guarded = false;
+  EXPECT_EQ(save().size(), 1U);
+  EXPECT_EQ(records().size(), 2U);
+}
+
 TEST_P(StoppedOpenings, AQuoteInANameIsNone) {
   open("3-1'");
   EXPECT_TRUE(desktop_.takeMessages().empty());

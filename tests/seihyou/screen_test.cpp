@@ -76,6 +76,15 @@ TEST_F(OrthometricScreen, OpeningShowsTheKeysAndTheGrid) {
   EXPECT_EQ(desktop.pointers.back(), ui::Pointer::Default);
 }
 
+TEST_F(OrthometricScreen, TheHourglassStandsWhileEnterCalculates) {
+  openRoute();
+  desktop.pointers.clear();
+  screen.Grid1.pressKey(U'5');
+  EXPECT_TRUE(desktop.pointers.empty()) << "a digit calculates nothing";
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(desktop.pointers, (std::vector{ui::Pointer::Hourglass, ui::Pointer::Default}));
+}
+
 TEST_F(OrthometricScreen, OpeningWithoutDataShowsOneEmptyRow) {
   screen.LstDataKubun.choose(3);
   screen.openButton.press();

@@ -16,7 +16,9 @@ class RecordingDesktop : public ui::Desktop {
   std::vector<std::string> appearance;  ///< "+fSHsei" for a screen shown, "-fSHsei" for one hidden
   ui::Screen* shown = nullptr;          ///< the screen shown last and not hidden since
   int breaths = 0;                      ///< how often windows were let breathe
+  bool guarded = false;                 ///< what safeguards() tells
 
+  bool safeguards() const override { return guarded; }
   void message(const ui::Message& message) override { messages.push_back(message); }
   void setMousePointer(ui::Pointer pointer) override { pointers.push_back(pointer); }
   void breathe() override { ++breaths; }

@@ -171,6 +171,16 @@ TEST_F(SingleRouteScreen, AnErrorInTheCalculationIsReportedUnderItsName) {
   EXPECT_EQ(desktop.messages.size(), 1U) << "and the program goes on";
 }
 
+TEST_F(SingleRouteScreen, TheHourglassStandsWhileEnterCalculates) {
+  openRoute();
+  screen.Grid1.click(3, 3);
+  desktop.pointers.clear();
+  screen.Grid1.pressKey(U'5');
+  EXPECT_TRUE(desktop.pointers.empty()) << "a digit calculates nothing";
+  screen.Grid1.pressKey(ui::key::enter);
+  EXPECT_EQ(desktop.pointers, (std::vector{ui::Pointer::Hourglass, ui::Pointer::Default}));
+}
+
 // 101.2345 − 0.0013 = 101.2332
 TEST_F(SingleRouteScreen, EnterOnACorrectionTakesItIntoTheHeightAndGoesOn) {
   openRoute();
