@@ -16,9 +16,10 @@ class RecordingDesktop : public ui::Desktop {
   std::vector<std::string> appearance;  ///< "+fSHsei" for a screen shown, "-fSHsei" for one hidden
   ui::Screen* shown = nullptr;          ///< the screen shown last and not hidden since
   int breaths = 0;                      ///< how often windows were let breathe
-  bool guarded = false;                 ///< what safeguards() tells
+  bool guarded = false;                 ///< what safeguards() tells; questions get their first button
 
   bool safeguards() const override { return guarded; }
+  std::size_t ask(const ui::Question&) override { return 0; }
   void message(const ui::Message& message) override { messages.push_back(message); }
   void setMousePointer(ui::Pointer pointer) override { pointers.push_back(pointer); }
   void breathe() override { ++breaths; }
