@@ -1,6 +1,8 @@
 #include "sqlite/connection.h"
 
 #include <algorithm>
+#include <cctype>
+#include <new>
 
 #include "engine/sqlite_error.h"
 #include "platform/files.h"
@@ -28,6 +30,23 @@ std::string enginePath(std::string_view file) {
   return platform::pathText(std::filesystem::absolute(platform::nativePath(file), ignored));
 }
 
+/// The name by which SQLite opens a file that nobody changes meanwhile, without any lock.
+std::string unchangingFile(const std::string& path) {
+  static constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string result = path.starts_with('/') ? "file://" : "file:///";
+  for (const char c : path) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool plain = std::isalnum(byte) != 0 || c == '/' || c == ':' || c == '.' || c == '-' || c == '_';
+    if (c == '\\')
+      result += '/';
+    else if (plain)
+      result += c;
+    else
+      result.append(1, '%').append(1, digits[byte / 16]).append(1, digits[byte % 16]);
+  }
+  return result + "?immutable=1";
+}
+
 bool holdsStatement(std::string_view sql) {
   const std::vector<Token> rest = significantTokens(sql);
   return std::any_of(rest.begin(), rest.end(), [](const Token& token) { return !isOperator(token, ";"); });
@@ -47,6 +66,8 @@ Value columnValue(sqlite3_stmt* statement, int column) {
   }
   const auto* bytes =
       static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
+  if (bytes == nullptr && sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM)
+    throw std::bad_alloc();
   if (bytes == nullptr) return std::string();
   return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
 }
@@ -61,12 +82,11 @@ std::vector<std::string> columnNames(sqlite3_stmt* statement) {
 }
 
 SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(file), patience_(lockWait) {
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
-  const int code = sqlite3_open_v2(enginePath(file).c_str(), &handle_, flags, nullptr);
-  if (code != SQLITE_OK) {
-    const Error failure = sqliteError(code, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code), file_);
+  const std::string name = enginePath(file);
+  openFile(name, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0));
+  if (isLogOutOfReach()) {
     sqlite3_close_v2(handle_);
-    throw failure;
+    openFile(unchangingFile(name), SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);
   }
   sqlite3_extended_result_codes(handle_, 1);
   sqlite3_busy_handler(handle_, waitForLock, this);
@@ -81,6 +101,23 @@ SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(f
     sqlite3_close_v2(handle_);
     throw;
   }
+}
+
+void SqliteConnection::openFile(const std::string& name, int flags) {
+  const int code = sqlite3_open_v2(name.c_str(), &handle_, flags, nullptr);
+  if (code == SQLITE_OK) return;
+  const Error failure = sqliteError(code, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code), file_);
+  sqlite3_close_v2(handle_);
+  throw Error(failure);
+}
+
+/// True where the file has a write-ahead log that holds nothing and that SQLite cannot share with others.
+bool SqliteConnection::isLogOutOfReach() {
+  const int code = sqlite3_exec(handle_, "PRAGMA schema_version", nullptr, nullptr, nullptr) & 0xff;
+  if (code != SQLITE_CANTOPEN && code != SQLITE_READONLY) return false;
+  std::error_code ignored;
+  const auto log = platform::nativePath(file_ + "-wal");
+  return !std::filesystem::exists(log, ignored) || std::filesystem::file_size(log, ignored) == 0;
 }
 
 /// "Saved" is told only when the end of the journal, too, is safe on disk, so a connection that cannot be set
@@ -155,6 +192,10 @@ void SqliteConnection::gather() {
 void SqliteConnection::keepWhole() {
   gather();
   whole_ = true;
+}
+
+void SqliteConnection::requireDone(int code, std::string_view table) {
+  if (code != SQLITE_OK) raise(code, table);
 }
 
 void SqliteConnection::requireNothingLost() const {

@@ -21,7 +21,8 @@ struct FinalizeStatement {
 /// A prepared statement; it may outlive the connection it was prepared on.
 using SqliteStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// A value as the engine holds it in a column of the row a statement stands on.
+/// A value as the engine holds it in a column of the row a statement stands on. Raises std::bad_alloc where
+/// there is no memory for it.
 Value columnValue(sqlite3_stmt* statement, int column);
 
 /// The names of a statement's result columns in their order.
@@ -31,7 +32,8 @@ std::vector<std::string> columnNames(sqlite3_stmt* statement);
 /// which writing is gathered. All members take SQLite's own SQL; failures raise Error.
 class SqliteConnection {
  public:
-  /// Opens `file`, the path text as the operator wrote it; `create` makes the file.
+  /// Opens `file`, the path text as the operator wrote it; `create` makes the file. A file with a write-ahead
+  /// log that can be neither read nor made, as on a medium that is read-only, is opened for reading alone.
   explicit SqliteConnection(std::string_view file, bool create = false);
   ~SqliteConnection();
   SqliteConnection(const SqliteConnection&) = delete;
@@ -55,6 +57,10 @@ class SqliteConnection {
 
   /// Prepares and runs one statement.
   void run(std::string_view sql);
+
+  /// Raises what SQLite's result code tells, unless it tells success, and settles what that means for the
+  /// gathered writing.
+  void requireDone(int code, std::string_view table);
 
   /// Begins to gather what is written, unless that has begun already. Other writers are kept out from here.
   void gather();
@@ -91,6 +97,8 @@ class SqliteConnection {
  private:
   [[noreturn]] void raiseClosed() const;
   [[noreturn]] void raise(int code, std::string_view table = {});
+  void openFile(const std::string& name, int flags);
+  bool isLogOutOfReach();
   void prepareSettings();
   static int waitForLock(void* connection, int);
   void settle(int code, bool gathering);

@@ -6,6 +6,22 @@
 namespace db {
 namespace {
 
+/// A record to be written is found by its rowid, which views and some tables have none of. A missing table is
+/// told by the engine.
+void requireRowids(SqliteConnection& connection, const std::string& table) {
+  constexpr int typeColumn = 0;
+  constexpr int withoutColumn = 1;
+  const SqliteStatement asked =
+      connection.prepare("SELECT type, wr FROM pragma_table_list WHERE name=?1 COLLATE NOCASE");
+  sqlite3_bind_text64(asked.get(), 1, table.data(), table.size(), SQLITE_STATIC, SQLITE_UTF8);
+  if (!connection.step(asked.get())) return;
+  if (columnValue(asked.get(), typeColumn).text() == "view")
+    throw connection.error("の「" + table + "」はビューのため、読み込みだけで書き込めません。");
+  if (columnValue(asked.get(), withoutColumn).number() != 0)
+    throw connection.error("のテーブル「" + table +
+                           "」は行の番号がない表（WITHOUT ROWID）のため、読み込みだけで書き込めません。");
+}
+
 /// The table of a SELECT whose records can be written.
 std::string editableTable(SqliteConnection& connection, const std::string& sql) {
   const auto shape = selectShape(sql);
@@ -16,6 +32,7 @@ std::string editableTable(SqliteConnection& connection, const std::string& sql) 
     connection.prepare(sql);  // a text that the engine cannot read either is described by the engine
     throw connection.error("で書き込み用に開けるのは一つのテーブルの SELECT * だけです。");
   }
+  requireRowids(connection, shape->sources[0].table);
   return shape->sources[0].table;
 }
 

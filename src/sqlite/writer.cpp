@@ -13,12 +13,11 @@ namespace {
 /// How many statements are kept: a save uses two lists of fields, route ends having fewer.
 constexpr std::size_t mostKept = 8;
 
-void bindNumber(sqlite3_stmt* statement, int parameter, double number) {
+int bindNumber(sqlite3_stmt* statement, int parameter, double number) {
   constexpr double exactWhole = 9007199254740992.0;  // 2^53
   if (std::trunc(number) == number && std::abs(number) <= exactWhole)
-    sqlite3_bind_int64(statement, parameter, static_cast<sqlite3_int64>(number));
-  else
-    sqlite3_bind_double(statement, parameter, number);
+    return sqlite3_bind_int64(statement, parameter, static_cast<sqlite3_int64>(number));
+  return sqlite3_bind_double(statement, parameter, number);
 }
 
 }  // namespace
@@ -113,22 +112,21 @@ std::string SqliteWriter::changeSql() const {
 
 void SqliteWriter::bindFields(sqlite3_stmt* statement) const {
   int parameter = 0;
-  for (const std::size_t column : fields_) bind(statement, ++parameter, column);
+  for (const std::size_t column : fields_)
+    connection_->requireDone(bind(statement, ++parameter, column), table_);
 }
 
-void SqliteWriter::bind(sqlite3_stmt* statement, int parameter, std::size_t column) const {
+/// SQLite's result code.
+int SqliteWriter::bind(sqlite3_stmt* statement, int parameter, std::size_t column) const {
   const Value& value = values_[column];
-  if (value.isNull()) {
-    sqlite3_bind_null(statement, parameter);
-  } else if (value.isNumber() && !holdsTexts_[column]) {
-    bindNumber(statement, parameter, value.number());
-  } else if (const std::string* words = value.textIfAny()) {
-    // It stays where it is until the statement has run.
-    sqlite3_bind_text64(statement, parameter, words->data(), words->size(), SQLITE_STATIC, SQLITE_UTF8);
-  } else {
-    const std::string figures = value.text();
-    sqlite3_bind_text64(statement, parameter, figures.data(), figures.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-  }
+  if (value.isNull()) return sqlite3_bind_null(statement, parameter);
+  if (value.isNumber() && !holdsTexts_[column]) return bindNumber(statement, parameter, value.number());
+  if (const std::string* words = value.textIfAny())  // it stays where it is until the statement has run
+    return sqlite3_bind_text64(statement, parameter, words->data(), words->size(), SQLITE_STATIC,
+                               SQLITE_UTF8);
+  const std::string figures = value.text();
+  return sqlite3_bind_text64(statement, parameter, figures.data(), figures.size(), SQLITE_TRANSIENT,
+                             SQLITE_UTF8);
 }
 
 }  // namespace db

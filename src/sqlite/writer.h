@@ -42,7 +42,7 @@ class SqliteWriter {
   std::string insertSql() const;
   std::string changeSql() const;
   void bindFields(sqlite3_stmt* statement) const;
-  void bind(sqlite3_stmt* statement, int parameter, std::size_t column) const;
+  int bind(sqlite3_stmt* statement, int parameter, std::size_t column) const;
   void requireChanged() const;
 
   std::shared_ptr<SqliteConnection> connection_;

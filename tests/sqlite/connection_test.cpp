@@ -74,6 +74,21 @@ TEST_F(Connection, LocksAreWaitedForOnceForAllStatements) {
   EXPECT_LT(waited, std::chrono::milliseconds(5000));
 }
 
+TEST_F(Connection, WhatHasNoRowNumbersIsReadAndNotWritten) {
+  make(
+      "CREATE TABLE W(k TEXT PRIMARY KEY, n INTEGER) WITHOUT ROWID; INSERT INTO W VALUES('a', 7);"
+      "CREATE VIEW V AS SELECT n FROM T");
+  const auto database = open();
+  EXPECT_EQ(texts(*database, "SELECT * FROM W", "n"), std::vector<std::string>{"7"});
+  EXPECT_EQ(texts(*database, "SELECT * FROM V", "n").size(), 3U);
+  const std::string named = "データベース「" + path_ + "」";
+  EXPECT_EQ(
+      failure([&] { database->openRecordset("SELECT * FROM w", db::Access::Edit); }),
+      named + "のテーブル「w」は行の番号がない表（WITHOUT ROWID）のため、読み込みだけで書き込めません。");
+  EXPECT_EQ(failure([&] { database->openRecordset("SELECT * FROM V", db::Access::Edit); }),
+            named + "の「V」はビューのため、読み込みだけで書き込めません。");
+}
+
 TEST_F(Connection, DamageIsFound) {
   make(
       "CREATE TABLE U(a TEXT); CREATE INDEX I ON U(a);"

@@ -94,6 +94,21 @@ TEST_F(Medium, AReadOnlyFileIsReadAndNotWritten) {
   EXPECT_EQ(ask("SELECT a FROM T"), "old");
 }
 
+TEST_F(Medium, AJobWithAWriteAheadLogOnAReadOnlyMediumIsRead) {
+  make("PRAGMA journal_mode=WAL; INSERT INTO T VALUES('logged')");
+  ASSERT_EQ(chmod(path_.c_str(), 0444), 0);
+  ASSERT_EQ(chmod(folder_.path().c_str(), 0555), 0);
+  const std::string said = saidByChild([&] {
+    if (geteuid() == 0 && seteuid(65534) != 0) return std::string("cannot give up rights");
+    const auto database = open();
+    return texts(*database, "SELECT a FROM T", "a").at(1) + "|" +
+           failure([&] { database->execute("DELETE FROM T"); });
+  });
+  ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
+  EXPECT_EQ(said,
+            "logged|" + named("は読み取り専用のため書き込めません: attempt to write a readonly database"));
+}
+
 TEST_F(Medium, AFileWithoutRightsIsNotRead) {
   ASSERT_EQ(chmod(path_.c_str(), 0), 0);
   ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
