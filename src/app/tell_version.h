@@ -7,8 +7,8 @@
 
 namespace app {
 
-/// Prints "NAME VERSION" where `--version` is all that stands on the command line after the program's own name; true
-/// then, and the program has nothing more to do.
+/// Prints "NAME VERSION" where `--version` is all that stands on the command line after the program's own
+/// name; true then, and the program has nothing more to do.
 inline bool tellVersion(int argc, char** argv, const char* name) {
   if (argc != 2 || std::string_view(argv[1]) != "--version") return false;
   std::cout << name << ' ' << version << '\n';

@@ -22,8 +22,8 @@ namespace hend {
 /// A newly established point (isNewPoint) to which a section leads takes in its own row the combined section:
 /// the new differences of the two sections beside it added, counted at the date halfway between the new dates
 /// of the bench mark before and its own (written on the section row above), and compared with the old
-/// difference on the section row above where there is one. Where the point parts an old section in two, half a
-/// section against a whole one is no result: what was computed for the section row above is taken back. It
+/// difference on the section row above where there is one. Where the point parts an old section in two, half
+/// a section against a whole one is no result: what was computed for the section row above is taken back. It
 /// parts one where that section begins at an ordinary bench mark and the old observation goes on below.
 ///
 /// Of a route run forward ("…F") and backward ("…B"), each run ended by a repeated point ("-2"), the second

@@ -4,8 +4,8 @@
 
 #include <sstream>
 
-#include "support/job_file.h"
 #include "platform/files.h"
+#include "support/job_file.h"
 
 namespace {
 

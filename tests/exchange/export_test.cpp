@@ -2,8 +2,8 @@
 
 #include "exchange/create.h"
 #include "exchange/csv_file.h"
-#include "support/job_file.h"
 #include "platform/files.h"
+#include "support/job_file.h"
 
 namespace {
 

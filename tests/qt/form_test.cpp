@@ -19,8 +19,8 @@ namespace {
 class AllScreens : public testing::Test {
  protected:
   AllScreens() {
-    screens_.push_back(std::make_unique<shell::SeikMenu>(
-        commandLine_, desktop_, context_, [](std::size_t) {}));
+    screens_.push_back(
+        std::make_unique<shell::SeikMenu>(commandLine_, desktop_, context_, [](std::size_t) {}));
     for (const shell::ScreenMaker& maker : shell::calculations())
       if (maker) screens_.push_back(maker(context_, desktop_));
   }

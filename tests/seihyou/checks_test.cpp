@@ -118,8 +118,9 @@ TEST_F(OrthometricChecks, HeightsThatDoNotFollowFromTheStart) {
   plainRoute();
   seihyou::FcCalcSeihyou(grid, 2, first);
   grid.setText(1, seihyou::colResult, "10.1");
-  EXPECT_EQ(texts(),
-            Texts{"水準点 Bの補正結果 11.0000は、始めの標高から順に足した標高 11.1000 と -100 mm 違います。"});
+  EXPECT_EQ(
+      texts(),
+      Texts{"水準点 Bの補正結果 11.0000は、始めの標高から順に足した標高 11.1000 と -100 mm 違います。"});
 }
 
 // Two sections, 4 km: 15 √4 = 30 mm are allowed.
