@@ -177,4 +177,29 @@ report::Document fDHsei::tables(const std::string& route) const { return daen::t
 
 report::Diagram fDHsei::profile() const { return daen::profile(Grid1, context_.grade()); }
 
+/// The headers of the route grid carry their units themselves.
+std::string fDHsei::unit(const ui::Grid& grid, int col) const {
+  if (&grid != &Grid2) return "";
+  switch (col) {
+    case secB1:
+    case secB2:
+    case secDifference:
+    case secSum:
+      return "分";
+    case secAccumulated:
+    case secCorrection:
+      return "mm";
+    case secMeanHeight:
+      return "m";
+    default:
+      return "";
+  }
+}
+
+std::string fDHsei::rowName(const ui::Grid& grid, int row) const {
+  if (&grid != &Grid2 || row < Grid2.fixedRows()) return Screen::rowName(grid, row);
+  const std::string& from = Grid2.text(row, secStartBenchMark);
+  return from.empty() ? from : from + " → " + Grid2.text(row, secEndBenchMark);
+}
+
 }  // namespace daen

@@ -12,6 +12,9 @@ class fDHsei : public route::RouteScreen {
  public:
   fDHsei(const job::JobContext& context, ui::Desktop& desktop);
 
+  std::string unit(const ui::Grid& grid, int col) const override;
+  std::string rowName(const ui::Grid& grid, int row) const override;
+
   ui::Menu m0item{"m0item", this, "ファイル(&F)"};
   ui::ListBox LstHyousekiNo1{"LstHyousekiNo1", this};
   ui::ListBox LstHyousekiNo2{"LstHyousekiNo2", this};

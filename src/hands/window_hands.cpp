@@ -126,7 +126,7 @@ class WindowHands : public script::Hands {
     return sizeShown(control, widgetOf<QObject>(desktop_, control));
   }
   std::string caption(const ui::Screen& screen) override {
-    return qt::fromQString(windowOf(screen).windowTitle());
+    return qt::fromQString(windowOf(screen).caption());
   }
   bool shot(ui::Screen& screen, std::string_view path) override {
     settle();

@@ -1,5 +1,6 @@
 #include "hend/screen.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -44,6 +45,9 @@ constexpr std::array<ui::ColumnLook, columnCount> columns = {{{"水準点", 1540
 // Sizes in twips. The width shows all columns at once.
 constexpr float designWidth = 16500;
 constexpr float designHeight = 9000;
+constexpr float besideGrid = 300;   // left and right of the table, to the edges of the window
+constexpr float aroundGrid = 1650;  // the tabs, what stands above the table and the line below it
+constexpr float least = 300;        // a window may be made smaller than what stands in it
 
 /// No date at all is fine: then nothing is carried to a reference date.
 bool isDateOrBlank(std::string_view text) {
@@ -87,11 +91,10 @@ void fHHsei::Form_Load() {
   });
 }
 
+/// The table takes all the room that the window has.
 void fHHsei::Form_Resize() {
-  const float across = width() / designWidth;
-  const float down = height() / designHeight;
-  SSTab1.setSize(across * 16260, down * 8700);
-  Grid1.setSize(across * 16020, down * 7200);
+  SSTab1.setSize(width(), height());
+  Grid1.setSize(std::max(least, width() - besideGrid), std::max(least, height() - aroundGrid));
 }
 
 void fHHsei::setUpGrids() { ui::headGrid(Grid1, columns, 2, 1); }
@@ -176,5 +179,23 @@ report::Document fHHsei::tables(const std::string& route) const {
 }
 
 report::Diagram fHHsei::profile() const { return hend::profile(Grid1, context_.grade()); }
+
+std::string fHHsei::unit(const ui::Grid&, int col) const {
+  switch (col) {
+    case colNewHeight:
+    case colOldHeight:
+    case colDifference:
+    case colCorrection:
+    case colResult:
+      return "m";
+    case colRate:
+      return "m/日";
+    case colDaysNewOld:
+    case colDaysReference:
+      return "日";
+    default:
+      return "";
+  }
+}
 
 }  // namespace hend

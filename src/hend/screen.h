@@ -14,6 +14,8 @@ class fHHsei : public route::SelectionScreen {
  public:
   fHHsei(const job::JobContext& context, ui::Desktop& desktop);
 
+  std::string unit(const ui::Grid& grid, int col) const override;
+
   ui::TextBox txtKijunbi{"txtKijunbi", this};
   ui::Button CmdSettei{"CmdSettei", this, "設定"};
   ui::Button cmdMap{"cmdMap", this, "画像貼付(&H)"};

@@ -1,6 +1,8 @@
 #include <algorithm>
 
+#include "hksnb/columns.h"
 #include "hksnb/screen.h"
+#include "job/names.h"
 
 // The tab control fills the window, the grid its page down to the controls that stand along the bottom edge,
 // as the form lays them out. Sizes in twips.
@@ -44,6 +46,21 @@ void fHHksb::Form_Resize() {
                 std::max(least, height() - tabBar - margin - orderHeight));
   LstHyousekiNo.setSize(2400, 1950);
   CmdExeD2.setSize(1800, 450);
+}
+
+ui::Situation fHHksb::situation() const {
+  const std::string& number = txtHksnbNo.text();
+  return {job::jobName(context_), job::unitNames(context_), number.empty() ? number : "計算簿 " + number};
+}
+
+std::string fHHksb::unit(const ui::Grid&, int col) const {
+  if (col == colCorrection) return job::correctionUnit(context_.grade());
+  if (col == colVariation) return "mm";
+  return col == colHeight || col == colPresent || col == colPrevious ? "m" : "";
+}
+
+std::string fHHksb::rowName(const ui::Grid& grid, int row) const {
+  return ui::rowName(grid, row, colBenchMark);
 }
 
 }  // namespace hksnb

@@ -21,6 +21,9 @@ class fHHksb : public ui::Screen, public report::Source {
   fHHksb(const job::JobContext& context, ui::Desktop& desktop);
 
   ui::Findings findings() const override;
+  ui::Situation situation() const override;
+  std::string unit(const ui::Grid& grid, int col) const override;
+  std::string rowName(const ui::Grid& grid, int row) const override;
 
   ui::TabControl SSTab1{"SSTab1", this, 3};
   ui::Label lblShoriShiji{"lblShoriShiji", this, "処理A"};

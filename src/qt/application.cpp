@@ -7,7 +7,9 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/house_style.h"
 #include "qt/keyboard_ways.h"
+#include "qt/look.h"
 
 /// The linker takes the resources of a library along only where somebody asks for them.
 static void takeResourcesAlong() { Q_INIT_RESOURCE(house); }
@@ -18,6 +20,8 @@ Application::Application(std::string programName)
     : ProgramName{std::move(programName)}, QApplication(argc, argv) {
   setQuitOnLastWindowClosed(false);
   takeResourcesAlong();
+  setStyle(new HouseStyle);
+  wear(Look::Light);
   setUpFont();
   setUpTranslation();
   setUpIcon();

@@ -32,6 +32,9 @@ class Binding : public ui::GridObserver {
   /// Shows the control as it is, where it has changed since the last time.
   void refresh();
 
+  /// Shows the control again at the next turn though it has not changed: the look of the windows has.
+  void showAnew() { changed(control_); }
+
   void changed(ui::Control& control) override;
   void cellChanged(int row, int col) override;
 

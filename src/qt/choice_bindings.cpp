@@ -6,6 +6,7 @@
 #include "qt/bindings.h"
 #include "qt/choice_list.h"
 #include "qt/grid_view.h"
+#include "qt/wheel_stop.h"
 #include "ui/controls.h"
 
 namespace qt {
@@ -48,6 +49,7 @@ class ComboBinding : public BindingOf<ui::ComboBox, QComboBox> {
  public:
   ComboBinding(ui::ComboBox& control, QComboBox& widget, Host& host) : BindingOf(control, widget, host) {
     widget.setEditable(false);
+    new WheelStop(&widget);
     widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [this](int row) { act([this, row] { control_.choose(row); }); });

@@ -114,6 +114,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = index.row() + fixedRows_;
   if (role == Qt::DisplayRole) return cellText(row, index.column());
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(toolkitAlign(grid_->align(index.column())));
+  if (role == Qt::AccessibleTextRole && names_.cell)
+    return names_.cell(row, index.column()) + QStringLiteral(": ") + cellText(row, index.column());
   if (role == UseRole) return static_cast<int>(cellUse(row, index.column()));
   if (role == ProblemRole || role == Qt::ToolTipRole) return problem(row, index.column());
   return {};
@@ -122,6 +124,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (grid_ == nullptr || orientation != Qt::Horizontal || section < 0 || section >= grid_->cols()) return {};
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(toolkitAlign(grid_->fixedAlign(section)));
+  if (role == Qt::ToolTipRole && names_.column) return names_.column(section);
   if (role != Qt::DisplayRole) return {};
   QStringList lines;
   for (int row = 0; row < fixedRows_; ++row) lines << cellText(row, section);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
+#include <utility>
 
 #include "ui/grid.h"
 
@@ -22,6 +24,13 @@ class GridModel : public QAbstractTableModel {
     UseRole = Qt::UserRole,  ///< what may be done in the cell: ui::CellUse as int
     ProblemRole              ///< why its text is not what its column takes, empty where it is
   };
+
+  /// How cells and columns are called, counted as the grid counts.
+  struct Names {
+    std::function<QString(int row, int col)> cell;  ///< bench mark, column and unit
+    std::function<QString(int col)> column;         ///< header and unit
+  };
+  void setNames(Names names) { names_ = std::move(names); }
 
   /// `grid` may be null: no rows and no columns.
   void setGrid(const ui::Grid* grid);
@@ -58,6 +67,7 @@ class GridModel : public QAbstractTableModel {
   void tellCells(int firstRow, int lastRow, int firstCol, int lastCol);
 
   const ui::Grid* grid_ = nullptr;
+  Names names_;
   int rows_ = 0;
   int cols_ = 0;
   int fixedRows_ = 0;

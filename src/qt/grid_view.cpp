@@ -30,7 +30,10 @@ GridView::GridView(QWidget* parent)
   setUpHeader();
   connect(&findBar_, &FindBar::asked, this, &GridView::find);
   connect(&findBar_, &FindBar::closed, this, [this] { setFocus(); });
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fitWidestColumn(); });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int col, int, int width) { columnResized(col, width); });
+  connect(horizontalHeader(), &QHeaderView::sectionHandleDoubleClicked, this,
+          &QTableView::resizeColumnToContents);
 }
 
 void GridView::setUpLook() {
@@ -96,6 +99,7 @@ void GridView::showColumns() {
   horizontalHeader()->setVisible(grid_->fixedRows() > 0);
   if (widths == widths_) return;
   widths_ = std::move(widths);
+  drawn_.clear();
   fitting_ = true;
   for (int col = 0; col < grid_->cols(); ++col) {
     const int twips = widths_[static_cast<std::size_t>(col)];
@@ -104,6 +108,18 @@ void GridView::showColumns() {
   }
   fitting_ = false;
   fitWidestColumn();
+}
+
+/// What the program does not do itself is the operator's.
+void GridView::columnResized(int col, int width) {
+  if (fitting_) return;
+  if (width > 0) drawn_[col] = width;
+  fitWidestColumn();
+}
+
+void GridView::drawColumn(int col, int width) {
+  if (grid_ == nullptr || col < 0 || col >= grid_->cols() || width <= 0 || isColumnHidden(col)) return;
+  setColumnWidth(col, width);
 }
 
 void GridView::showFixedColumns() {
@@ -121,6 +137,7 @@ void GridView::fitWidestColumn() {
   const auto fromBack = std::max_element(widths_.rbegin(), widths_.rend());
   if (fromBack == widths_.rend() || *fromBack <= 0) return;
   const int widest = static_cast<int>(std::distance(fromBack, widths_.rend())) - 1;
+  if (drawn_.contains(widest)) return;
   int others = 0;
   int rounded = 0;
   for (int col = 0; col < grid_->cols(); ++col) {

@@ -2,6 +2,7 @@
 
 #include <QTableView>
 #include <functional>
+#include <map>
 #include <vector>
 
 #include "qt/fixed_columns.h"
@@ -38,6 +39,12 @@ class GridView : public QTableView {
   void setGrid(ui::Grid* grid, Act act);
   GridModel& gridModel() { return model_; }
   const GridModel& gridModel() const { return model_; }
+
+  /// The columns that the operator has drawn to another width, with their widths in pixels. They stay so
+  /// until the program sets other widths.
+  const std::map<int, int>& drawnColumns() const { return drawn_; }
+  /// Draws a column to a width in pixels, as the operator would; passed over where it cannot be.
+  void drawColumn(int col, int width);
 
   /// Brings the view to the grid's state.
   void showGrid();
@@ -105,6 +112,7 @@ class GridView : public QTableView {
   void act(const std::function<void()>& what);
   void showColumns();
   void showFixedColumns();
+  void columnResized(int col, int width);
   void fitWidestColumn();
   void showSelection();
   void showInputMethod();
@@ -132,6 +140,7 @@ class GridView : public QTableView {
   ui::Grid* grid_ = nullptr;
   Act act_;
   std::vector<int> widths_;
+  std::map<int, int> drawn_;
   QString preedit_;
   CellEditor* editor_ = nullptr;
   FindBar& findBar_;

@@ -7,16 +7,22 @@
 #include "qt/application.h"
 #include "qt/convert.h"
 #include "qt/forms.h"
+#include "qt/look.h"
 #include "qt/window_desktop.h"
 #include "shell/program.h"
 
 namespace qt {
 namespace {
 
+QString captionOf(const QWidget& window) {
+  const auto* screen = qobject_cast<const ScreenWindow*>(&window);
+  return screen == nullptr ? window.windowTitle() : screen->caption();
+}
+
 /// A box without a title of its own carries that of its window.
 void ask(QMessageBox& box) {
   if (box.windowTitle().isEmpty() && box.parentWidget() != nullptr)
-    box.setWindowTitle(box.parentWidget()->windowTitle());
+    box.setWindowTitle(captionOf(*box.parentWidget()));
   box.exec();
 }
 
@@ -26,6 +32,7 @@ class Session {
   Session(Application& application, shell::CommandLine commandLine)
       : desktop_(Opening::Comfortable, owner()), program_(std::move(commandLine), desktop_) {
     application.whenFailed([this](std::exception_ptr error) { fail(error); });
+    wear(lookNamed(settings_.text("look")));
   }
 
   /// The windows let go of the open screen before it is freed.
@@ -47,7 +54,8 @@ class Session {
             .failed = [this](std::exception_ptr error) { fail(error); },
             .settled = [this] { endWithoutScreen(); },
             .sweep = [this] { program_.sweep(); },
-            .setUpForm = setUpForm};
+            .setUpForm = setUpForm,
+            .settings = &settings_};
   }
 
   void endWithoutScreen() {
@@ -67,6 +75,7 @@ class Session {
 
   platform::Settings settings_{platform::settingsFile()};
   int status_ = 0;
+  platform::Settings settings_{platform::settingsFile()};
   WindowDesktop desktop_;
   shell::Program program_;
 };

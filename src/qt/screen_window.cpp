@@ -10,17 +10,29 @@
 
 #include "qt/convert.h"
 #include "qt/edit_menu.h"
+#include "qt/screen_commands.h"
+#include "ui/situation.h"
 
 namespace qt {
+namespace {
+
+const QString afterCaption = QStringLiteral(" \u2014 ");  // a dash, between caption and work in a title
+
+}  // namespace
 
 ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<void(QMainWindow&)>& setUp)
-    : screen_(&screen), host_(host) {
+    : screen_(&screen), host_(host), status_(*new StatusLine(this)) {
   setUp(*this);
+  setStatusBar(&status_);
+  least_ = centralWidget()->minimumSize();
+  centralWidget()->setMinimumSize(0, 0);
+  new ScreenCommands(*this, toQString(screen.name()));
   setWindowTitle(toQString(screen.caption()));
   for (ui::Control* control : screen.controls()) bindings_.push_back(bind(*control, *this, host));
   for (const auto& binding : bindings_) binding->tie();
   setUpTabs();
   if (hasGrid()) new EditMenu(*this);
+  nameCells();
   centralWidget()->installEventFilter(this);
   output_ = std::make_unique<OutputMenu>(*this, screen, host);
 }
@@ -53,7 +65,43 @@ void ScreenWindow::letGo() {
 
 void ScreenWindow::refresh() {
   for (const auto& binding : bindings_) binding->refresh();
+  tell();
 }
+
+/// The title and the line along the lower edge.
+void ScreenWindow::tell() {
+  if (screen_ == nullptr) return;
+  const ui::Grid* front = nullptr;
+  for (const auto& binding : bindings_) {
+    const auto* view = qobject_cast<const GridView*>(&binding->shown());
+    if (view != nullptr && view->isVisible() && (front == nullptr || view->hasFocus()))
+      front = dynamic_cast<const ui::Grid*>(&binding->control());
+  }
+  status_.tell(*screen_, front);
+  const ui::Situation situation = screen_->situation();
+  QStringList title{toQString(screen_->caption())};
+  QStringList work;
+  for (const std::string& part : {situation.job, situation.open})
+    if (!part.empty()) work << toQString(part);
+  if (!work.isEmpty()) title << work.join(u' ');
+  const QString whole = title.join(afterCaption);
+  if (windowTitle() != whole) setWindowTitle(whole);
+}
+
+QString ScreenWindow::caption() const { return windowTitle().section(afterCaption, 0, 0); }
+
+void ScreenWindow::keepMinimum() { centralWidget()->setMinimumSize(least_); }
+
+void ScreenWindow::fitInto(const QRect& room) {
+  const QSize over = (frameGeometry().size() - room.size()).expandedTo(QSize(0, 0));
+  if (!over.isNull()) resize(size() - over);
+  const QRect frame = frameGeometry();
+  const int left = std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width()));
+  const int top = std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height()));
+  if (frame.topLeft() != QPoint(left, top)) move(left, top);
+}
+
+QList<GridView*> ScreenWindow::tables() const { return findChildren<GridView*>(); }
 
 void ScreenWindow::open(const QSize& client, bool maximised) {
   setClientSize(client);
@@ -77,7 +125,8 @@ void ScreenWindow::focusFirst() {
 /// The window is the client and whatever stands around it; how much that is shows once it is laid out.
 void ScreenWindow::setClientSize(const QSize& client) {
   const int menuHeight = menuWidget() == nullptr ? 0 : menuWidget()->sizeHint().height();
-  const QSize around = isVisible() ? size() - clientSize() : QSize(0, menuHeight);
+  const int barsHeight = menuHeight + status_.sizeHint().height();
+  const QSize around = isVisible() ? size() - clientSize() : QSize(0, barsHeight);
   resize(client + around);
   layout()->activate();
 }
@@ -125,6 +174,25 @@ bool ScreenWindow::hasGrid() const {
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(screen_ == nullptr);
   if (screen_ != nullptr) host_.act([this] { screen_->leave(); });
+}
+
+void ScreenWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange) return;
+  for (const auto& binding : bindings_) binding->showAnew();
+}
+
+/// Screen readers and tips tell of a cell what the line along the lower edge tells.
+void ScreenWindow::nameCells() {
+  for (const auto& binding : bindings_) {
+    auto* view = qobject_cast<GridView*>(&binding->shown());
+    if (view == nullptr) continue;
+    const auto& grid = dynamic_cast<const ui::Grid&>(binding->control());
+    view->gridModel().setNames({
+        .cell = [this, &grid](int row, int col) { return toQString(ui::cellName(*screen_, grid, row, col)); },
+        .column = [this, &grid](int col) { return toQString(ui::columnName(*screen_, grid, col)); },
+    });
+  }
 }
 
 bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "qt/binding.h"
+#include "qt/grid_view.h"
 #include "qt/output_menu.h"
+#include "qt/status_line.h"
 #include "ui/screen.h"
 
 namespace qt {
@@ -31,6 +33,15 @@ class ScreenWindow : public QMainWindow {
   /// Tells the screen of a size that came while an act was under way.
   void catchUpSize();
 
+  /// The screen's caption, with which the window's title begins.
+  QString caption() const;
+  /// From now on the window cannot be made smaller than its form says.
+  void keepMinimum();
+  /// Makes the open window no larger than `room` and puts it inside, in pixels of the display.
+  void fitInto(const QRect& room);
+  /// The tables of the window.
+  QList<GridView*> tables() const;
+
   /// Opens the window with this client size in pixels.
   void open(const QSize& client, bool maximised);
   QSize clientSize() const { return centralWidget()->size(); }
@@ -44,16 +55,21 @@ class ScreenWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void setUpTabs();
   void focusFirst();
+  void tell();
+  void nameCells();
   void setClientSize(const QSize& client);
   void clientResized();
 
   ui::Screen* screen_;
   Host& host_;
+  StatusLine& status_;
+  QSize least_;
   std::vector<std::unique_ptr<Binding>> bindings_;
   std::unique_ptr<OutputMenu> output_;
   bool settingSize_ = false;

@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,10 +21,15 @@ class LabelBinding : public BindingOf<ui::Label, QLabel> {
   }
 
  private:
+  /// A label that the form gives a name shows a value: screen readers say both.
   void show() override {
-    widget_.setText(toQString(control_.text()));
+    const QString text = toQString(control_.text());
+    widget_.setText(text);
+    if (!caption_.isEmpty()) widget_.setAccessibleName((caption_ + u' ' + text).trimmed());
     showPlace(control_, widget_);
   }
+
+  const QString caption_ = widget_.accessibleName();
 };
 
 class FrameBinding : public BindingOf<ui::Frame, QGroupBox> {
@@ -113,10 +119,11 @@ class TextBoxBinding : public BindingOf<ui::TextBox, QLineEdit> {
     showPlace(control_, widget_);
   }
 
-  /// A text that the box is not meant for stands in red, and the box says why.
+  /// A text that the box is not meant for stands in the colour of what is wrong, and the box says why.
   void showComplaint() {
     QPalette palette;
-    if (!control_.looksValid()) palette.setColor(QPalette::Text, Qt::red);
+    if (!control_.looksValid())
+      palette.setColor(QPalette::Text, QApplication::palette().color(QPalette::BrightText));
     widget_.setPalette(palette);
     widget_.setToolTip(toQString(control_.complaint()));
   }

@@ -8,6 +8,7 @@
 
 #include "qt/convert.h"
 #include "qt/input_stop.h"
+#include "qt/look_menu.h"
 
 namespace qt {
 namespace {
@@ -15,6 +16,21 @@ namespace {
 constexpr double shareOfDisplay = 0.65;  // how much of the display a window may take at first
 constexpr double largestWork = 1.8;      // times the design size
 constexpr double largestMenu = 1.2;
+
+/// Under which settings a window and the columns of its tables are remembered.
+std::string windowKey(const ScreenWindow& window) { return "window." + window.screen()->name() + "."; }
+
+std::string columnsKey(const ScreenWindow& window, const GridView& table) {
+  return "columns." + window.screen()->name() + "." + fromQString(table.objectName());
+}
+
+/// The columns that the operator has drawn, as "COLUMN:PIXELS COLUMN:PIXELS".
+std::string widthsText(const GridView& table) {
+  std::string text;
+  for (const auto& [col, width] : table.drawnColumns())
+    text += (text.empty() ? "" : " ") + std::to_string(col) + ":" + std::to_string(width);
+  return text;
+}
 
 QMessageBox::Icon toolkitIcon(ui::Icon icon) {
   switch (icon) {
@@ -152,28 +168,54 @@ QObject* WindowDesktop::shown(const ui::Control& control) const {
   return nullptr;
 }
 
+platform::Settings& WindowDesktop::settings() { return owner_.settings == nullptr ? own_ : *owner_.settings; }
+
+/// The window comes where the last one stood, on the display of that one, and inside of it.
 void WindowDesktop::open(ScreenWindow& window) {
   const QSize design = toPixels(window.screen()->width(), window.screen()->height());
   if (opening_ == Opening::Design) return window.open(design, false);
-  if (last_ && window.hasGrid()) return window.open(last_->client, last_->maximised);
-  window.open(comfortable(window), false);
+  const QScreen* display = last_ ? QApplication::screenAt(last_->center()) : nullptr;
+  if (display == nullptr) display = QApplication::primaryScreen();
+  const QRect room = display->availableGeometry();
+  const std::string key = windowKey(window);
+  QSize client(settings().number(key + "width", 0), settings().number(key + "height", 0));
+  if (client.isEmpty()) client = comfortable(window, room.size());
+  window.keepMinimum();
+  if (window.hasGrid()) new LookMenu(window, settings());
+  if (last_) window.move(last_->topLeft());
+  window.open(client, settings().flag(key + "maximised", false));
+  if (!window.isMaximized()) window.fitInto(room);
+  restoreColumns(window);
 }
 
-QSize WindowDesktop::comfortable(const ScreenWindow& window) const {
+QSize WindowDesktop::comfortable(const ScreenWindow& window, const QSize& room) const {
   const QSize design = toPixels(window.screen()->width(), window.screen()->height());
-  const QSize room = QApplication::primaryScreen()->availableGeometry().size() * shareOfDisplay;
-  const double across = static_cast<double>(room.width()) / design.width();
-  const double down = static_cast<double>(room.height()) / design.height();
+  const double across = room.width() * shareOfDisplay / design.width();
+  const double down = room.height() * shareOfDisplay / design.height();
   const double largest = window.hasGrid() ? largestWork : largestMenu;
   return design * std::clamp(std::min(across, down), 1.0, largest);
 }
 
-/// The next window of work opens like the operator left this one.
+/// Each screen opens the next time as the operator left it now.
 void WindowDesktop::remember(const ScreenWindow& window) {
-  if (opening_ == Opening::Design || !window.hasGrid()) return;
+  if (opening_ == Opening::Design) return;
+  last_ = window.frameGeometry();
+  const std::string key = windowKey(window);
   const QSize around = window.size() - window.clientSize();
   const QSize normal = window.isMaximized() ? window.normalGeometry().size() - around : window.clientSize();
-  last_ = LastSize{normal, window.isMaximized()};
+  settings().set(key + "width", normal.width());
+  settings().set(key + "height", normal.height());
+  settings().set(key + "maximised", window.isMaximized() ? 1 : 0);
+  for (const GridView* table : window.tables())
+    if (!table->drawnColumns().empty()) settings().set(columnsKey(window, *table), widthsText(*table));
+}
+
+void WindowDesktop::restoreColumns(ScreenWindow& window) {
+  for (GridView* table : window.tables()) {
+    const QString widths = toQString(settings().text(columnsKey(window, *table)));
+    for (const QString& column : widths.split(u' ', Qt::SkipEmptyParts))
+      table->drawColumn(column.section(u':', 0, 0).toInt(), column.section(u':', 1).toInt());
+  }
 }
 
 }  // namespace qt

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/settings.h"
 #include "qt/host.h"
 #include "qt/screen_window.h"
 #include "ui/desktop.h"
@@ -17,7 +18,7 @@ namespace qt {
 /// With which size windows open.
 enum class Opening {
   Design,      ///< exactly as the screen was designed
-  Comfortable  ///< larger where the display has room; the next one like the operator left the last one
+  Comfortable  ///< as the operator left the screen the last time, at first larger where the display has room
 };
 
 /// What the owner of a desktop brings to it.
@@ -34,6 +35,9 @@ struct DesktopOwner {
   std::function<void()> sweep;
   /// Puts the form of a screen into a window.
   std::function<void(std::string_view screen, QMainWindow& window)> setUpForm;
+  /// Remembers how the operator has left windows and columns; null: nothing is remembered beyond the desk's
+  /// own life.
+  platform::Settings* settings = nullptr;
 };
 
 /// The desk of real windows.
@@ -65,24 +69,22 @@ class WindowDesktop : public ui::Desktop, public Host {
   QObject* shown(const ui::Control& control) const;
 
  private:
-  struct LastSize {
-    QSize client;
-    bool maximised = false;
-  };
-
   void showBox(QMessageBox& box);
   QWidget* front() const { return windows_.empty() ? nullptr : windows_.back().get(); }
   void settle();
   void later(void (WindowDesktop::*what)());
   void open(ScreenWindow& window);
+  platform::Settings& settings();
   void remember(const ScreenWindow& window);
-  QSize comfortable(const ScreenWindow& window) const;
+  void restoreColumns(ScreenWindow& window);
+  QSize comfortable(const ScreenWindow& window, const QSize& room) const;
 
   Opening opening_;
   DesktopOwner owner_;
   std::vector<std::unique_ptr<ScreenWindow>> windows_;
   std::vector<std::unique_ptr<ScreenWindow>> leaving_;
-  std::optional<LastSize> last_;
+  platform::Settings own_;
+  std::optional<QRect> last_;  ///< where the last window stood, with its frame
   std::exception_ptr error_;
   bool busy_ = false;
   bool refreshWaits_ = false;

@@ -1,5 +1,6 @@
 #include "route/selection_screen.h"
 
+#include "job/names.h"
 #include "report/measure.h"
 #include "route/heading.h"
 #include "route/safeguards.h"
@@ -33,6 +34,13 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
   });
   on(saveItem.onClick, names.menuItem + "_Click", [this] { save(); });
   exitItem.onClick.handle([this] { leave(); });
+}
+
+ui::Situation SelectionScreen::situation() const {
+  const std::string project(text::trimmed(lblJigyobango.text()));
+  const std::string route(text::trimmed(lblRosenbango.text()));
+  return {job::jobName(context_), job::unitNames(context_),
+          project.empty() || route.empty() ? project + route : project + " " + route};
 }
 
 void SelectionScreen::open(const SelectionSet& set, Reader read) {

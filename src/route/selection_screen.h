@@ -19,6 +19,8 @@ namespace route {
 /// buttons to openObserved and openSaved, with an error trap or without.
 class SelectionScreen : public ui::Screen, public report::Source {
  public:
+  ui::Situation situation() const override;
+
   ui::TabControl SSTab1;
   ui::ComboBox cmbJIgyoBango1{"cmbJIgyoBango1", this};
   ui::ComboBox cmbRosenBango1{"cmbRosenBango1", this};

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "job/names.h"
 #include "route/records.h"
 #include "seihyou/calculation.h"
 #include "seihyou/checks.h"
@@ -113,6 +114,11 @@ void fSHsei::takeBlock(const std::vector<ui::CellPlace>& cells) {
   for (const ui::CellPlace& cell : cells)
     if (isCorrectionCell(Grid1, cell.row, cell.col)) rows.push_back(cell.row);
   calculateRoutes(Grid1, rows, context_.grade());
+}
+
+std::string fSHsei::unit(const ui::Grid&, int col) const {
+  if (col == colCorrection) return job::correctionUnit(context_.grade());
+  return col == colHeight || col == colResult ? "m" : "";
 }
 
 }  // namespace seihyou

@@ -13,6 +13,7 @@ class fSHsei : public route::RouteScreen {
   fSHsei(const job::JobContext& context, ui::Desktop& desktop);
 
   ui::Findings findings() const override;
+  std::string unit(const ui::Grid& grid, int col) const override;
 
  private:
   void Form_Resize() override;

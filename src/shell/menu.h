@@ -5,6 +5,7 @@
 
 #include "db/database.h"
 #include "job/context.h"
+#include "job/names.h"
 #include "shell/start_up.h"
 #include "ui/controls.h"
 #include "ui/screen.h"
@@ -20,6 +21,8 @@ class SeikMenu : public ui::Screen {
 
   /// `context` is filled by the load.
   SeikMenu(const CommandLine& commandLine, ui::Desktop& desktop, job::JobContext& context, Opener open);
+
+  ui::Situation situation() const override { return {job::jobName(job_), job::unitNames(job_), {}}; }
 
   ui::Button Command1{"Command1", this, "実行(&A)"};
   ui::Button Command2{"Command2", this, "実行(&B)"};

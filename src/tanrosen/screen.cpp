@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "job/names.h"
 #include "route/records.h"
 #include "tanrosen/calculation.h"
 #include "tanrosen/checks.h"
@@ -148,5 +149,10 @@ report::Document fTHsei::tables(const std::string& route) const {
 }
 
 report::Diagram fTHsei::profile() const { return tanrosen::profile(Grid1, context_.grade()); }
+
+std::string fTHsei::unit(const ui::Grid&, int col) const {
+  if (col == colCorrection) return job::correctionUnit(context_.grade());
+  return col == colHeight || col == colResult ? "m" : "";
+}
 
 }  // namespace tanrosen

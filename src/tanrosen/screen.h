@@ -19,6 +19,7 @@ class fTHsei : public route::RouteScreen {
   fTHsei(const job::JobContext& context, ui::Desktop& desktop);
 
   ui::Findings findings() const override;
+  std::string unit(const ui::Grid& grid, int col) const override;
 
  private:
   void Form_Resize() override;

@@ -19,6 +19,10 @@ Control* Screen::find(std::string_view name) const {
   return found == byName_.end() ? nullptr : found->second;
 }
 
+std::string Screen::unit(const Grid&, int) const { return {}; }
+
+std::string Screen::rowName(const Grid& grid, int row) const { return ui::rowName(grid, row, 0); }
+
 void Screen::resize(float width, float height) {
   width_ = width;
   height_ = height;

@@ -10,6 +10,7 @@
 #include "ui/desktop.h"
 #include "ui/finding.h"
 #include "ui/history.h"
+#include "ui/situation.h"
 
 namespace ui {
 
@@ -34,6 +35,13 @@ class Screen {
   /// What the operator has done to the screen's grids, to be taken back and done again.
   History& history() { return history_; }
   const History& history() const { return history_; }
+
+  /// What a window tells about the work, in its title and along its lower edge.
+  virtual Situation situation() const { return {}; }
+  /// The unit of a column of one of the screen's grids, "m" or "0.1 mm"; "" for none.
+  virtual std::string unit(const Grid& grid, int col) const;
+  /// The bench mark or section that a row of one of the screen's grids belongs to; "" for a header.
+  virtual std::string rowName(const Grid& grid, int row) const;
 
   /// The controls in the order in which they were declared.
   const std::vector<Control*>& controls() const { return controls_; }

@@ -112,7 +112,7 @@ TEST(WindowDesktop, CatchesUpASizeThatCameDuringAnAct) {
   EXPECT_EQ(open.screen.events, (Strings{"still busy", "resize 6030 4500"}));
 }
 
-TEST(WindowDesktop, NextWindowOfWorkOpensAsTheLastWasLeft) {
+TEST(WindowDesktop, AScreenOpensAsTheOperatorLeftIt) {
   Desk desk(qt::Opening::Comfortable);
   EveryKind first(desk.windows);
   EveryKind second(desk.windows);

@@ -59,6 +59,8 @@ void answer() {
 
 int run(const std::string& commandLine) {
   test::chooseOffscreen();
+  const test::TemporaryFolder own;  // no setting of whoever runs the tests is read or written
+  qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(own.path()));
   seen.clear();
   return qt::runProgram("seikahyou", commandLine);
 }
@@ -75,8 +77,8 @@ TEST(Program, GoesFromMenuToCalculationAndBackAndEnds) {
   const test::StartDesk job;
   steps = {look, push("Command1"), look, [] { openWindow().close(); }, look, push("Command3")};
   EXPECT_EQ(run(job.dbPath()), 0);
-  EXPECT_EQ(seen,
-            (std::vector<std::string>{"成果表データ作成メニュー", "正標高補正", "成果表データ作成メニュー"}));
+  EXPECT_EQ(seen, (std::vector<std::string>{"成果表データ作成メニュー — ジョブ 9", "正標高補正 — ジョブ 9",
+                                            "成果表データ作成メニュー — ジョブ 9"}));
 }
 
 TEST(Program, OptionsOfTheToolkitAreNotTakenFromThePath) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+
+namespace ui {
+class Grid;
+class Screen;
+}  // namespace ui
+
+namespace qt {
+
+/// The line along the lower edge of a window: on the left what the current cell is and takes, or the numbers
+/// of a selected range; on the right what is open, the job, its grade and the unit of its corrections. It
+/// claims no width of its own.
+class StatusLine : public QStatusBar {
+  Q_OBJECT
+
+ public:
+  explicit StatusLine(QWidget* parent = nullptr);
+
+  /// Shows the screen as it is now. `grid`: the table in front, null for none.
+  void tell(const ui::Screen& screen, const ui::Grid* grid);
+
+  QSize minimumSizeHint() const override { return {0, QStatusBar::minimumSizeHint().height()}; }
+
+ private:
+  QLabel& add(const char* name, bool stretches);
+
+  QLabel& cell_;
+  QLabel& open_;
+  QLabel& job_;
+};
+
+}  // namespace qt
