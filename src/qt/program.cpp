@@ -75,7 +75,6 @@ class Session {
 
   platform::Settings settings_{platform::settingsFile()};
   int status_ = 0;
-  platform::Settings settings_{platform::settingsFile()};
   WindowDesktop desktop_;
   shell::Program program_;
 };
