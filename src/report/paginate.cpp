@@ -124,7 +124,7 @@ class TableRun {
 class Run {
  public:
   Run(const Document& document, const Paper& paper, const Measure& measure)
-      : document_(document), paper_(paper), measure_(measure), maker_(paper, measure) {
+      : paper_(paper), measure_(measure), maker_(paper, measure) {
     maker_.beginDocument(document);
   }
 
@@ -199,7 +199,6 @@ class Run {
     place(maker_.page(), figure.drawing, maker_.at(), scale);
   }
 
-  const Document& document_;
   Paper paper_;
   const Measure& measure_;
   PageMaker maker_;
