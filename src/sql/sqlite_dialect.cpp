@@ -13,14 +13,28 @@ namespace {
 
 constexpr std::string_view withoutTrailingBlanks = " COLLATE RTRIM";
 
+std::string utf8Of(unsigned codePoint) {
+  if (codePoint < 0x80) return std::string(1, static_cast<char>(codePoint));
+  return {static_cast<char>(0xe0 | (codePoint >> 12)), static_cast<char>(0x80 | ((codePoint >> 6) & 0x3f)),
+          static_cast<char>(0x80 | (codePoint & 0x3f))};
+}
+
+/// The first character that the text does not hold, as its code point: one of ASCII (no quote) or of the
+/// private use area, whose UTF-8 cannot begin inside another character.
+unsigned characterNotIn(std::string_view text) {
+  unsigned result = 1;
+  while (result == '\'' || text.find(utf8Of(result)) != std::string_view::npos)
+    result = result == 0x7f ? 0xe000 : result + 1;
+  return result;
+}
+
 /// A text literal that holds characters of code 0, where a statement would end for SQLite: written with
 /// another character in their place, and a call that puts them back.
 std::string withZerosCalled(std::string_view literal) {
-  char standIn = 1;
-  while (literal.find(standIn) != std::string_view::npos && standIn < ' ') ++standIn;
-  std::string text(literal);
-  std::replace(text.begin(), text.end(), '\0', standIn);
-  return "replace(" + text + ",char(" + std::to_string(static_cast<int>(standIn)) + "),char(0))";
+  const unsigned standIn = characterNotIn(literal);
+  std::string text;
+  for (const char c : literal) text += c == '\0' ? utf8Of(standIn) : std::string(1, c);
+  return "replace(" + text + ",char(" + std::to_string(standIn) + "),char(0))";
 }
 
 template <std::size_t N>

@@ -30,12 +30,37 @@ void require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// The quoted texts of an SQL text in their order.
+bool holdsZero(std::string_view text) { return text.find('\0') != std::string_view::npos; }
+
+/// The quoted texts of an SQL text in their order, but for those that hold a character of code 0.
 std::vector<std::string> quotedTexts(std::string_view sql) {
   std::vector<std::string> result;
   for (const db::Token& token : db::tokens(sql))
-    if (token.kind == db::TokenKind::Text) result.emplace_back(token.text);
+    if (token.kind == db::TokenKind::Text && !holdsZero(token.text)) result.emplace_back(token.text);
   return result;
+}
+
+/// What a quoted text stands for: without its quotes, each doubled quote once.
+std::string unquoted(std::string_view literal) {
+  std::string result;
+  for (std::size_t n = 1; n + 1 < literal.size(); ++n) {
+    result += literal[n];
+    if (literal[n] == '\'') ++n;
+  }
+  return result;
+}
+
+/// A quoted text with characters of code 0 is written as a call: SQLite must make the same bytes of it.
+void requireSameBytes(sqlite3* database, std::string_view literal) {
+  const std::string sql = db::sqliteText("SELECT " + std::string(literal));
+  sqlite3_stmt* statement = nullptr;
+  require(sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr) ==
+          SQLITE_OK);
+  require(sqlite3_step(statement) == SQLITE_ROW);
+  const void* const bytes = sqlite3_column_blob(statement, 0);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, 0));
+  require(std::string(static_cast<const char*>(bytes), size) == unquoted(literal));
+  sqlite3_finalize(statement);
 }
 
 void prepare(sqlite3* database, const std::string& sql) {
@@ -55,7 +80,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(together == sql);
 
   const std::string translated = db::sqliteText(sql);
-  require(quotedTexts(translated) == quotedTexts(sql));
+  if (!holdsZero(sql)) require(quotedTexts(translated) == quotedTexts(sql));
+  for (const std::string& text : quotedTexts(sql)) require(translated.find(text) != std::string::npos);
+  for (const db::Token& token : db::tokens(sql))
+    if (token.kind == db::TokenKind::Text && token.text.front() == '\'' && holdsZero(token.text))
+      requireSameBytes(database, token.text);
   prepare(database, translated);
 
   if (db::selectShape(sql))

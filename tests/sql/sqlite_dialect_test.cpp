@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "sql/tokens.h"
 
 namespace {
@@ -23,6 +25,20 @@ TEST(SqliteDialect, MidAsANameStays) {
 TEST(SqliteDialect, TextsAreNeverTouched) {
   EXPECT_EQ(sqliteText("SELECT 'MID(a,1) = b DISTINCTROW' FROM t"),
             "SELECT 'MID(a,1) = b DISTINCTROW' FROM t");
+}
+
+// A statement ends for SQLite at a character of code 0, so a text that holds one is written as a call. The
+// stand-in is a character that the text does not hold: for one that holds all of ASCII, U+E000 (57344).
+TEST(SqliteDialect, ATextThatHoldsZerosIsWrittenAsACall) {
+  using std::string_literals::operator""s;
+  EXPECT_EQ(sqliteText("SELECT 'a\0b\0'"s), "SELECT replace('a\1b\1',char(1),char(0))");
+  EXPECT_EQ(sqliteText("SELECT '\1\2\0'"s), "SELECT replace('\1\2\3',char(3),char(0))");
+  std::string ascii;
+  for (char c = 1; c > 0 && c < 127; ++c)
+    if (c != '\'') ascii += c;
+  ascii += '\x7f';
+  EXPECT_EQ(sqliteText("SELECT '" + ascii + "\0'"s),
+            "SELECT replace('" + ascii + "\xEE\x80\x80',char(57344),char(0))");
 }
 
 TEST(SqliteDialect, DistinctRowIsDroppedBehindSelectOnly) {
