@@ -95,6 +95,7 @@ struct Windows : MeasuredRoute {
   }
 
   seihyou::fSHsei bare;
+  qt::Application application{"seikahyou-measure"};
   OpenWindow window{context};
   std::string corrections;
   QString pasted;
@@ -104,7 +105,6 @@ struct Windows : MeasuredRoute {
 
 std::vector<Measure> windowMeasures(const Job& job) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  static qt::Application application("seikahyou-measure");
   const auto windows = std::make_shared<Windows>(job);
   const auto clear = [windows] {
     windows->clearCorrections(windows->window.grid());

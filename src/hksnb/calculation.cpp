@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <string>
+#include <string_view>
 
 #include "hksnb/columns.h"
 #include "text/number.h"
@@ -29,6 +30,11 @@ double millimetres(double present, double previous) {
   return std::round((present - previous) * millionthsInMetre) / millionthsInMillimetre;
 }
 
+/// The amount against a previous height (m) as it is shown.
+std::string amountFromShown(double present, std::string_view previous, const Formats& formats) {
+  return formats.variation.format(millimetres(present, text::readNumber(previous)));
+}
+
 void setVariation(ui::Grid& Grid1, int row, const Formats& formats) {
   const std::string& previous = Grid1.text(row, colPrevious);
   if (text::trimmed(previous).empty()) {
@@ -37,8 +43,9 @@ void setVariation(ui::Grid& Grid1, int row, const Formats& formats) {
   }
   const double q = text::readNumber(previous);
   const double p = text::readNumber(Grid1.text(row, colPresent));
-  Grid1.setText(row, colPrevious, formats.heights.format(q));
-  Grid1.setText(row, colVariation, variationAmount(p, q, formats));
+  const std::string shown = formats.heights.format(q);
+  Grid1.setText(row, colPrevious, shown);
+  Grid1.setText(row, colVariation, amountFromShown(p, shown, formats));
 }
 
 }  // namespace
@@ -48,8 +55,7 @@ Formats FcHHKSB_DefToColNo(job::Grade grade) {
 }
 
 std::string variationAmount(double present, double previous, const Formats& formats) {
-  const double shown = text::readNumber(formats.heights.format(previous));
-  return formats.variation.format(millimetres(present, shown));
+  return amountFromShown(present, formats.heights.format(previous), formats);
 }
 
 void FcHHKSB_HendryoCal(ui::Grid& Grid1, job::Grade grade) {

@@ -148,7 +148,17 @@ double Fix(double number) { return std::trunc(number); }
 
 double sign(double number) { return number > 0 ? 1.0 : number < 0 ? -1.0 : 0.0; }
 
-double FcIntOfText(double number) { return std::floor(Decimal(number).value()); }
+double FcIntOfText(double number) {
+  // The text has 15 digits: below 10⁹ it is less than 10⁻⁶ away from the number, so only a number next to a
+  // whole one can have another floor than its text.
+  constexpr double plainBelow = 1e9;
+  constexpr double next = 1e-5;
+  const double whole = std::floor(number);
+  const double fraction = number - whole;
+  const bool plain = fraction == 0 || (fraction > next && fraction < 1 - next);
+  if (plain && std::abs(number) < plainBelow) return whole + 0.0;  // no negative zero
+  return std::floor(Decimal(number).value());
+}
 
 double roundHalfUp(double number, double unitsInOne) {
   return FcIntOfText(number * unitsInOne + 0.5) / unitsInOne;

@@ -248,6 +248,25 @@ double sumOfReadings(int first, int second, double unitsInOne) {
 // (1.0001 + 1.0002) / 2 = 1.00015 → 1.0002; −4.0005 / 2 = −2.00025 → −2.0002 (upwards) or −2.0003 (away from
 // zero); 1.005 in 100 units is the double 1.00499999999999989…, its text in units "100.5", with the half 101
 // → 1.01.
+// Whole numbers, halves and what lies up to 64 units of the last place or 2 x 10^-5 beside them, from 10^-3
+// to 10^12, both signs: the same as by way of the text itself.
+TEST(FcIntOfText, AgreesWithTheTextBesideEveryWholeNumber) {
+  const auto byText = [](double number) {
+    return std::floor(std::strtod(text::numberText(number).c_str(), nullptr));
+  };
+  std::mt19937_64 random(20261122);
+  for (int i = 0; i < 200000; ++i) {
+    const double size = std::pow(10.0, std::uniform_real_distribution<double>(-3, 12)(random));
+    const double whole = std::floor(size * 2) / 2;
+    double near = whole;
+    for (auto steps = static_cast<int>(random() % 65); steps > 0; --steps)
+      near = std::nextafter(near, i % 2 == 0 ? 1e13 : -1e13);
+    const double beside = whole + std::uniform_real_distribution<double>(-2e-5, 2e-5)(random);
+    for (const double number : {near, -near, beside, -beside, size, -size})
+      ASSERT_EQ(text::FcIntOfText(number), byText(number)) << text::numberText(number);
+  }
+}
+
 TEST(RoundHalf, CountsAHalfAsItReads) {
   EXPECT_EQ(text::roundHalfUp((1.0001 + 1.0002) / 2, 10000), 1.0002);
   EXPECT_EQ(text::roundHalfUp(-4.0005 / 2, 10000), -2.0002);
