@@ -11,12 +11,28 @@
 
 namespace db {
 
+/// What stands behind an error, as far as an operator can do something about it.
+enum class Cause {
+  Other,
+  InUse,        ///< another program holds the database
+  Damaged,      ///< the file is damaged, or only looks like a database
+  NoDriver,     ///< the driver that the database needs is not installed for programs of this bitness
+  NoLogin,      ///< the server does not take user and password
+  Unreachable,  ///< the server does not answer, or has no such database
+  Forbidden     ///< no right to read or write it
+};
+
 /// An error of the job database. Its description is Japanese, names the table, column or file, and ends with
 /// the engine's own words.
 class Error : public text::RuntimeError {
  public:
-  explicit Error(const std::string& description)
-      : text::RuntimeError(text::ErrorCode::Database, description) {}
+  explicit Error(const std::string& description, Cause cause = Cause::Other)
+      : text::RuntimeError(text::ErrorCode::Database, description), cause_(cause) {}
+
+  Cause cause() const { return cause_; }
+
+ private:
+  Cause cause_;
 };
 
 /// What a record set is opened for.

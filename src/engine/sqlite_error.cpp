@@ -95,10 +95,29 @@ std::string sentence(int code, std::string_view words, const std::string& databa
   }
 }
 
+Cause causeOf(int code) {
+  switch (code & 0xff) {
+    case Busy:
+    case Locked:
+    case Protocol:
+      return Cause::InUse;
+    case Corrupt:
+    case NotADatabase:
+      return Cause::Damaged;
+    case CannotOpen:
+    case Permission:
+    case Authorization:
+      return Cause::Forbidden;
+    default:
+      return Cause::Other;
+  }
+}
+
 }  // namespace
 
 Error sqliteError(int code, std::string_view words, std::string_view file, std::string_view table) {
-  return Error(sentence(code, words, "データベース" + quoted(file), table) + ": " + std::string(words));
+  return Error(sentence(code, words, "データベース" + quoted(file), table) + ": " + std::string(words),
+               causeOf(code));
 }
 
 bool isMediumFailure(int code) {

@@ -44,9 +44,10 @@ std::string declaration(const job::ColumnSchema& column, const std::vector<db::C
   return column.name + " " + (same ? column.declaration : schemaType(there->type));
 }
 
-void createTables(db::Database& database) {
+void createTables(db::Database& database, const std::function<void(db::Database&)>& fill) {
   database.gather();
   for (const std::string& statement : db::splitStatements(job::schemaSql())) database.execute(statement);
+  if (fill) fill(database);
   database.close();
 }
 
@@ -79,15 +80,15 @@ void createFile(const std::string& path) {
   db::createDatabase(path)->close();
 }
 
-void createJob(const std::string& path) {
+void createJob(const std::string& path, const std::function<void(db::Database&)>& fill) {
   const bool making = !(hasExtension(path, ".dsn") && isThere(path));
   if (making) createFile(path);
   std::unique_ptr<db::Database> database;
   try {
     database = db::openDatabase(path);
     if (!making) requireNoJob(*database, path);
-    createTables(*database);
-  } catch (const db::Error&) {
+    createTables(*database, fill);
+  } catch (...) {
     if (database) database->discard();
     if (making) platform::removeFile(path);
     throw;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,8 +13,9 @@ namespace exchange {
 /// Makes an empty job with every table: a new SQLite file at `path`, or tables in the database that the file
 /// data source (.dsn) at `path` tells of. Raises db::Error where a file, or a job table behind the data
 /// source, stands there already, where the name belongs to an Access file, or where it cannot be made; then
-/// everything is as it was before.
-void createJob(const std::string& path);
+/// everything is as it was before. `fill` puts the first records into the tables; it belongs to the making,
+/// which fails as a whole where `fill` does.
+void createJob(const std::string& path, const std::function<void(db::Database&)>& fill = {});
 
 /// Makes a new, empty SQLite file without tables. Raises db::Error where something stands there already or
 /// the name belongs to another engine (.mdb, .accdb, .dsn).

@@ -78,10 +78,22 @@ std::string sentence(const OdbcDiagnosis& d, const std::string& database, std::s
   return statementFault(d, database);
 }
 
+bool holds(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
+
+/// PostgreSQL's driver tells a password that is refused in words alone.
+Cause causeOf(const OdbcDiagnosis& d) {
+  if (isOneOf(d.state, {"IM002", "IM003"})) return Cause::NoDriver;
+  if (d.state.starts_with("28") || holds(d.words, "password")) return Cause::NoLogin;
+  if (d.state.starts_with("08") || d.state == "3D000") return Cause::Unreachable;
+  if (isOneOf(d.state, {"55P03", "40P01", "40001", "HYT00", "HYT01"})) return Cause::InUse;
+  return d.state == "42501" ? Cause::Forbidden : Cause::Other;
+}
+
 }  // namespace
 
 Error odbcError(const OdbcDiagnosis& diagnosis, std::string_view file, std::string_view table) {
-  return Error(sentence(diagnosis, "データベース" + quoted(file), table) + ": " + diagnosis.words);
+  return Error(sentence(diagnosis, "データベース" + quoted(file), table) + ": " + diagnosis.words,
+               causeOf(diagnosis));
 }
 
 bool isMediumFailure(const OdbcDiagnosis& diagnosis) {

@@ -41,7 +41,8 @@ Error missingDriver(std::string_view path, std::string_view driver) {
   const std::string bits = std::to_string(sizeof(void*) * 8);
   return Error("データベース「" + std::string(path) + "」を開くための ODBC ドライバー「" +
                std::string(driver) + "」がありません。このプログラムと同じ " + bits +
-               " ビット版のドライバーが必要です。");
+               " ビット版のドライバーが必要です。",
+               Cause::NoDriver);
 }
 
 /// The path as drivers take it: absolute, in the platform's form.

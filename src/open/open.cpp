@@ -15,9 +15,6 @@
 namespace db {
 namespace {
 
-/// The kinds of database file that can be opened.
-enum class Engine { None, Sqlite, Access, DataSource };
-
 constexpr std::string_view sqliteMark("SQLite format 3\0", 16);
 
 constexpr std::string_view jetMark = "Standard Jet DB";
@@ -26,14 +23,6 @@ constexpr std::size_t accessMarkAt = 4;
 constexpr std::size_t longestMark = accessMarkAt + jetMark.size();
 
 bool isDataSourceName(std::string_view path) { return text::equalIgnoringCase(text::right(path, 4), ".dsn"); }
-
-/// Every engine is known by what its files begin with, a file data source by its name.
-Engine engineOf(std::string_view path, std::string_view beginning) {
-  if (beginning.starts_with(sqliteMark)) return Engine::Sqlite;
-  const std::string_view mark = beginning.substr(std::min(accessMarkAt, beginning.size()));
-  if (mark.starts_with(jetMark) || mark.starts_with(aceMark)) return Engine::Access;
-  return isDataSourceName(path) ? Engine::DataSource : Engine::None;
-}
 
 std::string named(std::string_view path) { return "データベース「" + std::string(path) + "」"; }
 
@@ -66,32 +55,40 @@ std::string beginningOf(std::string_view path) {
 }
 
 #ifdef SEIKAHYOU_ODBC
-std::unique_ptr<Database> openThroughOdbc(std::string_view path, Engine engine) {
-  if (engine == Engine::Access) return openAccessFile(path);
+std::unique_ptr<Database> openThroughOdbc(std::string_view path, FileKind kind) {
+  if (kind == FileKind::Access) return openAccessFile(path);
   const std::optional<std::string> content = platform::readFile(path);
   if (!content) throw Error(named(path) + "を読む権限がありません。");
   return openDataSource(path, *content);
 }
 #else
-std::unique_ptr<Database> openThroughOdbc(std::string_view path, Engine) {
+std::unique_ptr<Database> openThroughOdbc(std::string_view path, FileKind) {
   throw Error(named(path) + "を開くには ODBC が必要ですが、このプログラムは ODBC なしで作られています。");
 }
 #endif
 
 }  // namespace
 
+/// Every engine is known by what its files begin with, a file data source by its name.
+FileKind fileKind(std::string_view path, std::string_view beginning) {
+  if (beginning.starts_with(sqliteMark)) return FileKind::Sqlite;
+  const std::string_view mark = beginning.substr(std::min(accessMarkAt, beginning.size()));
+  if (mark.starts_with(jetMark) || mark.starts_with(aceMark)) return FileKind::Access;
+  return isDataSourceName(path) ? FileKind::DataSource : FileKind::Unknown;
+}
+
 std::unique_ptr<Database> openDatabase(std::string_view path) {
   requireFile(path);
   const std::string beginning = beginningOf(path);
   if (beginning.empty())
     throw Error("「" + std::string(path) + "」は空のファイルで、データベースではありません。");
-  switch (const Engine engine = engineOf(path, beginning)) {
-    case Engine::Sqlite:
+  switch (const FileKind kind = fileKind(path, beginning)) {
+    case FileKind::Sqlite:
       return openSqliteDatabase(path);
-    case Engine::Access:
-    case Engine::DataSource:
-      return openThroughOdbc(path, engine);
-    case Engine::None:
+    case FileKind::Access:
+    case FileKind::DataSource:
+      return openThroughOdbc(path, kind);
+    case FileKind::Unknown:
       break;
   }
   throw Error("「" + std::string(path) + "」はデータベースではありません。");

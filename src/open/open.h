@@ -11,6 +11,12 @@ namespace db {
 /// writing. Never creates one. Raises Error, naming the file, where it is missing, a folder, or no database.
 std::unique_ptr<Database> openDatabase(std::string_view path);
 
+/// The kinds of database file, as their first bytes or their name tell them.
+enum class FileKind { Unknown, Sqlite, Access, DataSource };
+
+/// The kind of the file at `path` that begins with the bytes `beginning`.
+FileKind fileKind(std::string_view path, std::string_view beginning);
+
 /// Makes a new, empty database file at `path` and opens it. Raises Error where a file is there already or
 /// cannot be made.
 std::unique_ptr<Database> createDatabase(std::string_view path);

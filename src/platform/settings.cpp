@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "text/error.h"
 
@@ -35,6 +36,13 @@ std::string wholeText(std::string_view line) {
   return text;
 }
 
+/// What a damaged file holds is rarely a key.
+bool isKey(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' || c == '-';
+  });
+}
+
 #ifdef _WIN32
 std::string userFolder() {
   const wchar_t* const folder = _wgetenv(L"APPDATA");
@@ -54,18 +62,25 @@ std::string userFolder() {
 
 Settings::Settings(std::string file) : file_(std::move(file)) { read(); }
 
-/// Lines that are none of ours are passed over; what was put here stands above what the file says.
+/// Lines that are none of ours are passed over; what was put here stands above what the file says. A file
+/// that cannot be read just now changes nothing.
 void Settings::read() {
-  const std::string content = file_.empty() ? std::string() : readFile(file_).value_or(std::string());
-  std::string_view rest = content;
+  const auto content = file_.empty() ? std::nullopt : readFile(file_);
+  if (content) texts_.clear();
+  std::string_view rest = content ? std::string_view(*content) : std::string_view();
   while (!rest.empty()) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos || equals == 0) continue;
+    if (equals == std::string_view::npos || !isKey(line.substr(0, equals))) continue;
     texts_.insert_or_assign(std::string(line.substr(0, equals)), wholeText(line.substr(equals + 1)));
   }
-  for (const auto& [key, text] : own_) texts_.insert_or_assign(key, text);
+  for (const auto& [key, text] : own_) {
+    if (text)
+      texts_.insert_or_assign(key, *text);
+    else
+      texts_.erase(key);
+  }
 }
 
 std::string Settings::text(std::string_view key, std::string_view otherwise) const {
@@ -86,17 +101,37 @@ bool Settings::set(std::string_view key, std::string_view text) {
   const auto found = texts_.find(key);
   if (found != texts_.end() && found->second == text) return true;
   own_.insert_or_assign(std::string(key), std::string(text));
+  return write();
+}
+
+bool Settings::erase(std::string_view key) {
+  if (!texts_.contains(key)) return true;
+  own_.insert_or_assign(std::string(key), std::nullopt);
+  return write();
+}
+
+/// Nobody else writes between the reading and the writing.
+bool Settings::write() {
   read();
   if (file_.empty()) return true;
-  std::string content;
-  for (const auto& [name, value] : texts_) content += name + "=" + oneLine(value) + "\n";
   try {
     makeFolder(pathText(nativePath(file_).parent_path()));
+    const FileLock lock(file_ + ".lock");
+    read();
+    std::string content;
+    for (const auto& [name, value] : texts_) content += name + "=" + oneLine(value) + "\n";
     writeFile(file_, content);
     return true;
   } catch (const text::RuntimeError&) {
     return false;
   }
+}
+
+std::vector<std::string> Settings::keys(std::string_view prefix) const {
+  std::vector<std::string> result;
+  for (auto at = texts_.lower_bound(prefix); at != texts_.end() && at->first.starts_with(prefix); ++at)
+    result.push_back(at->first);
+  return result;
 }
 
 std::string settingsFile() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -31,15 +33,20 @@ class Settings {
   /// object.
   bool set(std::string_view key, std::string_view text);
   bool set(std::string_view key, int number) { return set(key, std::to_string(number)); }
+  /// Takes the text under a key away, at once and for good. Returns what set returns.
+  bool erase(std::string_view key);
+
+  /// The keys that begin with `prefix` and have a text, in their order.
+  std::vector<std::string> keys(std::string_view prefix) const;
 
  private:
   void read();
-
-  using Texts = std::map<std::string, std::string, std::less<>>;
+  bool write();
 
   std::string file_;
-  Texts texts_;  ///< all of them
-  Texts own_;    ///< those that this object has put
+  std::map<std::string, std::string, std::less<>> texts_;  ///< all of them
+  std::map<std::string, std::optional<std::string>, std::less<>>
+      own_;  ///< what this object has put; nothing where it has taken the text away
 };
 
 /// The settings file of the user who runs the program, in the user's own settings folder: below

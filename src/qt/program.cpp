@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "platform/settings.h"
-#include "platform/system.h"
 #include "qt/application.h"
 #include "qt/convert.h"
 #include "qt/forms.h"
@@ -30,13 +29,16 @@ void ask(QMessageBox& box) {
 class Session {
  public:
   Session(Application& application, shell::CommandLine commandLine)
-      : desktop_(Opening::Comfortable, owner()), program_(std::move(commandLine), desktop_) {
+      : application_(application),
+        desktop_(Opening::Comfortable, owner()),
+        program_(std::move(commandLine), desktop_) {
     application.whenFailed([this](std::exception_ptr error) { fail(error); });
     wear(lookNamed(settings_.text("look")));
   }
 
   /// The windows let go of the open screen before it is freed.
   ~Session() {
+    application_.whenFailed({});
     if (program_.screen() != nullptr) desktop_.hide(*program_.screen());
   }
   Session(const Session&) = delete;
@@ -73,6 +75,7 @@ class Session {
     QApplication::exit(status_);
   }
 
+  Application& application_;
   platform::Settings settings_{platform::settingsFile()};
   int status_ = 0;
   WindowDesktop desktop_;
@@ -81,10 +84,12 @@ class Session {
 
 }  // namespace
 
-int runProgram(std::string name, std::string commandLine) {
+void scaleAsTheDisplay() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-  Application application(std::move(name));
-  return Session(application, {std::move(commandLine), platform::programFolder()}).run();
+}
+
+int runSession(Application& application, shell::CommandLine commandLine) {
+  return Session(application, std::move(commandLine)).run();
 }
 
 }  // namespace qt

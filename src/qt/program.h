@@ -1,13 +1,16 @@
 #pragma once
 
-#include <string>
+#include "qt/application.h"
+#include "shell/start_up.h"
 
 namespace qt {
 
-/// Runs the program in windows until the operator ends it. `name`: the program's own; `commandLine`: the text
-/// behind it, whole and as it stands, which is the path of the job database. Returns the exit status of the
-/// process: 0, or 1 where an error that nothing in the program trapped has ended it (the operator has been
-/// told).
-int runProgram(std::string name, std::string commandLine);
+/// Every window is as large as the display's scale says, fractions included. To be called before the
+/// application is made.
+void scaleAsTheDisplay();
+
+/// Runs the program in windows on one job until the operator ends it: from its menu to its menu. Returns 0,
+/// or 1 where an error that nothing in the program trapped has ended it (the operator has been told).
+int runSession(Application& application, shell::CommandLine commandLine);
 
 }  // namespace qt

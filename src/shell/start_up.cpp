@@ -71,6 +71,9 @@ bool FcJobSelect(const CommandLine& commandLine, ui::Desktop& desktop, job::JobC
     const std::string file = context.gAppPath + "JobSel.txt";
     if (platform::isFile(file)) {
       readSelectionFile(file, context);
+    } else if (commandLine.chosen) {
+      context.gJobId = commandLine.chosen->id;
+      context.gTokyu = commandLine.chosen->grade;
     } else {
       readJobTable(context);
     }

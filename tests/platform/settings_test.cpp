@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <thread>
+#include <vector>
 
 #include "platform/files.h"
 #include "support/temporary_folder.h"
@@ -37,6 +39,34 @@ TEST(Settings, OfTwoProgramsStandSideBySide) {
   other.set("b", "2");
   EXPECT_EQ(Settings(file).text("a"), "1");
   EXPECT_EQ(Settings(file).text("b"), "2");
+}
+
+TEST(Settings, TakenAwayStayAwayWhoeverWritesNext) {
+  const test::TemporaryFolder folder;
+  const std::string file = folder.path("settings.txt");
+  Settings one(file);
+  one.set("recent.a", "A");
+  one.set("recent.b", "B");
+  Settings other(file);
+  EXPECT_TRUE(other.erase("recent.a"));
+  EXPECT_TRUE(other.erase("recent.none"));
+  EXPECT_EQ(other.keys("recent."), std::vector<std::string>{"recent.b"});
+  Settings third(file);
+  third.set("look", "dark");
+  EXPECT_EQ(Settings(file).keys(""), (std::vector<std::string>{"look", "recent.b"}));
+}
+
+TEST(Settings, OfManyProgramsAtOnceAreAllKept) {
+  const test::TemporaryFolder folder;
+  const std::string file = folder.path("settings.txt");
+  std::vector<std::thread> programs;
+  for (int program = 0; program < 4; ++program)
+    programs.emplace_back([&file, program] {
+      for (int key = 0; key < 20; ++key)
+        Settings(file).set("p" + std::to_string(program) + "." + std::to_string(key), key);
+    });
+  for (std::thread& program : programs) program.join();
+  EXPECT_EQ(Settings(file).keys("p").size(), 80U);
 }
 
 TEST(Settings, WhatIsNoSettingIsPassedOver) {

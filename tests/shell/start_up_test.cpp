@@ -164,6 +164,16 @@ TEST_F(StartUp, TakesAFolderOfThatNameForNoFile) {
 
 // The job table.
 
+TEST_F(StartUp, TakesTheJobThatWasChosenForThisRun) {
+  shell::CommandLine commandLine = desk.commandLine();
+  commandLine.chosen = shell::ChosenJob{"7", 1};
+  shell::startUp(commandLine, desk.desktop, context)->close();
+  expectJob("7", 1);
+  desk.select("52");
+  shell::startUp(commandLine, desk.desktop, context)->close();
+  expectJob("5", 2);
+}
+
 TEST_F(StartUp, TakesTheFirstJobMarkedForExecution) {
   desk.sql("INSERT INTO JobData VALUES ('5', 3, 1)");
   start();

@@ -1,8 +1,10 @@
-#include "qt/program.h"
+#include "start/program.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
@@ -37,6 +39,8 @@ void seatOperator() {
 }
 Q_COREAPP_STARTUP_FUNCTION(seatOperator)
 
+const test::TemporaryFolder* newJobs = nullptr;  ///< where new jobs are made
+
 QMainWindow& openWindow() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr)
@@ -62,7 +66,7 @@ int run(const std::string& commandLine) {
   const test::TemporaryFolder own;  // no setting of whoever runs the tests is read or written
   qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(own.path()));
   seen.clear();
-  return qt::runProgram("seikahyou", commandLine);
+  return start::runProgram("seikahyou", commandLine);
 }
 
 TEST(Program, TellsTheOperatorOfAnErrorThatNothingTrapsAndEnds) {
@@ -79,6 +83,23 @@ TEST(Program, GoesFromMenuToCalculationAndBackAndEnds) {
   EXPECT_EQ(run(job.dbPath()), 0);
   EXPECT_EQ(seen, (std::vector<std::string>{"成果表データ作成メニュー — ジョブ 9", "正標高補正 — ジョブ 9",
                                             "成果表データ作成メニュー — ジョブ 9"}));
+}
+
+/// Fills in what a new job cannot do without.
+void enterNewJob() {
+  auto* dialog = openWindow().findChild<QDialog*>("NewJob");
+  dialog->findChild<QLineEdit*>("folder")->setText(QString::fromStdString(newJobs->path()));
+  dialog->findChild<QLineEdit*>("name")->setText("諏訪");
+  dialog->findChild<QPushButton*>("make")->click();
+}
+
+TEST(Program, BeginsWithoutAPathInAWindowAndComesBackToIt) {
+  const test::TemporaryFolder folder;
+  newJobs = &folder;
+  steps = {look, push("newJob"), enterNewJob, look, push("Command3"), look, push("leave")};
+  EXPECT_EQ(run(""), 0);
+  EXPECT_EQ(seen, (std::vector<std::string>{"ジョブを開く", "成果表データ作成メニュー — ジョブ 1",
+                                            "ジョブを開く"}));
 }
 
 TEST(Program, OptionsOfTheToolkitAreNotTakenFromThePath) {
