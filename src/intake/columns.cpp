@@ -120,6 +120,10 @@ std::optional<Field> fieldNamed(std::string_view name) {
   return other == otherNames().end() ? std::nullopt : std::optional(other->second);
 }
 
+Source sourceByHand(Field field, std::size_t column, std::string_view heading) {
+  return {column, divisorOf(infoOf(field), apart(heading).unit).value_or(1)};
+}
+
 Matching matchByName(const std::vector<std::string>& headings) {
   Matching matching;
   for (std::size_t column = 0; column < headings.size(); ++column) {

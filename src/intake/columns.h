@@ -66,6 +66,10 @@ using Matching = std::map<Field, Source>;
 /// Of two columns for one field the first counts.
 Matching matchByName(const std::vector<std::string>& headings);
 
+/// How a column is read as `field` because an operator says so: numbers are converted by the unit in its
+/// heading, where that fits the field's own.
+Source sourceByHand(Field field, std::size_t column, std::string_view heading);
+
 /// The field that a name, as a heading writes it, stands for; nothing where none does.
 std::optional<Field> fieldNamed(std::string_view name);
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <ctime>
 #include <optional>
 #include <utility>
 
+#include "jobs/settings_key.h"
 #include "platform/settings.h"
 
 namespace jobs {
@@ -16,14 +16,7 @@ constexpr const char* prefix = "recent.";
 constexpr char between = '\t';
 constexpr std::size_t timeLength = 19;  // YYYY-MM-DD HH:MM:SS
 
-/// The key of a path: FNV-1a of its bytes, 64 bits, in hexadecimal figures.
-std::string keyOf(const std::string& path) {
-  std::uint64_t hash = 0xcbf29ce484222325U;
-  for (const char c : path) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
-  std::string key = prefix;
-  for (int shift = 60; shift >= 0; shift -= 4) key += "0123456789abcdef"[(hash >> shift) & 15U];
-  return key;
-}
+std::string keyOf(const std::string& path) { return settingsKey(prefix, path); }
 
 /// The path comes last: it may hold anything.
 std::string textOf(const RecentJob& job) {

@@ -28,8 +28,9 @@ void ask(QMessageBox& box) {
 /// The program on its desk of windows.
 class Session {
  public:
-  Session(Application& application, shell::CommandLine commandLine)
+  Session(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu)
       : application_(application),
+        dressMenu_(std::move(dressMenu)),
         desktop_(Opening::Comfortable, owner()),
         program_(std::move(commandLine), desktop_) {
     application.whenFailed([this](std::exception_ptr error) { fail(error); });
@@ -57,7 +58,12 @@ class Session {
             .settled = [this] { endWithoutScreen(); },
             .sweep = [this] { program_.sweep(); },
             .setUpForm = setUpForm,
+            .dress = [this](ScreenWindow& window) { dress(window); },
             .settings = &settings_};
+  }
+
+  void dress(ScreenWindow& window) {
+    if (dressMenu_ && !window.hasGrid()) dressMenu_(window, program_.context());
   }
 
   void endWithoutScreen() {
@@ -76,6 +82,7 @@ class Session {
   }
 
   Application& application_;
+  MenuDresser dressMenu_;
   platform::Settings settings_{platform::settingsFile()};
   int status_ = 0;
   WindowDesktop desktop_;
@@ -88,8 +95,8 @@ void scaleAsTheDisplay() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
-int runSession(Application& application, shell::CommandLine commandLine) {
-  return Session(application, std::move(commandLine)).run();
+int runSession(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu) {
+  return Session(application, std::move(commandLine), std::move(dressMenu)).run();
 }
 
 }  // namespace qt

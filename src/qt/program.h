@@ -1,7 +1,12 @@
 #pragma once
 
+#include <functional>
+
+#include "job/context.h"
 #include "qt/application.h"
 #include "shell/start_up.h"
+
+class QMainWindow;
 
 namespace qt {
 
@@ -9,8 +14,11 @@ namespace qt {
 /// application is made.
 void scaleAsTheDisplay();
 
+/// Adds to the main menu's window what is done with the open job as a whole.
+using MenuDresser = std::function<void(QMainWindow& menu, const job::JobContext& context)>;
+
 /// Runs the program in windows on one job until the operator ends it: from its menu to its menu. Returns 0,
 /// or 1 where an error that nothing in the program trapped has ended it (the operator has been told).
-int runSession(Application& application, shell::CommandLine commandLine);
+int runSession(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu = {});
 
 }  // namespace qt

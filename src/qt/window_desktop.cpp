@@ -182,6 +182,7 @@ void WindowDesktop::open(ScreenWindow& window) {
   if (client.isEmpty()) client = comfortable(window, room.size());
   window.keepMinimum();
   if (window.hasGrid()) new LookMenu(window, settings());
+  if (owner_.dress) owner_.dress(window);
   if (last_) window.move(last_->topLeft());
   window.open(client, settings().flag(key + "maximised", false));
   if (!window.isMaximized()) window.fitInto(room);

@@ -35,6 +35,9 @@ struct DesktopOwner {
   std::function<void()> sweep;
   /// Puts the form of a screen into a window.
   std::function<void(std::string_view screen, QMainWindow& window)> setUpForm;
+  /// Adds to the window of a screen what the screen itself does not know; empty for nothing. Not for windows
+  /// that open as designed.
+  std::function<void(ScreenWindow& window)> dress = {};
   /// Remembers how the operator has left windows and columns; null: nothing is remembered beyond the desk's
   /// own life.
   platform::Settings* settings = nullptr;

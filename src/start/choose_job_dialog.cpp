@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "start/deaf.h"
 #include "ui_ChooseJob.h"
 
 namespace start {
@@ -24,7 +25,7 @@ ChooseJobDialog::ChooseJobDialog(std::vector<jobs::JobEntry> entries, QWidget* p
   form_->jobs->setFocus();
 }
 
-ChooseJobDialog::~ChooseJobDialog() = default;
+ChooseJobDialog::~ChooseJobDialog() { becomeDeaf(*this); }
 
 void ChooseJobDialog::choose() {
   const int at = form_->jobs->indexOfTopLevelItem(form_->jobs->currentItem());

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "start/deaf.h"
 #include "start/hourglass.h"
 #include "ui_NewJob.h"
 
@@ -28,7 +29,7 @@ NewJobDialog::NewJobDialog(const QString& folder, FileDialogs dialogs, QWidget* 
   form_->name->setFocus();
 }
 
-NewJobDialog::~NewJobDialog() = default;
+NewJobDialog::~NewJobDialog() { becomeDeaf(*this); }
 
 jobs::NewJob NewJobDialog::entered() const {
   jobs::NewJob job;

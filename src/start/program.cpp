@@ -10,6 +10,7 @@
 #include "qt/convert.h"
 #include "qt/look.h"
 #include "qt/program.h"
+#include "start/job_menu.h"
 #include "start/start_window.h"
 
 namespace start {
@@ -18,6 +19,10 @@ namespace {
 Places places() {
   return {platform::settingsFile(), platform::programFolder(),
           qt::fromQString(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))};
+}
+
+void dressMenu(QMainWindow& menu, const job::JobContext& context) {
+  new JobMenu(menu, context, platform::settingsFile());
 }
 
 /// Shows the window until the operator has opened a job or left.
@@ -43,9 +48,9 @@ int runProgram(std::string name, std::string commandLine) {
   qt::scaleAsTheDisplay();
   qt::Application application(std::move(name));
   if (!commandLine.empty())
-    return qt::runSession(application, {std::move(commandLine), platform::programFolder()});
+    return qt::runSession(application, {std::move(commandLine), platform::programFolder()}, dressMenu);
   qt::wear(qt::lookNamed(platform::Settings(platform::settingsFile()).text("look")));
-  while (auto chosen = chosenJob(application)) qt::runSession(application, *chosen);
+  while (auto chosen = chosenJob(application)) qt::runSession(application, *chosen, dressMenu);
   return 0;
 }
 

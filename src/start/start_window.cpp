@@ -13,6 +13,7 @@
 #include "qt/convert.h"
 #include "qt/manual_window.h"
 #include "start/choose_job_dialog.h"
+#include "start/deaf.h"
 #include "start/hourglass.h"
 #include "start/new_job_dialog.h"
 #include "ui_StartWindow.h"
@@ -63,7 +64,7 @@ StartWindow::StartWindow(Places places, FileDialogs dialogs)
   (form_->recent->topLevelItemCount() > 0 ? static_cast<QWidget*>(form_->recent) : form_->newJob)->setFocus();
 }
 
-StartWindow::~StartWindow() = default;
+StartWindow::~StartWindow() { becomeDeaf(*this); }
 
 void StartWindow::setUpKeys() {
   const auto onList = [this](int key, auto what) {

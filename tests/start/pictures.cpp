@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -9,6 +10,7 @@
 #include "platform/files.h"
 #include "qt/application.h"
 #include "qt/offscreen.h"
+#include "start/intake_dialog.h"
 #include "start/start_window.h"
 
 // start_pictures DIR SAMPLE: takes pictures of the windows in which jobs are opened, made and filled, as the
@@ -25,6 +27,21 @@ void take(QWidget& widget, const std::string& file) {
 QDialog& dialogBehind(QMainWindow& window, const char* button, const char* name) {
   window.findChild<QPushButton*>(button)->click();
   return *window.findChild<QDialog*>(name);
+}
+
+/// A block of which one line cannot be taken.
+void takeIntake(const std::string& folder, const std::string& sample, const std::string& settings) {
+  std::string block = "事業番号\t路線番号\t標石番号\t観測日\t距離(km)\t比高(m)\t標高(m)\t天候\n";
+  for (int mark = 1; mark <= 14; ++mark)
+    block += "1001\t02A00101\tB" + std::to_string(100 + mark) + "\t2026/4/" + std::to_string(mark) + "\t" +
+             (mark == 5 ? "1,9 km" : "1.9" + std::to_string(mark)) + "\t0.12" + std::to_string(mark) + "\t" +
+             (mark == 1 ? "759.1234" : "") + "\t晴\n";
+  QApplication::clipboard()->setText(QString::fromStdString(block));
+  start::IntakeDialog dialog(sample, "1", settings, {}, nullptr);
+  dialog.show();
+  dialog.paste();
+  dialog.findChild<QPushButton*>("nextRefused")->click();
+  take(dialog, folder + "/intake.png");
 }
 
 void takeAll(const std::string& folder, const std::string& sample) {
@@ -44,6 +61,7 @@ void takeAll(const std::string& folder, const std::string& sample) {
   made.findChild<QLineEdit*>("planner")->setText("中部地方測量部");
   take(made, folder + "/new-job.png");
   made.reject();
+  takeIntake(folder, sample, settings);
   platform::removeFile(settings);
 }
 
