@@ -9,13 +9,13 @@ namespace db {
 
 OdbcConnection::OdbcConnection(const OdbcSource& source, std::string_view file,
                                std::unique_ptr<OdbcProduct> product)
-    : file_(file),
+    : Link(file),
       calls_(source.narrow),
       environment_(odbcEnvironment()),
       handle_(environment_.get()),
       product_(std::move(product)) {
   if (!SQL_SUCCEEDED(calls_.connect(handle_.get(), source.connectionString)))
-    throw odbcError(diagnosis(), file_);
+    throw odbcError(diagnosis(), this->file());
   SQLUINTEGER ways = 0;
   SQLGetInfoW(handle_.get(), SQL_GETDATA_EXTENSIONS, &ways, sizeof ways, nullptr);
   readsAnyColumn_ = (ways & SQL_GD_ANY_ORDER) != 0;
@@ -34,10 +34,6 @@ OdbcConnection::~OdbcConnection() {
   } catch (const Error&) {
     // Nobody is left to be told; close has already rolled back what could not be committed.
   }
-}
-
-void OdbcConnection::requireOpen() const {
-  if (!isOpen()) throw error("はすでに閉じられています。");
 }
 
 std::unique_ptr<OdbcStatement> OdbcConnection::prepare(std::string_view sql) {
@@ -75,16 +71,6 @@ void OdbcConnection::gather(const std::string& table) {
   product_->lock(*this, table);
 }
 
-void OdbcConnection::requireNothingLost() const {
-  if (lost_) throw error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
-}
-
-Column OdbcConnection::find(const ResultColumns& result, std::string_view name) {
-  const auto found = result.find(name, [this](std::string_view table) { return columns(table); });
-  if (!found) throw error("の検索結果に列「" + std::string(name) + "」がありません。");
-  return *found;
-}
-
 void OdbcConnection::close() {
   if (!isOpen()) return;
   std::optional<Error> failure;
@@ -103,26 +89,22 @@ void OdbcConnection::discard() {
   disconnect();
 }
 
-Error OdbcConnection::error(std::string_view what) const {
-  return Error("データベース「" + file_ + "」" + std::string(what));
-}
-
 void OdbcConnection::setAutocommit(bool on) {
   const SQLRETURN code = SQLSetConnectAttrW(handle_.get(), SQL_ATTR_AUTOCOMMIT,
                                             odbcNumber(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
-  if (!SQL_SUCCEEDED(code)) throw product_->describe(diagnosis(), file_, {});
+  if (!SQL_SUCCEEDED(code)) throw product_->describe(diagnosis(), file(), {});
 }
 
 void OdbcConnection::control(std::string_view sql) {
   OdbcHandle<SQL_HANDLE_STMT> statement(handle_.get());
   const SQLRETURN code = calls_.execute(statement.get(), sql);
   if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
-    throw product_->describe(calls_.diagnosis(SQL_HANDLE_STMT, statement.get()), file_, {});
+    throw product_->describe(calls_.diagnosis(SQL_HANDLE_STMT, statement.get()), file(), {});
 }
 
 void OdbcConnection::endTransaction(SQLSMALLINT how) {
   if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, handle_.get(), how)))
-    throw product_->describe(diagnosis(), file_, {});
+    throw product_->describe(diagnosis(), file(), {});
 }
 
 void OdbcConnection::protect() {
@@ -141,7 +123,7 @@ void OdbcConnection::done(const OdbcStatement* repeatable) {
 }
 
 void OdbcConnection::raise(const OdbcDiagnosis& diagnosis, std::string_view table) {
-  const Error failure = product_->describe(diagnosis, file_, table);
+  const Error failure = product_->describe(diagnosis, file(), table);
   settle(diagnosis);
   throw Error(failure);
 }

@@ -6,35 +6,28 @@
 #include <string_view>
 #include <vector>
 
-#include "db/database.h"
+#include "engine/link.h"
 #include "odbc/calls.h"
 #include "odbc/handle.h"
 #include "odbc/product.h"
 #include "odbc/source.h"
 #include "odbc/statement.h"
-#include "sql/result_columns.h"
 
 namespace db {
 
 /// The connection to one database through its driver, shared by the database and its record sets, with the
 /// transaction in which writing is gathered. All members take the engine's own SQL; failures raise Error.
-class OdbcConnection {
+class OdbcConnection final : public Link {
  public:
   /// Connects. `file` is the path that the operator knows the database by; without `product` the driver tells
   /// what it is.
   OdbcConnection(const OdbcSource& source, std::string_view file,
                  std::unique_ptr<OdbcProduct> product = nullptr);
-  ~OdbcConnection();
-  OdbcConnection(const OdbcConnection&) = delete;
-  OdbcConnection& operator=(const OdbcConnection&) = delete;
+  ~OdbcConnection() override;
 
   /// The ways of the engine behind the driver.
   OdbcProduct& product() { return *product_; }
-  const std::string& file() const { return file_; }
-
-  bool isOpen() const { return static_cast<bool>(handle_); }
-  /// Raises Error once the connection is closed.
-  void requireOpen() const;
+  bool isOpen() const override { return static_cast<bool>(handle_); }
 
   std::unique_ptr<OdbcStatement> prepare(std::string_view sql);
   /// Prepares a SELECT that gives real numbers with all their digits.
@@ -51,25 +44,15 @@ class OdbcConnection {
   /// Begins to gather; from here on any refusal loses all that was gathered, and so does the end of the
   /// connection without close.
   void keepWhole();
-  /// True where writing is kept as a whole or not at all.
-  bool keepsWhole() const { return whole_; }
-
-  /// Raises Error where gathered writing was lost to an earlier failure.
-  void requireNothingLost() const;
-
-  /// The columns of a table in their order; empty where there is no such table.
-  std::vector<ColumnDefinition> columns(std::string_view table) { return product_->columns(*this, table); }
-  /// The column of that name in a result. Raises Error, naming the column, where there is none.
-  Column find(const ResultColumns& result, std::string_view name);
+  std::vector<ColumnDefinition> columns(std::string_view table) override {
+    return product_->columns(*this, table);
+  }
 
   /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
   /// nothing.
   void close();
   /// Drops what was gathered and ends the connection.
   void discard();
-
-  /// An Error about this database: the Japanese sentence `what` with its name.
-  Error error(std::string_view what) const;
 
   // What products and statements use.
 
@@ -98,7 +81,6 @@ class OdbcConnection {
   void commit();
   void disconnect();
 
-  std::string file_;
   OdbcCalls calls_;
   OdbcHandle<SQL_HANDLE_ENV> environment_;
   OdbcHandle<SQL_HANDLE_DBC> handle_;
@@ -106,9 +88,7 @@ class OdbcConnection {
   std::set<OdbcStatement*> statements_;
   bool readsAnyColumn_ = false;
   bool gathering_ = false;
-  bool whole_ = false;      // writing is kept as a whole or not at all
   bool restoring_ = false;  // a failure is being undone
-  bool lost_ = false;       // gathered writing was rolled back
 };
 
 }  // namespace db

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "odbc/connection.h"
-#include "odbc/editor.h"
-#include "odbc/reader.h"
+#include "odbc/cursor.h"
+#include "odbc/records.h"
 #include "odbc/source.h"
 #include "sql/select_shape.h"
 #include "sql/split_statements.h"
@@ -109,7 +109,7 @@ class OdbcDatabase final : public Database {
     if (access == Access::Edit) return openEditor(one);
     if (writes(one)) throw connection_->error("からレコードを読む SQL 文ではありません。");
     const Reading reading(*connection_, one);
-    return std::make_unique<OdbcReader>(connection_, engineText(one));
+    return odbcReader(connection_, engineText(one));
   }
 
   void execute(std::string_view sql) override {
@@ -162,7 +162,7 @@ class OdbcDatabase final : public Database {
     const bool found = table && !connection_->columns(*table).empty();
     if (!found && reads(sql)) connection_->run(engineText(sql));
     if (!found) throw connection_->error("で書き込み用に開けるのは一つのテーブルの SELECT * だけです。");
-    return std::make_unique<OdbcEditor>(connection_, engineText(sql), *table);
+    return odbcEditor(connection_, engineText(sql), *table);
   }
 
   std::shared_ptr<OdbcConnection> connection_;

@@ -81,7 +81,7 @@ std::vector<std::string> columnNames(sqlite3_stmt* statement) {
   return names;
 }
 
-SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(file), patience_(lockWait) {
+SqliteConnection::SqliteConnection(std::string_view file, bool create) : Link(file), patience_(lockWait) {
   const std::string name = enginePath(file);
   openFile(name, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0));
   if (isLogOutOfReach()) {
@@ -106,7 +106,7 @@ SqliteConnection::SqliteConnection(std::string_view file, bool create) : file_(f
 void SqliteConnection::openFile(const std::string& name, int flags) {
   const int code = sqlite3_open_v2(name.c_str(), &handle_, flags, nullptr);
   if (code == SQLITE_OK) return;
-  const Error failure = sqliteError(code, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code), file_);
+  const Error failure = sqliteError(code, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code), file());
   sqlite3_close_v2(handle_);
   throw Error(failure);
 }
@@ -116,7 +116,7 @@ bool SqliteConnection::isLogOutOfReach() {
   const int code = sqlite3_exec(handle_, "PRAGMA schema_version", nullptr, nullptr, nullptr) & 0xff;
   if (code != SQLITE_CANTOPEN && code != SQLITE_READONLY) return false;
   std::error_code ignored;
-  const auto log = platform::nativePath(file_ + "-wal");
+  const auto log = platform::nativePath(file() + "-wal");
   return !std::filesystem::exists(log, ignored) || std::filesystem::file_size(log, ignored) == 0;
 }
 
@@ -167,7 +167,7 @@ bool SqliteConnection::step(sqlite3_stmt* statement, std::string_view table) {
   const int code = sqlite3_step(statement);
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) return false;
-  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file_, table);
+  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file(), table);
   sqlite3_reset(statement);
   settle(code, gathering);
   throw failure;
@@ -198,10 +198,6 @@ void SqliteConnection::requireDone(int code, std::string_view table) {
   if (code != SQLITE_OK) raise(code, table);
 }
 
-void SqliteConnection::requireNothingLost() const {
-  if (lost_) throw error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
-}
-
 std::vector<ColumnDefinition> SqliteConnection::columns(std::string_view table) {
   constexpr int nameColumn = 1;
   constexpr int typeColumn = 2;
@@ -214,12 +210,6 @@ std::vector<ColumnDefinition> SqliteConnection::columns(std::string_view table) 
         {columnValue(statement.get(), nameColumn).text(), columnValue(statement.get(), typeColumn).text()});
   }
   return result;
-}
-
-Column SqliteConnection::find(const ResultColumns& result, std::string_view name) {
-  const auto found = result.find(name, [this](std::string_view table) { return columns(table); });
-  if (!found) throw error("の検索結果に列「" + std::string(name) + "」がありません。");
-  return *found;
 }
 
 void SqliteConnection::close() {
@@ -241,14 +231,8 @@ void SqliteConnection::discard() {
   handle_ = nullptr;
 }
 
-Error SqliteConnection::error(std::string_view what) const {
-  return Error("データベース「" + file_ + "」" + std::string(what));
-}
-
-void SqliteConnection::raiseClosed() const { throw error("はすでに閉じられています。"); }
-
 void SqliteConnection::raise(int code, std::string_view table) {
-  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file_, table);
+  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file(), table);
   settle(code, isGathering());
   throw Error(failure);
 }
@@ -265,12 +249,12 @@ void SqliteConnection::settle(int code, bool gathering) {
 std::optional<Error> SqliteConnection::commit() {
   if (lost_) {
     rollBack();
-    return error("への書き込みは、先に起きたエラーのためすべて取り消されました。");
+    return lostError();
   }
   if (!isGathering()) return std::nullopt;
   const int code = sqlite3_exec(handle_, "COMMIT", nullptr, nullptr, nullptr);
   if (code == SQLITE_OK) return std::nullopt;
-  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file_);
+  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file());
   rollBack();
   return failure;
 }

@@ -9,8 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "db/database.h"
-#include "sql/result_columns.h"
+#include "engine/link.h"
 
 namespace db {
 
@@ -30,20 +29,14 @@ std::vector<std::string> columnNames(sqlite3_stmt* statement);
 
 /// The connection to one database file, shared by the database and its record sets, with the transaction in
 /// which writing is gathered. All members take SQLite's own SQL; failures raise Error.
-class SqliteConnection {
+class SqliteConnection final : public Link {
  public:
   /// Opens `file`, the path text as the operator wrote it; `create` makes the file. A file with a write-ahead
   /// log that can be neither read nor made, as on a medium that is read-only, is opened for reading alone.
   explicit SqliteConnection(std::string_view file, bool create = false);
-  ~SqliteConnection();
-  SqliteConnection(const SqliteConnection&) = delete;
-  SqliteConnection& operator=(const SqliteConnection&) = delete;
+  ~SqliteConnection() override;
 
-  bool isOpen() const { return handle_ != nullptr; }
-  /// Raises Error once the connection is closed.
-  void requireOpen() const {
-    if (!isOpen()) raiseClosed();
-  }
+  bool isOpen() const override { return handle_ != nullptr; }
 
   /// Prepares one statement. Anything but blanks, comments and semicolons behind it is an Error.
   SqliteStatement prepare(std::string_view sql);
@@ -68,21 +61,11 @@ class SqliteConnection {
   /// The same; from here on any refusal loses all that was gathered, and so does the end of the connection
   /// without close.
   void keepWhole();
-  /// True where writing is kept as a whole or not at all.
-  bool keepsWhole() const { return whole_; }
-
-  /// Raises Error where gathered writing was lost to an earlier failure: nothing may be written after it, or
-  /// a part of a save would stand alone.
-  void requireNothingLost() const;
 
   /// How many records the last statement changed.
   int changes() const { return sqlite3_changes(handle_); }
 
-  /// The columns of a table as "SELECT *" lists them; empty where there is no such table.
-  std::vector<ColumnDefinition> columns(std::string_view table);
-
-  /// The column of that name in a result. Raises Error, naming the column, where there is none.
-  Column find(const ResultColumns& result, std::string_view name);
+  std::vector<ColumnDefinition> columns(std::string_view table) override;
 
   /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
   /// nothing.
@@ -91,11 +74,7 @@ class SqliteConnection {
   /// Drops what was gathered and ends the connection.
   void discard();
 
-  /// An Error about this file: the Japanese sentence `what` with the file's name.
-  Error error(std::string_view what) const;
-
  private:
-  [[noreturn]] void raiseClosed() const;
   [[noreturn]] void raise(int code, std::string_view table = {});
   void openFile(const std::string& name, int flags);
   bool isLogOutOfReach();
@@ -107,11 +86,8 @@ class SqliteConnection {
   void resetStatements();
   bool isGathering() const { return sqlite3_get_autocommit(handle_) == 0; }
 
-  std::string file_;
   sqlite3* handle_ = nullptr;
   SqliteStatement rollBack_;            // ready as long as something is gathered
-  bool lost_ = false;                   // gathered writing was rolled back
-  bool whole_ = false;                  // writing is kept as a whole or not at all
   std::chrono::milliseconds patience_;  // how much longer locks are waited for
 };
 

@@ -5,8 +5,8 @@
 #include "sql/select_columns.h"
 #include "sql/sqlite_dialect.h"
 #include "sql/tokens.h"
-#include "sqlite/editor.h"
-#include "sqlite/reader.h"
+#include "sqlite/cursor.h"
+#include "sqlite/records.h"
 
 namespace db {
 namespace {
@@ -33,11 +33,11 @@ SqliteDatabase::~SqliteDatabase() {
 
 std::unique_ptr<Recordset> SqliteDatabase::openRecordset(std::string_view sql, Access access) {
   SelectColumns columns(sql, [this](std::string_view table) { return connection_->columns(table); });
-  std::string text = sqliteText(sql, [&columns](std::string_view qualifier, std::string_view name) {
+  const std::string text = sqliteText(sql, [&columns](std::string_view qualifier, std::string_view name) {
     return columns.holdsNumbers(qualifier, name);
   });
-  if (access == Access::Edit) return std::make_unique<SqliteEditor>(connection_, text);
-  return std::make_unique<SqliteReader>(connection_, std::move(text));
+  if (access == Access::Edit) return sqliteEditor(connection_, text);
+  return sqliteReader(connection_, text);
 }
 
 void SqliteDatabase::execute(std::string_view sql) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "odbc/access.h"
-#include "odbc/editor.h"
+#include "odbc/records.h"
 #include "odbc/sqlite.h"
 #include "open/open.h"
 #include "support/temporary_folder.h"
@@ -30,7 +30,7 @@ class KeylessRecords : public testing::Test {
   }
 
   std::unique_ptr<db::Recordset> edit(const std::string& sql) {
-    return std::make_unique<db::OdbcEditor>(connection_, sql, "T");
+    return db::odbcEditor(connection_, sql, "T");
   }
   /// All records after the close, in their order.
   std::string records() {
