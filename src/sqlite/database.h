@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "db/database.h"
 #include "sqlite/connection.h"
 
 namespace db {
