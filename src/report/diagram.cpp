@@ -13,12 +13,13 @@ constexpr double letters = 28;       // of names and numbers
 constexpr double titleLetters = 34;  // of the legend and the remarks
 constexpr double leastGap = 34;      // between the names of two neighbours
 constexpr double leastWidth = 2200;
-constexpr double plotHeight = 950;
+constexpr double plotHeight = 1180;  // with all around it a lying sheet of A4 is full
 constexpr double leftRoom = 210;
 constexpr double rightRoom = 60;
 constexpr double leader = 45;  // from the scale down to the names
 constexpr double placeLine = 46;
 constexpr int ticks = 8;
+constexpr double air = 0.04;  // of the values' range, between the outermost marks and the frame
 constexpr Pen frame{3, black, Dash::Solid};
 constexpr Pen grid{1, {205, 205, 205}, Dash::Solid};
 constexpr Pen thin{1, grey, Dash::Solid};
@@ -39,6 +40,14 @@ constexpr std::array<Look, 6> looks = {{{Sign::Disc, {0, 0, 0}, Dash::Solid},
 std::string fixed(double value, int decimals) {
   return text::Pattern(decimals == 0 ? "#0" : "#0." + std::string(static_cast<std::size_t>(decimals), '0'))
       .format(value);
+}
+
+/// The scale with a step more at a side where a mark would stand on the frame. A zero line may stand there.
+Scale withAir(Scale scale, double low, double high) {
+  const double least = (scale.high - scale.low) * air;
+  if (low != 0 && low - scale.low < least) scale.low -= scale.step;
+  if (high != 0 && scale.high - high < least) scale.high += scale.step;
+  return scale;
 }
 
 /// The drawing of one diagram as it grows.
@@ -94,7 +103,7 @@ class Plot {
       low = std::min(*low, 0.0);
       high = std::max(*high, 0.0);
     }
-    return scaleFor(*low, *high, ticks);
+    return withAir(scaleFor(*low, *high, ticks), *low, *high);
   }
 
   /// Moves names that would stand upon each other apart, evenly to both sides.
@@ -147,7 +156,7 @@ class Plot {
       rule(sheet_, {left_ - 12, at}, {left_, at}, frame);
       say({left_ - 20, at + letters * 0.35}, fixed(value, first_.decimals), letters, Anchor::Right);
     }
-    say({left_ - 150, top_ - 24}, diagram_.axis, letters);
+    say({left_ - 150, top_ - 30}, diagram_.axis, letters);
     if (hasSecond()) secondScale();
     if (diagram_.zeroLine)
       rule(sheet_, {left_, y(0, first_)}, {right(), y(0, first_)}, Pen{3, black, Dash::Solid});
@@ -160,7 +169,7 @@ class Plot {
       rule(sheet_, {right(), at}, {right() + 12, at}, frame);
       say({right() + 20, at + letters * 0.35}, fixed(value, second_.decimals), letters);
     }
-    say({right() + 150, top_ - 24}, diagram_.secondAxis, letters, Anchor::Right);
+    say({right() + 150, top_ - 30}, diagram_.secondAxis, letters, Anchor::Right);
   }
 
   void names() {

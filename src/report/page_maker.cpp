@@ -1,6 +1,7 @@
 #include "report/page_maker.h"
 
 #include <algorithm>
+#include <array>
 
 #include "report/table_layout.h"
 
@@ -10,12 +11,12 @@ namespace {
 constexpr double titleSize = 56;
 constexpr double fieldSize = 30;
 constexpr double fieldLine = 42;
+constexpr double fieldGap = 20;
 constexpr double runningSize = 26;
 constexpr double runningHeight = 60;
 constexpr double boxWidth = 220;
 constexpr double boxHead = 50;
 constexpr double boxHeight = 190;
-constexpr double nameWidth = 4.5;  // of a field's name, in characters
 constexpr Pen boxPen{2, black, Dash::Solid};
 
 }  // namespace
@@ -74,17 +75,35 @@ void PageMaker::title(const std::string& text) {
 /// Two fields beside each other. The boxes leave their right end free.
 void PageMaker::fields(const std::vector<Field>& fields) {
   const double top = y_;
-  const double half = (width(lying_) - 2 * boxWidth - 30) / 2;
+  const double room = width(lying_) - 2 * boxWidth - 30;
+  const std::array<double, 2> indents = {indentOf(fields, 0), indentOf(fields, 1)};
+  const double left = std::clamp(indents[0] + longestText(fields, 0) + fieldGap, 0.4 * room, 0.6 * room);
   double lowest = y_;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (i % 2 == 0) y_ = lowest;
-    field(fields[i], margins_.left + (i % 2 == 0 ? 0 : half), half - 20, lowest);
+    const double x = i % 2 == 0 ? 0 : left;
+    field(fields[i], margins_.left + x, (i % 2 == 0 ? left : room - left) - fieldGap, indents[i % 2], lowest);
   }
   y_ = std::max(lowest, top + boxHeight - titleSize * 2.2) + 30;
 }
 
-void PageMaker::field(const Field& field, double x, double width, double& lowest) {
-  const double indent = std::max(nameWidth, measure_(field.name) + 0.5) * fieldSize;
+/// How far the texts of every second field stand behind its name: all the same.
+double PageMaker::indentOf(const std::vector<Field>& fields, std::size_t first) const {
+  double longest = 0;
+  for (std::size_t i = first; i < fields.size(); i += 2)
+    longest = std::max(longest, measure_(fields[i].name));
+  return (longest + 0.7) * fieldSize;
+}
+
+/// The width of the longest text of every second field.
+double PageMaker::longestText(const std::vector<Field>& fields, std::size_t first) const {
+  double longest = 0;
+  for (std::size_t i = first; i < fields.size(); i += 2)
+    longest = std::max(longest, measure_(fields[i].text));
+  return longest * fieldSize;
+}
+
+void PageMaker::field(const Field& field, double x, double width, double indent, double& lowest) {
   page().shapes.emplace_back(Words{{x, y_ + fieldSize}, field.name, fieldSize});
   double y = y_;
   for (const std::string& line : wrapped(field.text, (width - indent) / fieldSize, measure_)) {

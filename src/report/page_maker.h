@@ -51,7 +51,9 @@ class PageMaker {
   void boxes();
   void title(const std::string& text);
   void fields(const std::vector<Field>& fields);
-  void field(const Field& field, double x, double width, double& lowest);
+  double indentOf(const std::vector<Field>& fields, std::size_t first) const;
+  double longestText(const std::vector<Field>& fields, std::size_t first) const;
+  void field(const Field& field, double x, double width, double indent, double& lowest);
   std::string running() const;
 
   Paper paper_;

@@ -14,7 +14,7 @@ constexpr double leastText = 6;     // a column whose texts wrap is at least so 
 constexpr double mostText = 20;     // and is not made wider than this before others fit
 constexpr double leastLetters = 2;  // the narrowest a column is ever squeezed to
 constexpr double mostAir = 1.5;     // what a column gets beyond its need, in characters
-constexpr double baseline = 0.86;   // of a line, from its top, in heights of a character
+constexpr double baseline = 1.02;   // of a line, from its top, in heights of a character: in its middle
 const Pen thin{1, {90, 90, 90}, Dash::Solid};
 
 /// The width of a number up to its decimal point.

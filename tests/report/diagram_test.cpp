@@ -94,6 +94,14 @@ TEST(Draw, LeavesAGapWhereAValueIsMissing) {
   EXPECT_EQ(runs[1].points.size(), 2U);
 }
 
+TEST(Draw, KeepsMarksOffTheFrame) {
+  // 0 to 10 and 0 to −5 are round numbers themselves: with 4 percent of 15 more on each side the scale goes
+  // on to the next tick, −6 and 12.
+  const Drawing drawing = draw(five(), fixedPitch);
+  EXPECT_EQ(test::wordsThatRead(drawing, "-6").text, "-6");
+  EXPECT_EQ(test::wordsThatRead(drawing, "12").text, "12");
+}
+
 TEST(Draw, PutsTheZeroLineAtZero) {
   const Drawing drawing = draw(five(), fixedPitch);
   const double zero = marksOf(drawing)[3].at.y;

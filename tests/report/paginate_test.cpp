@@ -47,6 +47,24 @@ TEST(Paginate, CountsRowsByTheHeightOfThePaper) {
   EXPECT_EQ(pages(test::routeDocument(47)).size(), 3U);
 }
 
+TEST(Paginate, StandsTheTextsOfFieldsBelowEachOther) {
+  Document document = test::routeDocument(1);
+  document.fields = {{"作業名", "左"}, {"地区", "右"}, {"観測成果年度", "下"}};
+  const auto made = pages(document);
+  // The longest name has 6 letters of 30: texts begin 6.7 × 30 = 201 behind the margin of 200.
+  EXPECT_NEAR(test::wordsThatRead(made[0], "左").at.x, 401, 1e-9);
+  EXPECT_NEAR(test::wordsThatRead(made[0], "下").at.x, 401, 1e-9);
+}
+
+TEST(Paginate, GivesALongFieldTheRoomOfAShortOne) {
+  // Beside the boxes there are 1750 − 440 − 30 = 1280; half of that is 640. The text of 18 letters needs 540
+  // and stands 3.7 × 30 = 111 behind its name: in one line where the left side gets more than half.
+  Document document = test::routeDocument(1);
+  document.parts[0].fields.clear();
+  document.fields = {{"作業名", std::string(36, 'x')}, {"地区", "右"}};
+  EXPECT_EQ(test::wordsThatRead(pages(document)[0], std::string(36, 'x')).at.x, 311);
+}
+
 TEST(Paginate, RepeatsTheHeadingsAndCountsThePages) {
   const auto made = pages(test::routeDocument(60));
   ASSERT_EQ(made.size(), 3U);
