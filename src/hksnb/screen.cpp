@@ -113,6 +113,7 @@ void fHHksb::storedBook() { showBook(optSeika20, &fHHksb::fillFromStore); }
 void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
   kind_ = kindOf(orthometric);
   history().restart();
+  remembered_.forget();
   {
     const ui::Hourglass wait(desktop());
     FcHHKSB_InitGrid1(Grid1, kind_);
@@ -155,6 +156,7 @@ void fHHksb::save() {
   const ui::Hourglass wait(desktop());
   if (FcHHKSB_HKSNBSave(context_, kind_, txtHksnbNo.text(), presentPeriod(), Grid1) == Status::Done)
     ownNumber_ = txtHksnbNo.text();
+  remembered_.forget();
 }
 
 ui::Findings fHHksb::findings() const {
@@ -167,8 +169,8 @@ ui::Findings fHHksb::findings() const {
 void fHHksb::pastePicture() {
   const std::string tool = "map_app\\PicturePaste.exe";
   const std::string own = context_.gAppPath + tool;
-  const std::string picture = std::string(diagramTitle(kind_)) + txtHksnbNo.text() + ".bmp";
-  route::FcPicturePaste(desktop(), context_, platform::isFile(own) ? own : context_.gExeDir + tool, picture);
+  route::FcPicturePaste(desktop(), context_, platform::isFile(own) ? own : context_.gExeDir + tool,
+                        pictureName());
 }
 
 Period fHHksb::presentPeriod() const {

@@ -5,6 +5,7 @@
 #include "hksnb/data.h"
 #include "hksnb/kind.h"
 #include "hksnb/place_names.h"
+#include "hksnb/remembered.h"
 #include "report/source.h"
 #include "route/opening.h"
 #include "ui/controls.h"
@@ -78,7 +79,10 @@ class fHHksb : public ui::Screen, public report::Source {
   ui::MenuItem m1item{"m1item", this, "終了(&X)"};
 
   report::Document document() const override;
-  report::Figure diagram() const override;
+  std::string diagramName() const override { return "変動図"; }
+  report::DiagramOffer diagramOffer() const override;
+  report::Figure diagram(const report::DiagramWish& wish) const override;
+  void fileDiagram(const std::string& picture) override;
 
  private:
   void Form_Load() override;
@@ -99,6 +103,8 @@ class fHHksb : public ui::Screen, public report::Source {
   void computeAmounts();
   void save();
   void pastePicture();
+  std::string pictureName() const;
+  std::vector<std::string> otherBooks() const;
 
   void showOrder();
   ui::CellUse cellUse(int row, int col) const;
@@ -113,6 +119,7 @@ class fHHksb : public ui::Screen, public report::Source {
   PlaceNames places_;              // of its bench marks
   route::Opening opening_;         // the filling or reopening that laid it there
   std::string ownNumber_;          // under which it is stored; "" for a new book
+  mutable Remembered remembered_{context_};
 };
 
 }  // namespace hksnb

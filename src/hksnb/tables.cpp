@@ -3,11 +3,9 @@
 #include <utility>
 
 #include "hksnb/columns.h"
-#include "hksnb/grid_set_up.h"
 #include "route/grid_table.h"
 #include "route/heading.h"
 #include "text/number.h"
-#include "text/padding.h"
 
 namespace hksnb {
 namespace {
@@ -64,11 +62,6 @@ report::Table publicForm(const ui::Grid& grid, const std::vector<BookPoint>& poi
   return table;
 }
 
-std::optional<double> amount(const ui::Grid& grid, int row) {
-  const std::string& cell = grid.text(row, colVariation);
-  return text::trimmed(cell).empty() ? std::nullopt : std::optional(text::readNumber(cell));
-}
-
 }  // namespace
 
 report::Document tables(const ui::Grid& Grid1, Kind kind, job::Grade grade,
@@ -94,40 +87,6 @@ report::Document tables(const ui::Grid& Grid1, Kind kind, job::Grade grade,
   if (!points.empty()) document.parts.push_back({"変動計算簿", fields, {publicForm(Grid1, points)}});
   document.check = checkFormulas(Grid1, kind);
   return document;
-}
-
-report::Diagram variationDiagram(const ui::Grid& Grid1, Kind kind, job::Grade grade,
-                                 const std::vector<BookPoint>& points, int fixedRow) {
-  report::Diagram diagram;
-  const std::string present = yearOf(Grid1, colPresent);
-  const std::string previous = yearOf(Grid1, colPrevious);
-  diagram.title = kind == Kind::Orthometric ? "変動図（正標高補正）" : "変動図（楕円補正）";
-  diagram.axis = "変動量(mm)";
-  diagram.unit = "mm";
-  diagram.zeroLine = true;
-  const double fixed = fixedRow > 0 ? amount(Grid1, fixedRow).value_or(0) : 0;
-  report::DiagramLine line{present + " － " + previous, {}, grade.isFirst() ? 1 : 0, false};
-  std::vector<std::optional<double>> sections;
-  std::string routes;
-  const BookPoint* before = nullptr;
-  for (const BookPoint& point : points) {
-    diagram.points.push_back({0, Grid1.text(point.row, colBenchMark), point.place, point.row});
-    const auto value = amount(Grid1, point.row);
-    line.values.push_back(value ? std::optional(*value - fixed) : std::nullopt);
-    sections.push_back(point.distance);
-    if (before == nullptr || before->route != point.route)
-      routes += (routes.empty() ? "" : "、") + point.route;
-    before = &point;
-  }
-  if (!sections.empty()) sections.pop_back();
-  const std::vector<double> places = report::alongRoute(sections, false);
-  for (std::size_t i = 0; i < diagram.points.size(); ++i) diagram.points[i].at = places[i];
-  if (!present.empty() || !previous.empty())
-    diagram.remarks.push_back("観測成果 " + present + "　平均成果 " + previous);
-  diagram.remarks.push_back("路線番号 " + routes);
-  if (fixedRow > 0) diagram.remarks.push_back("仮不動点 " + Grid1.text(fixedRow, colBenchMark));
-  diagram.lines.push_back(std::move(line));
-  return diagram;
 }
 
 }  // namespace hksnb

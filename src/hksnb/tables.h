@@ -6,7 +6,6 @@
 #include "hksnb/distances.h"
 #include "hksnb/kind.h"
 #include "job/grade.h"
-#include "report/diagram.h"
 #include "report/document.h"
 #include "ui/grid.h"
 
@@ -16,10 +15,5 @@ namespace hksnb {
 /// 変動計算簿. `points`: the bench marks of the grid, with their distances. `fields`: book number and dates.
 report::Document tables(const ui::Grid& Grid1, Kind kind, job::Grade grade,
                         const std::vector<BookPoint>& points, const std::vector<report::Field>& fields);
-
-/// The variation amounts (mm) of the book along the route. Against the amount of the bench mark on grid row
-/// `fixedRow`, where that is not 0 and holds one: the assumed fixed point.
-report::Diagram variationDiagram(const ui::Grid& Grid1, Kind kind, job::Grade grade,
-                                 const std::vector<BookPoint>& points, int fixedRow = 0);
 
 }  // namespace hksnb

@@ -51,6 +51,27 @@ class Widths {
   std::unordered_map<char32_t, double> known_;
 };
 
+/// A rectangle that a shape surely does not leave.
+struct Reach {
+  QRectF operator()(const report::Line& line) const {
+    QPolygonF points;
+    for (const report::Point& point : line.points) points << toolkitPoint(point);
+    return grown(points.boundingRect(), line.pen.width);
+  }
+  QRectF operator()(const report::Area& area) const { return toolkitBox(area.box); }
+  QRectF operator()(const report::Picture& picture) const { return toolkitBox(picture.box); }
+  QRectF operator()(const report::Mark& mark) const {
+    return grown(QRectF(toolkitPoint(mark.at), QSizeF(0, 0)), mark.size);
+  }
+  QRectF operator()(const report::Words& words) const {
+    return grown(QRectF(toolkitPoint(words.at), QSizeF(0, 0)),
+                 static_cast<double>(words.text.size() + 1) * words.size);
+  }
+
+ private:
+  static QRectF grown(const QRectF& box, double by) { return box.adjusted(-by, -by, by, by); }
+};
+
 QPolygonF corners(std::initializer_list<QPointF> points) { return QPolygonF(QList<QPointF>(points)); }
 
 }  // namespace
@@ -79,6 +100,14 @@ void DrawingPainter::paint(const report::Drawing& drawing) {
   penChosen_ = false;
   size_ = 0;
   for (const report::Shape& shape : drawing.shapes) std::visit(*this, shape);
+}
+
+void DrawingPainter::paint(const report::Drawing& drawing, const report::Box& seen) {
+  const QRectF box = toolkitBox(seen);
+  penChosen_ = false;
+  size_ = 0;
+  for (const report::Shape& shape : drawing.shapes)
+    if (std::visit(Reach(), shape).intersects(box)) std::visit(*this, shape);
 }
 
 void DrawingPainter::choose(const report::Pen& pen) {

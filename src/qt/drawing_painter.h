@@ -23,6 +23,8 @@ class DrawingPainter {
   explicit DrawingPainter(QPainter& painter);
 
   void paint(const report::Drawing& drawing);
+  /// The same, but for shapes of which nothing stands in `seen`.
+  void paint(const report::Drawing& drawing, const report::Box& seen);
 
   void operator()(const report::Line& line);
   void operator()(const report::Area& area);

@@ -1,12 +1,10 @@
 #include "qt/output_menu.h"
 
 #include <QCoreApplication>
-#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
-#include <QProgressDialog>
 
 #include "qt/convert.h"
 #include "qt/page_writer.h"
@@ -16,8 +14,6 @@
 namespace qt {
 namespace {
 
-constexpr int patience = 300;  // ms before a work shows how far it has come
-
 QMenu* fileMenu(const QMainWindow& window) {
   const auto* bar = qobject_cast<QMenuBar*>(window.menuWidget());
   return bar == nullptr || bar->actions().isEmpty() ? nullptr : bar->actions().first()->menu();
@@ -25,8 +21,12 @@ QMenu* fileMenu(const QMainWindow& window) {
 
 }  // namespace
 
-OutputMenu::OutputMenu(QMainWindow& window, const ui::Screen& screen, Host& host)
-    : window_(window), screen_(screen), host_(host), source_(dynamic_cast<const report::Source*>(&screen)) {
+OutputMenu::OutputMenu(QMainWindow& window, ui::Screen& screen, Host& host)
+    : window_(window),
+      screen_(screen),
+      host_(host),
+      act_(window, host, screen.desktop()),
+      source_(dynamic_cast<report::Source*>(&screen)) {
   QMenu* const menu = fileMenu(window);
   if (source_ != nullptr && menu != nullptr) addItems(*menu);
 }
@@ -47,31 +47,9 @@ void OutputMenu::addItems(QMenu& menu) {
   add("CSV に出力(&T)...", [this] {
     exportTable(QStringLiteral(".csv"), QStringLiteral("CSV UTF-8 (*.csv);;CSV CP932 (*.csv)"));
   });
+  menu.addSeparator();
+  add((source_->diagramName() + "(&F)").c_str(), [this] { showDiagram(); });
   add("図を出力(&G)...", [this] { exportDiagram(); });
-}
-
-/// Runs a work as an act of the operator: an error is told in a message box, a long work shows how far it has
-/// come and can be cancelled.
-void OutputMenu::run(const std::function<void(const report::Progress&)>& work) {
-  if (source_ == nullptr) return;
-  host_.act([&] {
-    QProgressDialog dialog(QStringLiteral("出力しています…"), QStringLiteral("中止"), 0, 0, &window_);
-    dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.setMinimumDuration(patience);
-    dialog.reset();
-    const auto progress = [&dialog](std::size_t done, std::size_t all) {
-      dialog.setMaximum(static_cast<int>(all));
-      dialog.setValue(static_cast<int>(done));
-      return !dialog.wasCanceled();
-    };
-    try {
-      work(progress);
-    } catch (const report::Cancelled&) {  // the operator knows
-    } catch (const text::RuntimeError& error) {
-      dialog.reset();
-      screen_.desktop().message({"出力", error.what(), ui::Icon::Critical});
-    }
-  });
 }
 
 QString OutputMenu::baseName() const {
@@ -82,7 +60,8 @@ QString OutputMenu::baseName() const {
 }
 
 void OutputMenu::preview() {
-  run([this](const report::Progress& progress) {
+  if (source_ == nullptr) return;
+  act_.run([this](const report::Progress& progress) {
     const report::Document document = source_->document();
     QPrinter printer(QPrinter::HighResolution);
     QPrintPreviewDialog dialog(&printer, &window_);
@@ -95,7 +74,8 @@ void OutputMenu::preview() {
 }
 
 void OutputMenu::print() {
-  run([this](const report::Progress& progress) {
+  if (source_ == nullptr) return;
+  act_.run([this](const report::Progress& progress) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setDocName(baseName());
@@ -104,32 +84,32 @@ void OutputMenu::print() {
   });
 }
 
-void OutputMenu::save(
-    const QString& name, const QString& kinds,
-    const std::function<report::Exported(const std::string& path, const report::Exporting&)>& write) {
-  run([&](const report::Progress& progress) {
-    QString kind;
-    const QString path = QFileDialog::getSaveFileName(&window_, QStringLiteral("出力"), name, kinds, &kind);
-    if (path.isEmpty()) return;
-    report::Exporting how{.pageWriter = [] { return pageWriter(); }, .progress = progress};
-    if (kind.contains(QStringLiteral("CP932"))) how.encoding = platform::Encoding::Cp932;
-    write(fromQString(path), how);
-  });
-}
-
 void OutputMenu::exportTable(const QString& suffix, const QString& kinds) {
-  save(baseName() + suffix, kinds, [&](const std::string& path, const report::Exporting& how) {
+  if (source_ == nullptr) return;
+  act_.save(baseName() + suffix, kinds, [&](const std::string& path, const report::Exporting& how) {
     const std::string end = fromQString(suffix);
-    return report::exportDocument(source_->document(), path.ends_with(end) ? path : path + end, how);
+    report::exportDocument(source_->document(), path.ends_with(end) ? path : path + end, how);
   });
 }
 
 void OutputMenu::exportDiagram() {
-  save(baseName() + QStringLiteral(" 図.pdf"), QStringLiteral("PDF (*.pdf);;SVG (*.svg);;PNG (*.png)"),
-       [this](const std::string& path, const report::Exporting& how) {
-         return report::exportDrawing(source_->diagram(),
-                                      report::canExportDrawing(path) ? path : path + ".pdf", how);
-       });
+  if (source_ == nullptr) return;
+  act_.saveDrawing(baseName() + QStringLiteral(" 図"), [this] { return source_->diagram({}); });
+}
+
+void OutputMenu::showDiagram() {
+  if (source_ == nullptr) return;
+  if (diagram_ == nullptr) diagram_ = new DiagramWindow(window_, screen_, *source_, host_);
+  diagram_->showAnew();
+}
+
+void OutputMenu::refresh() {
+  if (source_ != nullptr && diagram_ != nullptr) diagram_->follow();
+}
+
+void OutputMenu::letGo() {
+  source_ = nullptr;
+  delete diagram_;
 }
 
 }  // namespace qt

@@ -2,9 +2,12 @@
 
 #include <QMainWindow>
 #include <QObject>
+#include <QPointer>
 #include <QPrinter>
 
+#include "qt/diagram_window.h"
 #include "qt/host.h"
+#include "qt/output_act.h"
 #include "report/exporting.h"
 #include "report/source.h"
 #include "ui/screen.h"
@@ -18,10 +21,12 @@ class OutputMenu : public QObject {
  public:
   /// Puts the items into the first menu of `window`, for a screen that has something to print; into that of
   /// any other nothing. `screen` and `host` must outlive this object, or letGo be called before.
-  OutputMenu(QMainWindow& window, const ui::Screen& screen, Host& host);
+  OutputMenu(QMainWindow& window, ui::Screen& screen, Host& host);
 
   /// Takes no further act: the screen may be freed.
-  void letGo() { source_ = nullptr; }
+  void letGo();
+  /// What the screen shows may have changed: an open diagram follows.
+  void refresh();
 
  private:
   void addItems(QMenu& menu);
@@ -29,16 +34,20 @@ class OutputMenu : public QObject {
   void print();
   void exportTable(const QString& suffix, const QString& kinds);
   void exportDiagram();
-  void save(const QString& name, const QString& kinds,
-            const std::function<report::Exported(const std::string& path, const report::Exporting&)>& write);
-  void run(const std::function<void(const report::Progress&)>& work);
+  void showDiagram();
   QString baseName() const;
 
   QMainWindow& window_;
-  const ui::Screen& screen_;
+  ui::Screen& screen_;
   Host& host_;
-  const report::Source* source_;
+  OutputAct act_;
+  report::Source* source_;
+  QPointer<DiagramWindow> diagram_;
 };
+
+/// Paints a drawing with its title on a printer, lying. One that is too long for the sheet in letters that
+/// can be read goes on over several sheets, to be joined side by side.
+void printDrawing(const report::Figure& figure, QPrinter& printer);
 
 /// Paints a document on a printer, on the paper that it is set to and the pages chosen for it. Raises
 /// Cancelled.

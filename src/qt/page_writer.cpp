@@ -1,5 +1,6 @@
 #include "qt/page_writer.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
@@ -20,6 +21,7 @@ namespace {
 constexpr int dotsPerInch = 1200;           // of PDF pages; widths are rounded to these at most
 constexpr double tenthsInInch = 254;        // 0.1 mm
 constexpr double pictureDotsPerInch = 200;  // of PNG pictures
+constexpr double bitmapDotsPerInch = 150;   // of filed bitmaps
 constexpr double mostDots = 24000;          // of a picture's longer side
 
 [[noreturn]] void refuse() { throw text::RuntimeError(text::ErrorCode::PathNotFound); }
@@ -80,8 +82,20 @@ class ToolkitWriter : public report::PageWriter {
   }
 
   void writePng(const report::Drawing& drawing, const std::string& path) override {
+    if (!imageOf(drawing, pictureDotsPerInch).save(toQString(path), "PNG")) refuse();
+  }
+
+  std::string bitmap(const report::Drawing& drawing) override {
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    if (!imageOf(drawing, bitmapDotsPerInch).save(&bytes, "BMP")) throw std::bad_alloc();
+    return bytes.data().toStdString();
+  }
+
+ private:
+  static QImage imageOf(const report::Drawing& drawing, double dots) {
     const double longer = std::max({drawing.width, drawing.height, 1.0});
-    const double scale = std::min(pictureDotsPerInch / tenthsInInch, mostDots / longer);
+    const double scale = std::min(dots / tenthsInInch, mostDots / longer);
     QImage image(std::max(1, static_cast<int>(std::ceil(drawing.width * scale))),
                  std::max(1, static_cast<int>(std::ceil(drawing.height * scale))), QImage::Format_RGB32);
     if (image.isNull()) throw std::bad_alloc();
@@ -90,10 +104,9 @@ class ToolkitWriter : public report::PageWriter {
     painter.scale(scale, scale);
     DrawingPainter(painter).paint(drawing);
     painter.end();
-    if (!image.save(toQString(path), "PNG")) refuse();
+    return image;
   }
 
- private:
   static void nextPage(QPdfWriter& writer, const report::Drawing& page) {
     writer.setPageSize(sizeOf(page));
     writer.newPage();

@@ -65,6 +65,7 @@ void ScreenWindow::letGo() {
 
 void ScreenWindow::refresh() {
   for (const auto& binding : bindings_) binding->refresh();
+  if (output_) output_->refresh();
   tell();
 }
 

@@ -37,6 +37,12 @@ constexpr std::array<Look, 6> looks = {{{Sign::Disc, {0, 0, 0}, Dash::Solid},
                                         {Sign::Diamond, {150, 80, 0}, Dash::Solid},
                                         {Sign::Cross, {110, 40, 150}, Dash::Dotted}}};
 
+/// The look of the line at `index`: of 36 lines no two have both sign and colour in common.
+Look lookOf(std::size_t index) {
+  const Look& look = looks[index % looks.size()];
+  return {look.sign, looks[(index + index / looks.size()) % looks.size()].colour, look.dash};
+}
+
 std::string fixed(double value, int decimals) {
   return text::Pattern(decimals == 0 ? "#0" : "#0." + std::string(static_cast<std::size_t>(decimals), '0'))
       .format(value);
@@ -140,7 +146,7 @@ class Plot {
   void legend(double y) {
     double x = left_;
     for (std::size_t i = 0; i < diagram_.lines.size(); ++i) {
-      const Look& look = looks[i % looks.size()];
+      const Look look = lookOf(i);
       const double middle = y - titleLetters * 0.35;
       rule(sheet_, {x, middle}, {x + 100, middle}, Pen{4, look.colour, look.dash});
       sheet_.shapes.emplace_back(Mark{{x + 50, middle}, look.sign, 20, look.colour});
@@ -214,7 +220,7 @@ class Plot {
   }
 
   void lines() {
-    for (std::size_t i = 0; i < diagram_.lines.size(); ++i) line(diagram_.lines[i], looks[i % looks.size()]);
+    for (std::size_t i = 0; i < diagram_.lines.size(); ++i) line(diagram_.lines[i], lookOf(i));
   }
 
   void line(const DiagramLine& line, const Look& look) {

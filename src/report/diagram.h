@@ -33,7 +33,8 @@ struct Diagram {
   std::string unit;                  ///< of its values, where they are told
   std::string secondAxis;            ///< the same for the scale on the right; "" for none
   std::string secondUnit;
-  bool zeroLine = false;  ///< the scale on the left reaches 0, and a line stands there
+  bool kilometres = false;  ///< the bench marks stand by their distances, else in equal steps
+  bool zeroLine = false;    ///< the scale on the left reaches 0, and a line stands there
   std::vector<DiagramPoint> points;
   std::vector<DiagramLine> lines;
 };
@@ -42,6 +43,16 @@ struct Diagram {
 /// distance counts as the mean of the others; where none has one, or with `equalSteps`, every section
 /// counts 1.
 std::vector<double> alongRoute(const std::vector<std::optional<double>>& sections, bool equalSteps);
+
+/// Lays the points of a diagram out along the route, with the sections between them: by their distances (km),
+/// or as alongRoute does without.
+void layOut(Diagram& diagram, const std::vector<std::optional<double>>& sections);
+
+/// Lays the points out in equal steps.
+void layOutEqually(Diagram& diagram);
+
+/// How the points are laid out, in words: "横軸　距離（全長 25.9 km）".
+std::string layOutText(const Diagram& diagram);
 
 /// A scale with numbers that are easy to read.
 struct Scale {

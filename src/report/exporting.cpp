@@ -91,19 +91,6 @@ Drawing stacked(const std::vector<Drawing>& pages) {
   return sheet;
 }
 
-/// A drawing on a lying page of its own, with its title.
-Drawing pageOf(const Figure& figure) {
-  const Drawing& drawing = figure.drawing;
-  const double room = paperShort - 2 * margin - titleHeight;
-  const double scale = drawing.height > room ? room / drawing.height : 1;
-  Drawing page{std::max(paperLong, drawing.width * scale + 2 * margin), paperShort, {}};
-  Words title{{page.width / 2, margin + titleSize}, figure.title, titleSize, Anchor::Middle};
-  title.bold = true;
-  page.shapes.emplace_back(std::move(title));
-  place(page, drawing, {(page.width - drawing.width * scale) / 2, margin + titleHeight}, scale);
-  return page;
-}
-
 Exported exportPages(const std::vector<Drawing>& pages, const std::string& title, const std::string& path,
                      const Exporting& how, PageWriter* writer) {
   const std::string_view suffix = suffixOf(path);
@@ -148,6 +135,18 @@ Exported exportDocument(const Document& document, const std::string& path, const
   const Measure measure = writer ? writer->measure() : fixedPitch;
   return exportPages(paginate(document, how.paper, measure, how.progress), document.title, path, how,
                      writer.get());
+}
+
+Drawing pageOf(const Figure& figure) {
+  const Drawing& drawing = figure.drawing;
+  const double room = paperShort - 2 * margin - titleHeight;
+  const double scale = drawing.height > room ? room / drawing.height : 1;
+  Drawing page{std::max(paperLong, drawing.width * scale + 2 * margin), paperShort, {}};
+  Words title{{page.width / 2, margin + titleSize}, figure.title, titleSize, Anchor::Middle};
+  title.bold = true;
+  page.shapes.emplace_back(std::move(title));
+  place(page, drawing, {(page.width - drawing.width * scale) / 2, margin + titleHeight}, scale);
+  return page;
 }
 
 Exported exportDrawing(const Figure& figure, const std::string& path, const Exporting& how) {

@@ -37,6 +37,9 @@ bool canExportDrawing(std::string_view path);
 /// file and what stands in the way, and Cancelled; the old file is left then.
 Exported exportDocument(const Document& document, const std::string& path, const Exporting& how);
 
+/// A drawing with its title on a lying page, or one as long as the drawing needs.
+Drawing pageOf(const Figure& figure);
+
 /// The same for a drawing. On paper it fills a lying page, or has its own size where it is longer.
 Exported exportDrawing(const Figure& figure, const std::string& path, const Exporting& how);
 

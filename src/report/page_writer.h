@@ -27,6 +27,9 @@ class PageWriter {
   /// Writes a drawing as a PNG picture to `path`, at 200 dots to the inch, fewer where it would be too large
   /// for a picture. Raises RuntimeError where the file cannot be written.
   virtual void writePng(const Drawing& drawing, const std::string& path) = 0;
+
+  /// The whole bitmap file (BMP) of a drawing, at 150 dots to the inch, fewer where it would be too large.
+  virtual std::string bitmap(const Drawing& drawing) = 0;
 };
 
 /// Makes a page writer when one is needed; empty, or raising a std::exception, where there is none to be had.

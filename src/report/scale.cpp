@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "report/diagram.h"
+#include "text/pattern.h"
 
 namespace report {
 namespace {
@@ -30,6 +31,23 @@ std::vector<double> alongRoute(const std::vector<std::optional<double>>& section
   std::vector<double> places{0};
   for (const auto& section : sections) places.push_back(places.back() + (steps ? 1 : section.value_or(mean)));
   return places;
+}
+
+void layOut(Diagram& diagram, const std::vector<std::optional<double>>& sections) {
+  const std::vector<double> places = alongRoute(sections, false);
+  for (std::size_t i = 0; i < diagram.points.size(); ++i) diagram.points[i].at = places[i];
+  diagram.kilometres = std::any_of(sections.begin(), sections.end(),
+                                   [](const auto& section) { return section.value_or(0) > 0; });
+}
+
+void layOutEqually(Diagram& diagram) {
+  for (std::size_t i = 0; i < diagram.points.size(); ++i) diagram.points[i].at = static_cast<double>(i);
+  diagram.kilometres = false;
+}
+
+std::string layOutText(const Diagram& diagram) {
+  if (!diagram.kilometres || diagram.points.empty()) return "横軸　等間隔";
+  return "横軸　距離（全長 " + text::Pattern("#0.0").format(diagram.points.back().at) + " km）";
 }
 
 Scale scaleFor(double low, double high, int ticks) {

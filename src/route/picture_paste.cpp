@@ -48,30 +48,47 @@ std::string pictureOf(ui::Desktop& desktop, std::string_view tool, const std::st
   return after && after != before ? beside : usual;
 }
 
-void put(const std::string& made, const std::string& target) {
+/// Writes a picture with `write` in the place of whatever is at `target`. `wanted`: its bytes. `left`: what
+/// is still there where that fails.
+template <class Write>
+void put(const std::string& target, std::uintmax_t wanted, const std::string& left, const Write& write) {
   try {
-    platform::GrowingFile filed(target);
-    platform::copyFile(made, filed.path());
-    filed.finish();
+    write();
   } catch (const text::RuntimeError&) {
-    const auto state = platform::fileState(made);
-    const bool isFull =
-        platform::writeObstacle(target, state ? state->size : 0) == platform::WriteObstacle::Full;
+    const bool isFull = platform::writeObstacle(target, wanted) == platform::WriteObstacle::Full;
     throw failure(std::string(isFull ? "ディスクの空きが足りないため、"
                                      : "書き込みが許されていないか、途中で失敗したため、") +
-                  "画像「" + target + "」を保存できませんでした。前の画像と、今つくった画像「" + made +
-                  "」は残っています。");
+                  "画像「" + target + "」を保存できませんでした。" + left);
   }
 }
 
-void file(const job::JobContext& context, const std::string& made, const std::string& name) {
-  const std::string folder = context.gExeDir + context.gJobId + "\\bmp_data\\";
+/// Where the pictures of the job are filed; made where it is missing.
+std::string pictureFolder(const job::JobContext& context) {
+  std::string folder = context.gExeDir + context.gJobId + "\\bmp_data\\";
   if (!platform::isFolder(folder)) platform::makeFolder(folder);
+  return folder;
+}
+
+void file(const job::JobContext& context, const std::string& made, const std::string& name) {
+  const std::string target = pictureFolder(context) + name;
   if (!platform::isFile(made)) throw text::RuntimeError(text::ErrorCode::FileNotFound);
   if (platform::isCutShort(made))
     throw failure("画像「" + made + "」は空か、途中で切れています。画像貼付をもう一度行ってください。");
-  put(made, folder + name);
+  const auto state = platform::fileState(made);
+  put(target, state ? state->size : 0, "前の画像と、今つくった画像「" + made + "」は残っています。", [&] {
+    platform::GrowingFile filed(target);
+    platform::copyFile(made, filed.path());
+    filed.finish();
+  });
   platform::removeFile(made);
+}
+
+/// False where the operator wants to keep the picture that is there.
+bool mayReplace(ui::Desktop& desktop, const std::string& target, const std::string& name) {
+  if (!desktop.safeguards() || !platform::isFile(target)) return true;
+  return desktop.ask({"画像「" + name + "」はもう登録されています。この図に置き換えますか。",
+                      {"置き換える", "やめる"},
+                      1}) == 0;
 }
 
 }  // namespace
@@ -89,6 +106,18 @@ bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::s
     route::file(context, made, name);
   });
   return false;
+}
+
+void filePicture(ui::Desktop& desktop, const job::JobContext& context, const std::string& picture,
+                 std::string_view file) {
+  ui::trapped(&desktop, "図を登録", [&] {
+    const std::string name(file);
+    checkName(name);
+    const std::string target = pictureFolder(context) + name;
+    if (!mayReplace(desktop, target, name)) return;
+    put(target, picture.size(), "前の画像は残っています。", [&] { platform::writeFile(target, picture); });
+    desktop.message({{}, "図を「" + name + "」として登録しました", ui::Icon::None});
+  });
 }
 
 }  // namespace route

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "job/context.h"
@@ -22,5 +23,11 @@ namespace route {
 /// folder that cannot be made, a picture that cannot be written.
 bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::string_view tool,
                     std::string_view file);
+
+/// Files a picture of the program's own, a whole bitmap file, where FcPicturePaste files those of the tool,
+/// all or nothing, and tells the operator where it is. With safeguards the operator is asked before a picture
+/// of that name is replaced. Errors are reported under "図を登録".
+void filePicture(ui::Desktop& desktop, const job::JobContext& context, const std::string& picture,
+                 std::string_view file);
 
 }  // namespace route

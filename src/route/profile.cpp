@@ -40,8 +40,7 @@ report::Diagram profileOf(const ui::Grid& grid, const ProfileLook& look) {
                            : number(grid, look.distanceOnSection ? section : row, look.distanceCol));
   }
   if (!sections.empty()) sections.pop_back();
-  const std::vector<double> places = report::alongRoute(sections, look.distanceCol < 0);
-  for (std::size_t i = 0; i < diagram.points.size(); ++i) diagram.points[i].at = places[i];
+  report::layOut(diagram, sections);
   diagram.axis = look.heightName + "(m)";
   diagram.unit = "m";
   diagram.secondAxis = look.correctionName + "(" + look.correctionUnit + ")";

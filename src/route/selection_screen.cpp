@@ -66,10 +66,12 @@ report::Document SelectionScreen::document() const {
   return document;
 }
 
-report::Figure SelectionScreen::diagram() const {
+report::Figure SelectionScreen::diagram(const report::DiagramWish& wish) const {
   report::Diagram diagram = profile();
+  if (wish.equalSteps) report::layOutEqually(diagram);
   const Selection selection = opened_.selection();
   diagram.remarks.push_back("事業番号 " + selection.jigyoBango + "　路線番号 " + selection.rosenBango);
+  diagram.remarks.push_back(report::layOutText(diagram));
   return {caption() + "　縦断図", report::draw(diagram, report::fixedPitch)};
 }
 

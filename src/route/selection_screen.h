@@ -36,7 +36,8 @@ class SelectionScreen : public ui::Screen, public report::Source {
   ui::MenuItem exitItem;
 
   report::Document document() const override;
-  report::Figure diagram() const override;
+  std::string diagramName() const override { return "縦断図"; }
+  report::Figure diagram(const report::DiagramWish& wish) const override;
 
  protected:
   /// The names in which the screens differ.

@@ -210,7 +210,7 @@ void Runner::perform(const Export& step) {
   if (source == nullptr) throw LineError("この画面には出力するものがありません。");
   const report::Exporting how{.pageWriter = pageWriter_};
   try {
-    printExported(transcript_, step.diagram ? report::exportDrawing(source->diagram(), step.path, how)
+    printExported(transcript_, step.diagram ? report::exportDrawing(source->diagram({}), step.path, how)
                                             : report::exportDocument(source->document(), step.path, how));
   } catch (const text::RuntimeError& error) {
     hands_.desktop().message({"出力", error.what(), ui::Icon::Critical});

@@ -30,7 +30,7 @@ TEST(Diagram, PointsOfTheSvgAreTheAmountsOfTheBook) {
     std::vector<double> amounts;
     for (int row = 1; row < look.grid.rows(); row += 2)
       if (!look.grid.text(row, 10).empty()) amounts.push_back(text::readNumber(look.grid.text(row, 10)));
-    const report::Figure figure = look.source.diagram();
+    const report::Figure figure = look.source.diagram({});
     const auto marks = marksIn(report::svgOf(figure.drawing, figure.title));
     ASSERT_EQ(marks.size(), amounts.size());
     const auto lowest = std::min_element(amounts.begin(), amounts.end()) - amounts.begin();

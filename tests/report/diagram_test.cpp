@@ -95,8 +95,8 @@ TEST(Draw, LeavesAGapWhereAValueIsMissing) {
 }
 
 TEST(Draw, KeepsMarksOffTheFrame) {
-  // 0 to 10 and 0 to −5 are round numbers themselves: with 4 percent of 15 more on each side the scale goes
-  // on to the next tick, −6 and 12.
+  // −5 to 10 in steps of 2 is −6 to 10. The mark at 10 would stand on the frame, so the scale goes on to 12;
+  // that at −5 is 1 above it, more than 4 percent of 16.
   const Drawing drawing = draw(five(), fixedPitch);
   EXPECT_EQ(test::wordsThatRead(drawing, "-6").text, "-6");
   EXPECT_EQ(test::wordsThatRead(drawing, "12").text, "12");

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "support/asking_desktop.h"
 #include "support/recording_desktop.h"
 #include "support/temporary_folder.h"
 #include "support/tool.h"
@@ -53,6 +54,37 @@ class PicturePaste : public testing::Test {
   test::RecordingDesktop desktop;
   job::JobContext context;
 };
+
+TEST_F(PicturePaste, FilesAPictureOfTheProgramsOwn) {
+  route::filePicture(desktop, context, "drawn", "成果表楕円補正.bmp");
+  EXPECT_EQ(filed(), "drawn");
+  EXPECT_EQ(desktop.messages,
+            (Messages{{{}, "図を「成果表楕円補正.bmp」として登録しました", ui::Icon::None}}));
+}
+
+TEST_F(PicturePaste, AsksBeforeAPictureIsReplacedByADrawing) {
+  test::AskingDesktop asking;
+  route::filePicture(asking, context, "first", "成果表楕円補正.bmp");
+  EXPECT_TRUE(asking.questions.empty());
+  route::filePicture(asking, context, "second", "成果表楕円補正.bmp");
+  ASSERT_EQ(asking.questions.size(), 1U);
+  EXPECT_EQ(asking.questions[0].text,
+            "画像「成果表楕円補正.bmp」はもう登録されています。この図に置き換えますか。");
+  EXPECT_EQ(filed(), "first") << "the safe answer keeps it";
+  asking.answers = {"置き換える"};
+  route::filePicture(asking, context, "third", "成果表楕円補正.bmp");
+  EXPECT_EQ(filed(), "third");
+}
+
+TEST_F(PicturePaste, TellsWhereADrawingCannotBeFiled) {
+  platform::makeFolder(folder.path("測量 データ/3/bmp_data/成果表楕円補正.bmp"));
+  route::filePicture(desktop, context, "drawn", "成果表楕円補正.bmp");
+  ASSERT_EQ(desktop.messages.size(), 1U);
+  EXPECT_EQ(desktop.messages[0].title, "図を登録");
+  EXPECT_TRUE(desktop.messages[0].text.ends_with("を保存できませんでした。前の画像は残っています。"));
+  route::filePicture(desktop, context, "drawn", "図1/2.bmp");
+  EXPECT_TRUE(desktop.messages[1].text.starts_with("「図1/2.bmp」という名前の画像は保存できません。"));
+}
 
 TEST_F(PicturePaste, FilesThePictureInAFolderMadeForIt) {
   install("write temp.bmp|picture");
