@@ -130,12 +130,13 @@ class WindowHands : public script::Hands {
   }
   bool shot(ui::Screen& screen, std::string_view path) override {
     settle();
+    windowOf(screen).findings();
     const std::string file = platform::pathText(platform::nativePath(path));
     return windowOf(screen).grab().save(qt::toQString(file), "PNG");
   }
   ui::Findings findings(const ui::Screen& screen) override {
     settle();
-    return screen.findings();
+    return windowOf(screen).findings();
   }
   std::vector<ui::Message> takeMessages() override { return std::exchange(messages_, {}); }
 

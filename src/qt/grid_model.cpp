@@ -21,6 +21,18 @@ Qt::Alignment toolkitAlign(ui::Align align) {
   return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
+QString markText(ui::CellMark mark) {
+  switch (mark) {
+    case ui::CellMark::NotTaken:
+      return QStringLiteral("まだ計算に入っていません");
+    case ui::CellMark::ByHand:
+      return QStringLiteral("手で直した値です");
+    case ui::CellMark::None:
+      break;
+  }
+  return {};
+}
+
 }  // namespace
 
 void GridModel::setGrid(const ui::Grid* grid) {
@@ -101,6 +113,33 @@ QString GridModel::problem(int row, int col) const {
   return toQString(grid_->problem(row, col));
 }
 
+ui::CellMark GridModel::mark(int row, int col) const {
+  const auto found = marks_.find({row, col});
+  return found == marks_.end() ? ui::CellMark::None : found->second;
+}
+
+/// What is the matter with a cell: what is wrong with its text, else what its mark means.
+QString GridModel::remark(int row, int col) const {
+  const QString wrong = problem(row, col);
+  return wrong.isEmpty() ? markText(mark(row, col)) : wrong;
+}
+
+/// A cell as screen readers tell of it: bench mark, column and unit, text, what is the matter.
+QString GridModel::spoken(int row, int col) const {
+  const QString words = names_.cell(row, col) + QStringLiteral(": ") + cellText(row, col);
+  const QString more = remark(row, col);
+  return more.isEmpty() ? words : words + QStringLiteral("、") + more;
+}
+
+void GridModel::setMarks(const ui::Findings& findings) {
+  std::map<std::pair<int, int>, ui::CellMark> marks;
+  for (const ui::Finding& finding : findings)
+    if (finding.mark != ui::CellMark::None) marks.emplace(std::pair(finding.row, finding.col), finding.mark);
+  if (marks == marks_) return;
+  marks_ = std::move(marks);
+  if (rows_ > 0 && cols_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
+}
+
 ui::CellUse GridModel::cellUse(int row, int col) const {
   try {
     return grid_ == nullptr ? ui::CellUse::Shown : grid_->cellUse(row, col);
@@ -114,10 +153,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = index.row() + fixedRows_;
   if (role == Qt::DisplayRole) return cellText(row, index.column());
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(toolkitAlign(grid_->align(index.column())));
-  if (role == Qt::AccessibleTextRole && names_.cell)
-    return names_.cell(row, index.column()) + QStringLiteral(": ") + cellText(row, index.column());
+  if (role == Qt::AccessibleTextRole && names_.cell) return spoken(row, index.column());
   if (role == UseRole) return static_cast<int>(cellUse(row, index.column()));
-  if (role == ProblemRole || role == Qt::ToolTipRole) return problem(row, index.column());
+  if (role == MarkRole) return static_cast<int>(mark(row, index.column()));
+  if (role == ProblemRole) return problem(row, index.column());
+  if (role == Qt::ToolTipRole) return remark(row, index.column());
   return {};
 }
 

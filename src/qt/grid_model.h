@@ -2,8 +2,10 @@
 
 #include <QAbstractTableModel>
 #include <functional>
+#include <map>
 #include <utility>
 
+#include "ui/finding.h"
 #include "ui/grid.h"
 
 namespace qt {
@@ -22,7 +24,8 @@ class GridModel : public QAbstractTableModel {
   /// Roles beyond the toolkit's own.
   enum Role {
     UseRole = Qt::UserRole,  ///< what may be done in the cell: ui::CellUse as int
-    ProblemRole              ///< why its text is not what its column takes, empty where it is
+    ProblemRole,             ///< why its text is not what its column takes, empty where it is
+    MarkRole                 ///< how it is marked: ui::CellMark as int
   };
 
   /// How cells and columns are called, counted as the grid counts.
@@ -31,6 +34,9 @@ class GridModel : public QAbstractTableModel {
     std::function<QString(int col)> column;         ///< header and unit
   };
   void setNames(Names names) { names_ = std::move(names); }
+
+  /// Marks the cells of the findings that ask for it, and no others. Tips and screen readers tell why.
+  void setMarks(const ui::Findings& findings);
 
   /// `grid` may be null: no rows and no columns.
   void setGrid(const ui::Grid* grid);
@@ -66,8 +72,13 @@ class GridModel : public QAbstractTableModel {
   void tellRows(int rows);
   void tellCells(int firstRow, int lastRow, int firstCol, int lastCol);
 
+  ui::CellMark mark(int row, int col) const;
+  QString remark(int row, int col) const;
+  QString spoken(int row, int col) const;
+
   const ui::Grid* grid_ = nullptr;
   Names names_;
+  std::map<std::pair<int, int>, ui::CellMark> marks_;  // by row and column as the grid counts
   int rows_ = 0;
   int cols_ = 0;
   int fixedRows_ = 0;

@@ -9,6 +9,8 @@ namespace {
 
 constexpr int textMargin = 4;  // pixels left and right of a text
 constexpr int frameWidth = 2;  // pixels
+constexpr int markSize = 6;    // pixels of a mark in the corner of a cell
+constexpr int markEdge = 2;    // pixels from it to the edges, which the frame leaves free
 constexpr QColor wrongColour(0xd0, 0x10, 0x10);
 
 /// `share` (0 to 1) of `over`, the rest `under`.
@@ -34,6 +36,7 @@ void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->save();
   paintGround(*painter, option, index);
   paintText(*painter, option, index);
+  paintMark(*painter, option, index);
   if (view_.isKeyCell(index)) paintFrame(*painter, option);
   painter->restore();
 }
@@ -62,6 +65,25 @@ void GridPainter::paintText(QPainter& painter, const QStyleOptionViewItem& optio
   const auto end = underWay.isEmpty() ? Qt::ElideRight : Qt::ElideLeft;
   painter.drawText(place, static_cast<int>(align) | Qt::TextSingleLine,
                    option.fontMetrics.elidedText(text, end, place.width()));
+}
+
+/// A corner of the upper edge: the left one full for an entry that waits, the right one hollow for a value
+/// changed by hand.
+void GridPainter::paintMark(QPainter& painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+  const auto mark = static_cast<ui::CellMark>(index.data(GridModel::MarkRole).toInt());
+  if (mark == ui::CellMark::None) return;
+  const bool waits = mark == ui::CellMark::NotTaken;
+  const QColor colour = option.palette.color(QPalette::Link);
+  const QPoint corner =
+      option.rect.topLeft() + QPoint(waits ? markEdge : option.rect.width() - 1 - markEdge, markEdge);
+  const QPoint corners[] = {corner, corner + QPoint(waits ? markSize : -markSize, 0),
+                            corner + QPoint(0, markSize)};
+  painter.save();
+  painter.setPen(colour);
+  painter.setBrush(waits ? QBrush(colour) : QBrush(Qt::NoBrush));
+  painter.drawPolygon(corners, 3);
+  painter.restore();
 }
 
 void GridPainter::paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const {

@@ -7,8 +7,9 @@ namespace qt {
 class GridView;
 
 /// Paints the cells of a grid: those that can be typed into white, the others slightly grey, the selection
-/// tinted with the text still readable, a text that its column does not take underlined on red, and a strong
-/// frame around the cell that keys go to.
+/// tinted with the text still readable, a text that its column does not take underlined on red, an
+/// entry that no calculation has taken up yet with a full corner, a value changed by hand with a hollow one,
+/// and a strong frame around the cell that keys go to.
 class GridPainter : public QStyledItemDelegate {
   Q_OBJECT
 
@@ -21,6 +22,7 @@ class GridPainter : public QStyledItemDelegate {
  private:
   void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
   void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+  void paintMark(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
   void paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const;
 
   GridView& view_;

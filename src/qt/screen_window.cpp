@@ -1,6 +1,7 @@
 #include "qt/screen_window.h"
 
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QLayout>
 #include <QShortcut>
 #include <QTabBar>
@@ -11,12 +12,22 @@
 #include "qt/convert.h"
 #include "qt/edit_menu.h"
 #include "qt/screen_commands.h"
+#include "text/error.h"
+#include "ui/leading.h"
 #include "ui/situation.h"
 
 namespace qt {
 namespace {
 
 const QString afterCaption = QStringLiteral(" \u2014 ");  // a dash, between caption and work in a title
+/// A screen that is only half set up, as before its load, has nothing to tell.
+ui::Findings findingsOf(const ui::Screen& screen) try {
+  return screen.findings();
+} catch (const text::RuntimeError&) {
+  return {};
+}
+
+constexpr int restTime = 200;  // ms without an act after which the screen is looked through
 
 }  // namespace
 
@@ -33,6 +44,7 @@ ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<v
   setUpTabs();
   if (hasGrid()) new EditMenu(*this);
   nameCells();
+  if (hasGrid()) setUpFindings();
   centralWidget()->installEventFilter(this);
   output_ = std::make_unique<OutputMenu>(*this, screen, host);
 }
@@ -55,17 +67,62 @@ void ScreenWindow::setUpTabs() {
   turn(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
 }
 
+/// The findings stand where the form has room for them, else along the lower edge of the window.
+void ScreenWindow::setUpFindings() {
+  pane_ = centralWidget()->findChild<FindingsPane*>();
+  if (pane_ == nullptr) {
+    auto* dock = new QDockWidget(this);
+    pane_ = new FindingsPane(dock);
+    dock->setObjectName(QStringLiteral("findingsDock"));
+    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    dock->setTitleBarWidget(new QWidget(dock));
+    dock->setWidget(pane_);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+  }
+  rest_.setSingleShot(true);
+  rest_.setInterval(restTime);
+  connect(&rest_, &QTimer::timeout, this, &ScreenWindow::check);
+  connect(pane_, &FindingsPane::chosen, this, &ScreenWindow::leadTo);
+}
+
+void ScreenWindow::check() {
+  rest_.stop();
+  if (screen_ == nullptr || pane_ == nullptr) return;
+  if (host_.busy()) return rest_.start();
+  pane_->setFindings(findingsOf(*screen_));
+  if (const ui::Grid* grid = ui::checkedGrid(*screen_))
+    if (auto* view = qobject_cast<GridView*>(shown(*grid))) view->gridModel().setMarks(pane_->findings());
+  status_.count(pane_->findings());
+}
+
+const ui::Findings& ScreenWindow::findings() {
+  static const ui::Findings none;
+  if (pane_ == nullptr) return none;
+  if (rest_.isActive()) check();
+  return pane_->findings();
+}
+
+void ScreenWindow::leadTo(const ui::Finding& finding) {
+  if (screen_ == nullptr) return;
+  host_.act([&] { ui::leadTo(*screen_, finding); });
+  const ui::Grid* grid = screen_ == nullptr ? nullptr : ui::checkedGrid(*screen_);
+  if (grid == nullptr || finding.row < 0) return;
+  if (auto* view = qobject_cast<GridView*>(shown(*grid))) view->setFocus(Qt::OtherFocusReason);
+}
+
 ScreenWindow::~ScreenWindow() { letGo(); }
 
 void ScreenWindow::letGo() {
   for (const auto& binding : bindings_) binding->untie();
   screen_ = nullptr;
+  rest_.stop();
   if (output_) output_->letGo();
 }
 
 void ScreenWindow::refresh() {
   for (const auto& binding : bindings_) binding->refresh();
   if (output_) output_->refresh();
+  if (pane_ != nullptr) rest_.start();
   tell();
 }
 
@@ -125,11 +182,15 @@ void ScreenWindow::focusFirst() {
 
 /// The window is the client and whatever stands around it; how much that is shows once it is laid out.
 void ScreenWindow::setClientSize(const QSize& client) {
-  const int menuHeight = menuWidget() == nullptr ? 0 : menuWidget()->sizeHint().height();
-  const int barsHeight = menuHeight + status_.sizeHint().height();
-  const QSize around = isVisible() ? size() - clientSize() : QSize(0, barsHeight);
+  const QSize around = isVisible() ? size() - clientSize() : QSize(0, heightOfBars());
   resize(client + around);
   layout()->activate();
+}
+
+int ScreenWindow::heightOfBars() const {
+  const int menu = menuWidget() == nullptr ? 0 : menuWidget()->sizeHint().height();
+  const auto* dock = findChild<QDockWidget*>();
+  return menu + status_.sizeHint().height() + (dock == nullptr ? 0 : dock->sizeHint().height());
 }
 
 void ScreenWindow::resizeClient(float width, float height) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 #include <vector>
 
 #include "qt/binding.h"
+#include "qt/findings_pane.h"
 #include "qt/grid_view.h"
 #include "qt/output_menu.h"
 #include "qt/status_line.h"
@@ -53,6 +55,13 @@ class ScreenWindow : public QMainWindow {
   /// True for a screen of work, with a grid; false for a menu.
   bool hasGrid() const;
 
+  /// What the checks find on the screen as it is now, as the pane shows it.
+  const ui::Findings& findings();
+  /// Looks the screen through anew and shows what is found.
+  void check();
+  /// Where the findings stand; null for a menu.
+  FindingsPane* findingsPane() const { return pane_; }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -60,6 +69,9 @@ class ScreenWindow : public QMainWindow {
 
  private:
   void setUpTabs();
+  void setUpFindings();
+  void leadTo(const ui::Finding& finding);
+  int heightOfBars() const;
   void focusFirst();
   void tell();
   void nameCells();
@@ -72,6 +84,8 @@ class ScreenWindow : public QMainWindow {
   QSize least_;
   std::vector<std::unique_ptr<Binding>> bindings_;
   std::unique_ptr<OutputMenu> output_;
+  FindingsPane* pane_ = nullptr;
+  QTimer rest_;  ///< runs while the keyboard does not rest yet
   bool settingSize_ = false;
   bool sizeWaits_ = false;
 };

@@ -1,6 +1,7 @@
 #include "qt/status_line.h"
 
 #include "qt/convert.h"
+#include "qt/findings_pane.h"
 #include "text/error.h"
 #include "ui/grid.h"
 #include "ui/range_summary.h"
@@ -18,8 +19,9 @@ std::string cellText(const ui::Screen& screen, const ui::Grid& grid) try {
   std::string numbers = range ? ui::summaryText(ui::summarize(grid)) : std::string();
   if (!numbers.empty()) return numbers;
   if (!grid.clickable(grid.keyRow(), grid.keyCol())) return {};
+  const std::string problem = grid.problem(grid.keyRow(), grid.keyCol());
   return ui::cellName(screen, grid, grid.keyRow(), grid.keyCol()) + "  " +
-         ui::cellTakes(grid, grid.keyRow(), grid.keyCol());
+         (problem.empty() ? ui::cellTakes(grid, grid.keyRow(), grid.keyCol()) : problem);
 } catch (const text::RuntimeError&) {
   return {};
 }
@@ -37,6 +39,7 @@ void fill(QLabel& label, const std::string& text) {
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
       cell_(add("statusCell", true)),
+      checks_(add("statusChecks", false)),
       open_(add("statusOpen", false)),
       job_(add("statusJob", false)) {
   setSizeGripEnabled(false);
@@ -56,6 +59,8 @@ QLabel& StatusLine::add(const char* name, bool stretches) {
   label->hide();
   return *label;
 }
+
+void StatusLine::count(const ui::Findings& findings) { fill(checks_, fromQString(countText(findings))); }
 
 void StatusLine::tell(const ui::Screen& screen, const ui::Grid* grid) {
   const ui::Situation situation = screen.situation();

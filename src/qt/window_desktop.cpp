@@ -16,6 +16,7 @@ namespace {
 constexpr double shareOfDisplay = 0.65;  // how much of the display a window may take at first
 constexpr double largestWork = 1.8;      // times the design size
 constexpr double largestMenu = 1.2;
+constexpr const char* foldedKey = "findings.folded";
 
 /// Under which settings a window and the columns of its tables are remembered.
 std::string windowKey(const ScreenWindow& window) { return "window." + window.screen()->name() + "."; }
@@ -183,6 +184,7 @@ void WindowDesktop::open(ScreenWindow& window) {
   window.keepMinimum();
   if (window.hasGrid()) new LookMenu(window, settings());
   if (owner_.dress) owner_.dress(window);
+  if (window.findingsPane() != nullptr) rememberFolding(*window.findingsPane());
   if (last_) window.move(last_->topLeft());
   window.open(client, settings().flag(key + "maximised", false));
   if (!window.isMaximized()) window.fitInto(room);
@@ -209,6 +211,13 @@ void WindowDesktop::remember(const ScreenWindow& window) {
   settings().set(key + "maximised", window.isMaximized() ? 1 : 0);
   for (const GridView* table : window.tables())
     if (!table->drawnColumns().empty()) settings().set(columnsKey(window, *table), widthsText(*table));
+}
+
+/// The list of findings stays folded away on every screen until the operator unfolds it.
+void WindowDesktop::rememberFolding(FindingsPane& pane) {
+  pane.fold(settings().flag(foldedKey, false));
+  QObject::connect(&pane, &FindingsPane::folded, &turns_,
+                   [this](bool away) { settings().set(foldedKey, away ? 1 : 0); });
 }
 
 void WindowDesktop::restoreColumns(ScreenWindow& window) {

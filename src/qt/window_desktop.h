@@ -79,6 +79,7 @@ class WindowDesktop : public ui::Desktop, public Host {
   void open(ScreenWindow& window);
   platform::Settings& settings();
   void remember(const ScreenWindow& window);
+  void rememberFolding(FindingsPane& pane);
   void restoreColumns(ScreenWindow& window);
   QSize comfortable(const ScreenWindow& window, const QSize& room) const;
 

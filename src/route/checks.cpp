@@ -166,9 +166,12 @@ ui::Finding withoutDifference(const ui::Grid& grid, int row, int col) {
 }
 
 ui::Finding notTaken(const ui::Grid& grid, int row, int col, std::string_view wayOut) {
-  return {ui::Severity::Error, row, col,
+  return {ui::Severity::Error,
+          row,
+          col,
           placeName(grid, row) + "の" + cellName(grid, row, col) + "は、まだ計算に入っていません。",
-          std::string(wayOut)};
+          std::string(wayOut),
+          ui::CellMark::NotTaken};
 }
 
 ui::Finding changedByHand(const ui::Grid& grid, int row, int col, std::string_view computed) {
@@ -177,7 +180,8 @@ ui::Finding changedByHand(const ui::Grid& grid, int row, int col, std::string_vi
           col,
           placeName(grid, row) + "の" + cellName(grid, row, col) + "は手で直した値です。計算では " +
               std::string(computed) + " です。",
-          {}};
+          {},
+          ui::CellMark::ByHand};
 }
 
 }  // namespace route

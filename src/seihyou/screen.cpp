@@ -9,6 +9,7 @@
 #include "seihyou/columns.h"
 #include "seihyou/data.h"
 #include "seihyou/tables.h"
+#include "seihyou/through_means.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
 
@@ -44,6 +45,8 @@ fSHsei::fSHsei(const job::JobContext& context, ui::Desktop& desktop)
   SSTab1.put(0, {&Grid1});
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
   Grid1.setEntry([](int row, int col) { return !isStartHeightCell(row, col); });
+  on(throughMeansItem.onClick, "calcThroughMeans_Click", [this] { calculateThroughMeans(); });
+  throughMeansItem.setActName("繰り返し点の平均を通して計算");
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
   onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) { takeBlock(cells); });
 }
@@ -90,6 +93,11 @@ void fSHsei::Grid1_KeyPress(char32_t code) {
 void fSHsei::calculateFrom(int row) {
   const ui::Hourglass wait(desktop());
   FcCalcSeihyou(Grid1, row, context_.grade());
+}
+
+void fSHsei::calculateThroughMeans() {
+  const ui::Hourglass wait(desktop());
+  calcThroughMeans(Grid1, context_.grade());
 }
 
 /// Enter takes the correction into the heights and goes on to the next one; any other key is typed.

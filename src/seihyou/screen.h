@@ -10,6 +10,8 @@ namespace seihyou {
 /// each section, sees the corrected heights follow, and saves.
 class fSHsei : public route::RouteScreen {
  public:
+  ui::MenuItem throughMeansItem{"calcThroughMeans", this, "繰り返し点の平均を通して計算(&M)"};
+
   fSHsei(const job::JobContext& context, ui::Desktop& desktop);
 
   ui::Findings findings() const override;
@@ -26,6 +28,7 @@ class fSHsei : public route::RouteScreen {
 
   void Grid1_KeyPress(char32_t code);
   void calculateFrom(int row);
+  void calculateThroughMeans();
   void correctionKey(int row, char32_t code);
   void takeBlock(const std::vector<ui::CellPlace>& cells);
   ui::CellUse cellUse(int row, int col) const;

@@ -74,6 +74,14 @@ class MeanWalk {
   double runStartHeight_ = 0;   // m
 };
 
+/// Writes the route that begins on row `start`. Returns the row below it.
+int calculateRoute(ui::Grid& grid, int start, job::Grade grade) {
+  const text::Pattern& pattern = grade.heights();
+  return reckonThroughMeans(grid, start, grade, [&](int row, double metres) {
+    grid.setText(row, colResult, pattern.format(metres));
+  });
+}
+
 }  // namespace
 
 int reckonThroughMeans(const ui::Grid& grid, int start, job::Grade grade, const TakeReckoned& take) {
@@ -85,9 +93,11 @@ int reckonThroughMeans(const ui::Grid& grid, int start, job::Grade grade, const 
 }
 
 void calcThroughMeans(ui::Grid& grid, int row, job::Grade grade) {
-  const text::Pattern& pattern = grade.heights();
-  reckonThroughMeans(grid, routeStart(grid, row - 1), grade,
-                     [&](int at, double metres) { grid.setText(at, colResult, pattern.format(metres)); });
+  calculateRoute(grid, routeStart(grid, row - 1), grade);
+}
+
+void calcThroughMeans(ui::Grid& grid, job::Grade grade) {
+  for (int start = grid.fixedRows(); start < grid.rows();) start = calculateRoute(grid, start, grade);
 }
 
 }  // namespace seihyou

@@ -29,4 +29,7 @@ int reckonThroughMeans(const ui::Grid& grid, int start, job::Grade grade, const 
 /// that holds `row`, as FcCalcSeihyou writes it, in the grade's height pattern (m).
 void calcThroughMeans(ui::Grid& grid, int row, job::Grade grade);
 
+/// The same for every route in the grid.
+void calcThroughMeans(ui::Grid& grid, job::Grade grade);
+
 }  // namespace seihyou

@@ -9,6 +9,7 @@
 #include "tanrosen/checks.h"
 #include "tanrosen/columns.h"
 #include "tanrosen/data.h"
+#include "tanrosen/levelling_line.h"
 #include "tanrosen/tables.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
@@ -56,6 +57,8 @@ fTHsei::fTHsei(const job::JobContext& context, ui::Desktop& desktop)
   on(Command1.onClick, "Command1_Click", [this] { Command1_Click(); });
   on(Command2.onClick, "Command2_Click", [this] { Command2_Click(); });
   on(cmdCalc.onClick, "FcCalcTanrosen", [this] { cmdCalc_Click(); });
+  on(onKnownHeightsItem.onClick, "calcOnKnownHeights_Click", [this] { calculateOnKnownHeights(); });
+  onKnownHeightsItem.setActName("既知点ごとに閉合させて計算");
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
   onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) {
@@ -112,6 +115,11 @@ void fTHsei::Command2_Click() {
 void fTHsei::cmdCalc_Click() {
   const ui::Hourglass wait(desktop());
   FcCalcTanrosen(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+}
+
+void fTHsei::calculateOnKnownHeights() {
+  const ui::Hourglass wait(desktop());
+  calcOnKnownHeights(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
 }
 
 ui::Findings fTHsei::findings() const {

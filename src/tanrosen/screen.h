@@ -15,6 +15,7 @@ class fTHsei : public route::RouteScreen {
   ui::ListBox lstKiti{"lstKiti", this};
   ui::Button Command2{"Command2", this, "削除"};
   ui::Button cmdCalc{"cmdCalc", this, "計算"};
+  ui::MenuItem onKnownHeightsItem{"calcOnKnownHeights", this, "既知点ごとに閉合させて計算(&K)"};
 
   fTHsei(const job::JobContext& context, ui::Desktop& desktop);
 
@@ -34,6 +35,7 @@ class fTHsei : public route::RouteScreen {
   void Command1_Click();
   void Command2_Click();
   void cmdCalc_Click();
+  void calculateOnKnownHeights();
   void Grid1_KeyPress(char32_t code);
   void takeCorrection(int row);
   ui::CellUse cellUse(int row, int col) const;

@@ -11,6 +11,13 @@ enum class Severity {
   Warning  ///< 注意: worth a look
 };
 
+/// How the cell of a finding is drawn beside its text.
+enum class CellMark {
+  None,
+  NotTaken,  ///< an entry that no calculation has taken up yet
+  ByHand     ///< a value changed by hand since the calculation
+};
+
 /// What a check has found on a screen: it says what is the matter and changes nothing.
 struct Finding {
   Severity severity = Severity::Warning;
@@ -18,6 +25,7 @@ struct Finding {
   int col = -1;
   std::string text;    ///< in Japanese, with the bench marks and numbers that it is about
   std::string wayOut;  ///< what can be done, in Japanese; "" where the text says it all
+  CellMark mark = CellMark::None;
 
   bool operator==(const Finding&) const = default;
 };

@@ -4,6 +4,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -69,6 +70,7 @@ int textWidth(const QWidget& widget) {
 void expectThatAllIsSeen(const QMainWindow& window) {
   std::vector<const QWidget*> controls;
   gather(*window.centralWidget(), controls);
+  if (const auto* dock = window.findChild<QDockWidget*>()) gather(*dock, controls);
   EXPECT_GT(controls.size(), 3U);
   for (const QWidget* control : controls) {
     const QRect place = placeOf(*control, window);

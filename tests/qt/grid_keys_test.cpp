@@ -126,6 +126,7 @@ TEST_F(GridKeys, InputMethodsStayOutOfFigures) {
 }
 
 TEST_F(GridKeys, TabGoesFromEntryToEntryAndOutBehindTheLast) {
+  open_.window().findingsPane()->hide();
   QLineEdit elsewhere(open_.window().centralWidget());
   elsewhere.show();
   grid_.setCurrent(11, 1);
@@ -144,6 +145,7 @@ TEST_F(GridKeys, TabGoesFromEntryToEntryAndOutBehindTheLast) {
 }
 
 TEST_F(GridKeys, TabLeavesATableWithoutEntriesAndPassesTheHeadersOfPagesBy) {
+  open_.window().findingsPane()->hide();
   grid_.setCellUse([](int, int) { return ui::CellUse::Shown; });
   QLineEdit elsewhere(open_.window().centralWidget());
   elsewhere.show();

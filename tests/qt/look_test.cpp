@@ -48,6 +48,16 @@ TEST(Contrast, IsThatOfTheGuidelines) {
   EXPECT_NEAR(contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
 }
 
+/// The marks of cells stand on the grounds of cells, typed into, shown or selected.
+TEST_P(Looks, MarksOfCellsStandOutFromEveryGround) {
+  using P = QPalette;
+  const QColor mark = palette_.color(P::Link);
+  const QColor typed = palette_.color(P::Base);
+  const QColor shown = mixed(typed, palette_.color(P::Text), 0.06);
+  for (const QColor& ground : {typed, shown})
+    EXPECT_GE(contrast(mark, ground), 4.5) << ground.name().toStdString();
+}
+
 TEST_P(Looks, EveryTextStandsOutFromItsGround) {
   using P = QPalette;
   const std::pair<P::ColorRole, P::ColorRole> pairs[] = {{P::WindowText, P::Window},
