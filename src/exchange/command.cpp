@@ -8,6 +8,7 @@
 #include "exchange/copy.h"
 #include "exchange/create.h"
 #include "exchange/csv_file.h"
+#include "text/reason.h"
 
 namespace exchange {
 namespace {
@@ -111,7 +112,7 @@ int run(const std::vector<std::string>& words, std::ostream& out, std::ostream& 
   try {
     return carryOut(*request, out, err);
   } catch (const std::exception& error) {
-    err << error.what() << '\n';
+    err << text::reasonOf(error) << '\n';
     return failed;
   }
 }

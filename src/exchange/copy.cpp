@@ -9,6 +9,7 @@
 #include "open/open.h"
 #include "platform/files.h"
 #include "text/number.h"
+#include "text/reason.h"
 
 namespace exchange {
 namespace {
@@ -19,7 +20,8 @@ using Definition = std::vector<db::ColumnDefinition>;
 struct Passage {
   db::Column from;
   std::string name;
-  Kind kind;  ///< in the table that is written
+  Kind kind;   ///< in the table that is written
+  bool whole;  ///< the column there holds whole numbers
 };
 
 [[noreturn]] void refuseValue(const Passage& column, const db::Value& value) {
@@ -35,6 +37,7 @@ db::Value fitted(const db::Value& value, const Passage& column) {
     return value.text();
   }
   if (column.kind == Kind::Number && value.isText() && text::isNumeric(value.text())) {
+    if (column.whole && db::isLongWhole(value.text())) return value;  // the engine makes the number of it
     const db::Value number = text::readNumber(value.text());
     if (number.text() != value.text()) refuseValue(column, value);
     return number;
@@ -44,8 +47,10 @@ db::Value fitted(const db::Value& value, const Passage& column) {
 
 std::vector<Passage> passages(const db::Recordset& records, const Definition& from, const Definition& to) {
   std::vector<Passage> columns;
-  for (const db::ColumnDefinition& column : from)
-    columns.push_back({records.column(column.name), column.name, kindOf(findColumn(to, column.name)->type)});
+  for (const db::ColumnDefinition& column : from) {
+    const std::string& type = findColumn(to, column.name)->type;
+    columns.push_back({records.column(column.name), column.name, kindOf(type), isWholeType(type)});
+  }
   return columns;
 }
 
@@ -67,7 +72,7 @@ void copyRecords(db::Recordset& records, const std::string& table, const std::ve
       records.moveNext();
     } catch (const std::exception& error) {
       throw db::Error("テーブル「" + table + "」の " + std::to_string(writer.added() + 1) +
-                      " 件目を移せません。" + error.what());
+                      " 件目を移せません。" + text::reasonOf(error));
     }
     writer.add(row);
   }
@@ -124,7 +129,6 @@ void reportMissing(db::Database& to, const std::string& table, std::ostream& pro
 }
 
 void copyTables(db::Database& from, db::Database& to, std::ostream& progress) {
-  to.gather();
   for (const job::TableSchema& table : job::schemaTables())
     if (const auto definition = definitionOf(from, table.name))
       copyTable(from, to, table, *definition, progress);
@@ -132,16 +136,32 @@ void copyTables(db::Database& from, db::Database& to, std::ostream& progress) {
       reportMissing(to, table.name, progress);
 }
 
-/// All tables reach `to` in one piece.
+/// The error that ends a copy which has left nothing at `to`.
+db::Error nothingWritten(const std::exception& error, const std::string& to) {
+  return db::Error(text::reasonOf(error) + " 移す先「" + to + "」には何も書き込んでいません。");
+}
+
+/// All tables reach the database that is there in one piece.
 void copyInto(db::Database& from, const std::string& to, std::ostream& progress) {
   const auto target = db::openDatabase(to);
   try {
+    target->gather();
     copyTables(from, *target, progress);
   } catch (const std::exception& error) {
     target->discard();
-    throw db::Error(std::string(error.what()) + " 移す先「" + to + "」には何も書き込んでいません。");
+    throw nothingWritten(error, to);
   }
   target->close();
+}
+
+void copyIntoNew(db::Database& from, const std::string& to, std::ostream& progress) {
+  makeFile(to, [&](db::Database& target) {
+    try {
+      copyTables(from, target, progress);
+    } catch (const std::exception& error) {
+      throw nothingWritten(error, to);
+    }
+  });
 }
 
 }  // namespace
@@ -150,17 +170,9 @@ void copyJob(const std::string& from, const std::string& to, bool over, std::ost
   if (from == to || platform::isSameFile(from, to)) throw db::Error("移す元と移す先が同じです: " + from);
   const auto source = db::openDatabase(from);
   requireJob(*source, from);
-  const bool making = !isThere(to);
-  if (making)
-    createFile(to);
-  else if (!over)
-    requireEmpty(to);
-  try {
-    copyInto(*source, to, progress);
-  } catch (const db::Error&) {
-    if (making) platform::removeFile(to);
-    throw;
-  }
+  if (!isThere(to)) return copyIntoNew(*source, to, progress);
+  if (!over) requireEmpty(to);
+  copyInto(*source, to, progress);
 }
 
 }  // namespace exchange

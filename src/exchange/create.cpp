@@ -9,14 +9,15 @@
 #include "sql/split_statements.h"
 #include "sql/tokens.h"
 #include "text/padding.h"
+#include "text/reason.h"
 
 namespace exchange {
 namespace {
 
-/// A name as it stands in SQL; one that is no plain word is put in brackets.
-std::string sqlName(const std::string& name) {
-  const std::vector<db::Token> words = db::tokens(name);
-  return words.size() == 1 && words[0].kind == db::TokenKind::Name ? name : "[" + name + "]";
+/// A name as every engine reads it, whatever it holds. Engines that know no double quotes have no brackets in
+/// their names.
+std::string nameInSql(const std::string& name) {
+  return name.find_first_of("[]") == std::string::npos ? "[" + name + "]" : db::quotedName(name);
 }
 
 /// A declared type in the words that the schema uses.
@@ -25,7 +26,9 @@ std::string schemaType(const std::string& type) {
     case Kind::Text:
       return type.starts_with("TEXT") ? type : "TEXT";
     case Kind::Number:
-      return type == "INTEGER" ? type : "REAL";
+      if (!isWholeType(type)) return "REAL";
+      return type.find('8') == std::string::npos && type.find("BIG") == std::string::npos ? "INTEGER"
+                                                                                          : "BIGINT";
     case Kind::Other:
       break;
   }
@@ -45,10 +48,8 @@ std::string declaration(const job::ColumnSchema& column, const std::vector<db::C
 }
 
 void createTables(db::Database& database, const std::function<void(db::Database&)>& fill) {
-  database.gather();
   for (const std::string& statement : db::splitStatements(job::schemaSql())) database.execute(statement);
   if (fill) fill(database);
-  database.close();
 }
 
 /// A data source may lead to a job that is there already.
@@ -62,14 +63,7 @@ bool hasExtension(const std::string& path, const char* extension) {
   return text::equalIgnoringCase(platform::pathText(platform::nativePath(path).extension()), extension);
 }
 
-}  // namespace
-
-bool isThere(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::exists(platform::nativePath(path), ignored);
-}
-
-void createFile(const std::string& path) {
+void requireNewFile(const std::string& path) {
   if (hasExtension(path, ".dsn") && !isThere(path))
     throw db::Error("「" + path +
                     "」が見つかりません。サーバーのデータベースに書くには、それを示すファイルデータソースを"
@@ -77,22 +71,61 @@ void createFile(const std::string& path) {
   for (const char* other : {".mdb", ".accdb", ".dsn"})
     if (hasExtension(path, other))
       throw db::Error("「" + path + "」は作れません。新しく作れるのは SQLite のファイルだけです。");
-  db::createDatabase(path)->close();
+  if (platform::standingAt(path) != platform::Standing::Nothing)
+    throw db::Error("「" + path + "」はすでにあるため、データベースを作れません。");
+}
+
+void fillFile(const std::string& path, const std::function<void(db::Database&)>& fill) {
+  const auto database = db::createDatabase(path);
+  database->gather();
+  try {
+    fill(*database);
+  } catch (...) {
+    database->discard();
+    throw;
+  }
+  database->close();
+}
+
+/// `words` with `path` wherever they name the file that grew for it.
+std::string replaced(std::string words, const std::string& grown, const std::string& path) {
+  for (std::size_t at = words.find(grown); at != std::string::npos; at = words.find(grown, at + path.size()))
+    words.replace(at, grown.size(), path);
+  return words;
+}
+
+}  // namespace
+
+bool isThere(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::exists(platform::nativePath(path), ignored);
+}
+
+void makeFile(const std::string& path, const std::function<void(db::Database&)>& fill) {
+  requireNewFile(path);
+  platform::GrowingFile growing(path);
+  try {
+    fillFile(growing.path(), fill);
+    if (growing.finishNew()) return;
+  } catch (const std::exception& error) {
+    throw db::Error(replaced(text::reasonOf(error), growing.path(), path));
+  }
+  throw db::Error("「" + path + "」はすでにあるため、データベースを作れません。");
 }
 
 void createJob(const std::string& path, const std::function<void(db::Database&)>& fill) {
-  const bool making = !(hasExtension(path, ".dsn") && isThere(path));
-  if (making) createFile(path);
-  std::unique_ptr<db::Database> database;
+  const auto make = [&fill](db::Database& database) { createTables(database, fill); };
+  if (!hasExtension(path, ".dsn") || !isThere(path)) return makeFile(path, make);
+  const auto database = db::openDatabase(path);
+  requireNoJob(*database, path);
+  database->gather();
   try {
-    database = db::openDatabase(path);
-    if (!making) requireNoJob(*database, path);
-    createTables(*database, fill);
+    make(*database);
   } catch (...) {
-    if (database) database->discard();
-    if (making) platform::removeFile(path);
+    database->discard();
     throw;
   }
+  database->close();
 }
 
 void createTable(db::Database& database, const job::TableSchema& table,
@@ -101,7 +134,8 @@ void createTable(db::Database& database, const job::TableSchema& table,
   for (const job::ColumnSchema& column : table.columns)
     columns += (columns.empty() ? "" : ", ") + declaration(column, like);
   for (const db::ColumnDefinition& column : like)
-    if (!isKnown(table, column.name)) columns += ", " + sqlName(column.name) + " " + schemaType(column.type);
+    if (!isKnown(table, column.name))
+      columns += ", " + nameInSql(column.name) + " " + schemaType(column.type);
   database.execute("CREATE TABLE " + table.name + " (" + columns + ")");
   for (const std::string& index : table.indexes) database.execute(index);
 }
@@ -111,7 +145,7 @@ void addMissingColumns(db::Database& database, const std::string& table,
   const std::vector<db::ColumnDefinition> present = database.tableDefinition(table);
   for (const db::ColumnDefinition& column : like)
     if (findColumn(present, column.name) == nullptr)
-      database.execute("ALTER TABLE " + table + " ADD COLUMN " + sqlName(column.name) + " " +
+      database.execute("ALTER TABLE " + table + " ADD COLUMN " + nameInSql(column.name) + " " +
                        schemaType(column.type));
 }
 

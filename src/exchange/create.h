@@ -17,9 +17,11 @@ namespace exchange {
 /// which fails as a whole where `fill` does.
 void createJob(const std::string& path, const std::function<void(db::Database&)>& fill = {});
 
-/// Makes a new, empty SQLite file without tables. Raises db::Error where something stands there already or
-/// the name belongs to another engine (.mdb, .accdb, .dsn).
-void createFile(const std::string& path);
+/// Makes a new SQLite file at `path` with what `fill` writes into it, all of it in one piece: it grows beside
+/// that path under a name of its own, so neither a full medium nor a killed process leaves a part of it
+/// there. Raises db::Error where something stands there already, where the name belongs to another engine
+/// (.mdb, .accdb, .dsn), and where `fill` raises anything.
+void makeFile(const std::string& path, const std::function<void(db::Database&)>& fill);
 
 /// True where something stands at `path`.
 bool isThere(const std::string& path);

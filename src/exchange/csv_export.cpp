@@ -27,6 +27,7 @@ class Content {
     ++record_;
     for (std::size_t i = 0; i < columns.size(); ++i) {
       const db::Value value = records.value(columns[i]);
+      if (value.isBytes()) throw db::Error(placeOf(i) + "はバイト列で、CSV ファイルには書けません。");
       add(i, exactText(value), needsQuotes(value, kindOf(columns_[i].type)));
     }
     bytes_ += "\r\n";
@@ -43,9 +44,13 @@ class Content {
     text::appendField(bytes_, *bytes, quoted);
   }
 
+  std::string placeOf(std::size_t column) const {
+    return "テーブル「" + table_ + "」の " + std::to_string(record_) + " 件目の列「" + columns_[column].name +
+           "」";
+  }
+
   [[noreturn]] void refuse(std::size_t column, const std::string& words) const {
-    const std::string place = "テーブル「" + table_ + "」の " + std::to_string(record_) + " 件目の列「" +
-                              columns_[column].name + "」";
+    const std::string place = placeOf(column);
     if (!platform::encoded(words, Encoding::Utf8))
       throw db::Error(place + "に文字として正しくないバイトがあります。");
     throw db::Error(place + "の文字「" + platform::firstLacking(words, encoding_) +
@@ -59,12 +64,49 @@ class Content {
   std::int64_t record_ = 0;
 };
 
+const char* wordsFor(platform::WriteObstacle obstacle) {
+  switch (obstacle) {
+    case platform::WriteObstacle::NoFolder:
+      return "フォルダがありません。";
+    case platform::WriteObstacle::IsFolder:
+      return "その名前のフォルダがあります。";
+    case platform::WriteObstacle::Full:
+      return "ディスクの空き容量が足りません。";
+    case platform::WriteObstacle::Locked:
+      break;
+  }
+  return "書き込みが許されていないか、他のプログラムが使用中です。";
+}
+
 void save(const std::string& file, const std::string& bytes) {
   try {
     platform::writeFile(file, bytes);
   } catch (const text::RuntimeError&) {
-    throw db::Error("CSV ファイル「" + file + "」に書き込めません。");
+    throw db::Error("CSV ファイル「" + file + "」に書き込めません。" +
+                    wordsFor(platform::writeObstacle(file, bytes.size())));
   }
+}
+
+/// Why nothing is put in the place of what stands at the file's path; "" where nothing stands in the way.
+const char* replacingFault(const std::string& file) {
+  switch (platform::standingAt(file)) {
+    case platform::Standing::Nothing:
+      return "";
+    case platform::Standing::Link:
+      return "はリンクです。リンク先のファイルを指定してください。";
+    case platform::Standing::Folder:
+      return "はフォルダです。";
+    case platform::Standing::Other:
+      return "は装置やパイプで、ファイルではありません。";
+    case platform::Standing::File:
+      break;
+  }
+  return db::isDatabase(file) ? "はデータベースです。CSV ファイルで置き換えることはしません。" : "";
+}
+
+void requireReplaceable(const std::string& file) {
+  const std::string why = replacingFault(file);
+  if (!why.empty()) throw db::Error("CSV ファイル「" + file + "」" + why);
 }
 
 }  // namespace
@@ -73,6 +115,7 @@ std::int64_t exportCsv(const std::string& job, const std::string& table, const s
                        Encoding encoding) {
   if (platform::isSameFile(job, file))
     throw db::Error("CSV ファイル「" + file + "」はジョブデータベースそのものです。");
+  requireReplaceable(file);
   const std::string& name = jobTable(table).name;
   const auto database = db::openDatabase(job);
   const auto definition = database->tableDefinition(name);

@@ -5,6 +5,7 @@
 #include "exchange/tables.h"
 #include "open/open.h"
 #include "text/padding.h"
+#include "text/reason.h"
 
 namespace exchange {
 namespace {
@@ -59,7 +60,7 @@ void TableWriter::add(const Row& row) {
     addTo(*records_, columns_, row);
   } catch (const std::exception& error) {
     throw db::Error("テーブル「" + table_ + "」の " + std::to_string(added_ + 1) + " 件目" + described(row) +
-                    "を書き込めません。" + error.what());
+                    "を書き込めません。" + text::reasonOf(error));
   }
   ++added_;
   sum_ += std::hash<std::string>()(keyOf(row));
@@ -78,7 +79,7 @@ std::string TableWriter::keyOf(const Row& row) {
   std::string key;
   for (const db::Value& value : row) {
     const std::string words = exactText(value);
-    key += value.isNull() ? "-" : std::to_string(words.size()) + ":" + words;
+    key += value.isNull() ? "-" : std::to_string(words.size()) + (value.isBytes() ? "x" : ":") + words;
   }
   return key;
 }
@@ -105,7 +106,7 @@ void writeTable(const std::string& path, const std::string& table, const std::ve
     write(writer);
     return database->close();
   } catch (const std::exception& error) {
-    failure = error.what();
+    failure = text::reasonOf(error);
   }
   database->discard();
   throw db::Error(failure + " " + present(path, table, before));

@@ -23,15 +23,24 @@ constexpr std::array numberWords{"INT",      "REAL",   "FLOA", "DOUB",   "NUM", 
                                  "CURRENCY", "MONEY",  "BYTE", "SINGLE", "LONG", "SHORT",
                                  "COUNTER",  "SERIAL", "BOOL", "BIT",    "YESNO"};
 
-}  // namespace
-
-Kind kindOf(std::string_view type) {
+std::string inCapitals(std::string_view type) {
   std::string upper(type);
   for (char& c : upper)
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  return upper;
+}
+
+}  // namespace
+
+Kind kindOf(std::string_view type) {
+  const std::string upper = inCapitals(type);
   if (holdsAny(upper, bytesWords)) return Kind::Other;
   if (holdsAny(upper, textWords)) return Kind::Text;
   return holdsAny(upper, numberWords) ? Kind::Number : Kind::Other;
+}
+
+bool isWholeType(std::string_view type) {
+  return kindOf(type) == Kind::Number && inCapitals(type).find("INT") != std::string::npos;
 }
 
 std::optional<std::vector<db::ColumnDefinition>> definitionOf(db::Database& database,

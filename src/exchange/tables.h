@@ -22,6 +22,9 @@ enum class Kind {
 /// "DOUBLE", "int4" …).
 Kind kindOf(std::string_view type);
 
+/// True for a declared type whose columns hold whole numbers ("INTEGER", "int8", "BIGINT").
+bool isWholeType(std::string_view type);
+
 /// The columns of a table in their order; nothing where the database has no such table. Any other trouble
 /// raises db::Error: a table that cannot be looked at must not pass for one that is not there.
 std::optional<std::vector<db::ColumnDefinition>> definitionOf(db::Database& database, std::string_view table);
@@ -37,8 +40,7 @@ const job::TableSchema& jobTable(std::string_view name);
 std::int64_t countRecords(db::Database& database, const std::string& table);
 
 /// A value as text from which it can be read back exactly: a number in the shortest form that does so. Null
-/// is
-/// "".
+/// is "".
 std::string exactText(const db::Value& value);
 
 }  // namespace exchange

@@ -9,8 +9,10 @@
 #include "intake/cells.h"
 #include "intake/store.h"
 #include "open/open.h"
-#include "platform/files.h"
+#include "platform/input_file.h"
 #include "platform/text_encoding.h"
+#include "text/error.h"
+#include "text/reason.h"
 
 namespace intake {
 namespace {
@@ -63,9 +65,8 @@ std::optional<Request> parse(const std::vector<std::string>& words) {
 
 std::string readText(const Request& request) {
   const std::string& file = request.operands[1];
-  const auto bytes = platform::isFile(file) ? platform::readFile(file) : std::nullopt;
-  if (!bytes) throw db::Error("ファイル「" + file + "」を読み込めません。");
-  auto words = platform::decoded(*bytes, *platform::encodingOf(request.value("--encoding", "utf-8")));
+  const std::string bytes = platform::readInput("ファイル", file, platform::mostTextBytes);
+  auto words = platform::decoded(bytes, *platform::encodingOf(request.value("--encoding", "utf-8")));
   if (!words)
     throw db::Error("ファイル「" + file +
                     "」に文字として正しくないバイトがあります。--encoding を確かめてください。");
@@ -80,8 +81,9 @@ Plan planOf(const Request& request) {
   if (defaults.jobId.empty())
     throw db::Error(
         "実行するジョブ (JobData の JikkouFlg が 1) が一つに決まりません。--job で指定してください。");
+  const std::string text = readText(request);
   try {
-    const Block block = readBlock(readText(request));
+    const Block block = readBlock(text);
     return planObservations(block, matchByName(block.headings.cells), defaults);
   } catch (const text::RuntimeError& error) {
     throw db::Error("ファイル「" + request.operands[1] + "」: " + error.what());
@@ -116,7 +118,7 @@ int run(const std::vector<std::string>& words, std::ostream& out, std::ostream& 
   try {
     return import(*request, out);
   } catch (const std::exception& error) {
-    err << error.what() << '\n';
+    err << text::reasonOf(error) << '\n';
     return failed;
   }
 }

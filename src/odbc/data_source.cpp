@@ -14,6 +14,11 @@ std::string_view withoutBraces(std::string_view value) {
   return value;
 }
 
+/// True for what may be the key of a connection; with other characters it would part the text.
+bool isKey(std::string_view text) {
+  return !text.empty() && text.find_first_of("[]{}(),;?*=!@\\") == std::string_view::npos;
+}
+
 std::string inBraces(const std::string& value) {
   std::string result = "{";
   for (const char c : value) result.append(c == '}' ? 2 : 1, c);
@@ -38,7 +43,12 @@ std::string DataSource::value(std::string_view key) const {
 }
 
 void DataSource::setDefault(std::string_view key, std::string_view value) {
-  if (this->value(key).empty()) keys_.emplace_back(key, value);
+  for (auto& [known, present] : keys_) {
+    if (!text::equalIgnoringCase(known, key)) continue;
+    if (present.empty()) present = value;
+    return;
+  }
+  keys_.emplace_back(key, value);
 }
 
 std::string DataSource::connectionString() const {
@@ -61,8 +71,8 @@ DataSource readDataSource(std::string_view content) {
     if (line.front() == '[') inside = text::equalIgnoringCase(line, "[ODBC]");
     const std::size_t equals = line.find('=');
     if (!inside || equals == std::string_view::npos) continue;
-    result.setDefault(text::trimmed(line.substr(0, equals)),
-                      withoutBraces(text::trimmed(line.substr(equals + 1))));
+    const std::string_view key = text::trimmed(line.substr(0, equals));
+    if (isKey(key)) result.setDefault(key, withoutBraces(text::trimmed(line.substr(equals + 1))));
   }
   return result;
 }

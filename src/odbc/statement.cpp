@@ -1,7 +1,9 @@
 #include "odbc/statement.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "odbc/connection.h"
 #include "text/number.h"
@@ -66,6 +68,7 @@ void OdbcStatement::bind(std::size_t place, const Value& value) {
   Parameter& parameter = parameters_[place - 1];
   const auto number = static_cast<SQLUSMALLINT>(place);
   if (value.isText()) return bindText(place, parameter, value.text());
+  if (value.isBytes()) return bindBytes(place, parameter, value.text());
   parameter.length = value.isNull() ? SQL_NULL_DATA : 0;
   parameter.number = value.number();
   SQLSMALLINT form = SQL_C_DOUBLE;
@@ -92,6 +95,14 @@ void OdbcStatement::bindText(std::size_t place, Parameter& parameter, const std:
   check(SQLBindParameter(handle_.get(), static_cast<SQLUSMALLINT>(place), SQL_PARAM_INPUT, calls_.textType(),
                          type, count == 0 ? 1 : count, 0, parameter.text.data(), parameter.length,
                          &parameter.length));
+}
+
+void OdbcStatement::bindBytes(std::size_t place, Parameter& parameter, const std::string& bytes) {
+  parameter.text = bytes;
+  parameter.length = static_cast<SQLLEN>(bytes.size());
+  check(SQLBindParameter(handle_.get(), static_cast<SQLUSMALLINT>(place), SQL_PARAM_INPUT, SQL_C_BINARY,
+                         SQL_LONGVARBINARY, bytes.empty() ? 1 : bytes.size(), 0, parameter.text.data(),
+                         parameter.length, &parameter.length));
 }
 
 void OdbcStatement::requireConnection() const {
@@ -136,6 +147,7 @@ void OdbcStatement::check(SQLRETURN code, std::string_view table) {
 
 OdbcStatement::Reading OdbcStatement::readingOf(SQLSMALLINT type) const {
   if (holdsDecimals(type)) return Reading::Decimal;
+  if (type == SQL_BIGINT) return Reading::Decimal;  // a double does not hold all of them
   if (holdsNumbers(type)) return connection_->product().givesNumbers() ? Reading::Number : Reading::Decimal;
   return holdsBytes(type) ? Reading::Bytes : Reading::Text;
 }
@@ -165,6 +177,8 @@ std::vector<bool> OdbcStatement::numberColumns() {
 void OdbcStatement::resemble(const OdbcStatement& other) {
   names_ = other.names_;
   readings_ = other.readings_;
+  // The texts of exact numbers, which may be whole ones that no double holds.
+  std::replace(readings_.begin(), readings_.end(), Reading::Number, Reading::Decimal);
   row_.resize(names_.size());
   described_ = true;
 }
@@ -220,11 +234,11 @@ Value OdbcStatement::readNumber(SQLUSMALLINT column) {
   return length == SQL_NULL_DATA ? Value() : Value(number);
 }
 
-/// An engine may keep any text in a column of decimals.
+/// An engine may keep any text in a column of decimals, and a whole number that a double cannot hold.
 Value OdbcStatement::readDecimal(SQLUSMALLINT column) {
   Value value = readLong(column, calls_.textType());
   const std::string words = value.text();
-  return text::isNumeric(words) ? Value(text::readNumber(words)) : value;
+  return text::isNumeric(words) && !isLongWhole(words) ? Value(text::readNumber(words)) : value;
 }
 
 /// A driver hands long data over piece by piece; each piece of a text ends with a zero character.
@@ -245,7 +259,8 @@ Value OdbcStatement::readLong(SQLUSMALLINT column, SQLSMALLINT type) {
     bytes.append(piece.data(), more ? room : static_cast<std::size_t>(length));
     if (!more) break;
   }
-  return Value(type == SQL_C_BINARY ? bytes : calls_.fromDriver(bytes));
+  if (type == SQL_C_BINARY) return Bytes{std::move(bytes)};
+  return calls_.fromDriver(bytes);
 }
 
 }  // namespace db

@@ -75,6 +75,7 @@ class OdbcStatement {
   void requireConnection() const;
   void execute(std::string_view table);
   void bindText(std::size_t place, Parameter& parameter, const std::string& text);
+  void bindBytes(std::size_t place, Parameter& parameter, const std::string& bytes);
   void check(SQLRETURN code, std::string_view table = {});
   Reading readingOf(SQLSMALLINT type) const;
   void describe();

@@ -16,7 +16,7 @@ constexpr std::size_t mostKept = 8;
 /// The number that a text is as a whole, blanks at its ends apart.
 Value asNumber(const Value& value) {
   const std::string words = value.text();
-  return text::isNumeric(words) ? Value(text::readNumber(words)) : value;
+  return text::isNumeric(words) && !isLongWhole(words) ? Value(text::readNumber(words)) : value;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/files.h"
+#include "platform/input_file.h"
 #include "sqlite/database.h"
 #include "text/padding.h"
 #ifdef SEIKAHYOU_ODBC
@@ -45,10 +46,14 @@ void requireFile(std::string_view path) {
   if (!platform::isFile(path)) throw Error("「" + std::string(path) + "」はファイルではありません。");
 }
 
+void requireReadable(std::string_view path) {
+  const auto obstacle = platform::readObstacle(path);
+  if (obstacle == platform::ReadObstacle::Denied) throw Error(named(path) + "を読む権限がありません。");
+  if (obstacle == platform::ReadObstacle::InUse) throw Error(named(path) + "は他のプログラムが使用中です。");
+}
+
 /// The bytes by which an engine knows its files.
-std::string beginningOf(std::string_view path) {
-  std::ifstream file(platform::nativePath(path), std::ios::binary);
-  if (!file) throw Error(named(path) + "を読む権限がありません。");
+std::string beginningOf(std::ifstream& file) {
   std::array<char, longestMark> bytes{};
   file.read(bytes.data(), bytes.size());
   return {bytes.data(), static_cast<std::size_t>(file.gcount())};
@@ -58,7 +63,7 @@ std::string beginningOf(std::string_view path) {
 std::unique_ptr<Database> openThroughOdbc(std::string_view path, FileKind kind) {
   if (kind == FileKind::Access) return openAccessFile(path);
   const std::optional<std::string> content = platform::readFile(path);
-  if (!content) throw Error(named(path) + "を読む権限がありません。");
+  if (!content) throw Error(named(path) + "を読み込めません。");
   return openDataSource(path, *content);
 }
 #else
@@ -79,7 +84,11 @@ FileKind fileKind(std::string_view path, std::string_view beginning) {
 
 std::unique_ptr<Database> openDatabase(std::string_view path) {
   requireFile(path);
-  const std::string beginning = beginningOf(path);
+  requireReadable(path);
+  std::ifstream file(platform::nativePath(path), std::ios::binary);
+  if (!file) throw Error(named(path) + "を読み込めません。");
+  const std::string beginning = beginningOf(file);
+  file.close();  // the engine may want the file for itself
   if (beginning.empty())
     throw Error("「" + std::string(path) + "」は空のファイルで、データベースではありません。");
   switch (const FileKind kind = fileKind(path, beginning)) {
@@ -92,6 +101,12 @@ std::unique_ptr<Database> openDatabase(std::string_view path) {
       break;
   }
   throw Error("「" + std::string(path) + "」はデータベースではありません。");
+}
+
+bool isDatabase(std::string_view path) {
+  if (!platform::isFile(path)) return false;
+  std::ifstream file(platform::nativePath(path), std::ios::binary);
+  return fileKind(path, beginningOf(file)) != FileKind::Unknown;
 }
 
 std::unique_ptr<Database> createDatabase(std::string_view path) {

@@ -51,7 +51,9 @@ bool isBroken(std::string_view bytes) {
 /// Rows are filled up to whole groups of four bytes.
 void countPlainRows(BitmapHead& head, std::uint32_t bits) {
   head.rowBytes = (static_cast<std::uint64_t>(head.width) * bits + 31) / 32 * 4;
-  head.pixelBytes = head.rowBytes * static_cast<std::uint64_t>(std::abs(head.height));
+  const auto rows = static_cast<std::uint64_t>(std::abs(head.height));
+  const bool countable = rows == 0 || head.rowBytes <= BitmapHead::mostBytes / rows;
+  head.pixelBytes = countable ? head.rowBytes * rows : BitmapHead::mostBytes;
 }
 
 std::optional<BitmapHead> headOf(std::string_view bytes) {

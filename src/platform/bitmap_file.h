@@ -19,8 +19,13 @@ struct BitmapHead {
   std::uint64_t rowBytes = 0;    ///< bytes of a plain row
   std::uint64_t pixelBytes = 0;  ///< bytes of all pixels
 
+  /// What stands for more bytes than can be counted.
+  static constexpr std::uint64_t mostBytes = UINT64_MAX;
+
   /// How many bytes the file has at least.
-  std::uint64_t fileSize() const { return pixelsAt + pixelBytes; }
+  std::uint64_t fileSize() const {
+    return pixelBytes > mostBytes - pixelsAt ? mostBytes : pixelsAt + pixelBytes;
+  }
 };
 
 /// The head of the bitmap file at `path`; nothing where there is none of a known form.

@@ -36,16 +36,29 @@ std::optional<DWORD> attributesOf(std::string_view path) {
   return attributes == INVALID_FILE_ATTRIBUTES ? std::nullopt : std::optional(attributes);
 }
 
-/// Puts a file in the place of another, which is never missing in between.
-bool putInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {
-  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
-}
-
 bool copyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
   return CopyFileW(from.c_str(), to.c_str(), FALSE) != FALSE;
 }
 
 bool removeNative(const std::filesystem::path& path) { return DeleteFileW(path.c_str()) != FALSE; }
+
+/// True for the names that lead to a device in every folder, such as "NUL" and "COM1".
+bool isDevice(const std::filesystem::path& path) {
+  std::wstring full(32768, L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full.starts_with(LR"(\\.\)");
+}
+
+/// True for links to files and folders; other reparse points are ordinary files, such as those that stand in
+/// a cloud.
+bool isLink(const std::filesystem::path& path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
 
 }  // namespace
 
@@ -63,15 +76,18 @@ bool isFolder(std::string_view path) {
   return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+Standing standingAt(std::string_view path) {
+  const std::filesystem::path native = nativePath(path);
+  if (isDevice(native)) return Standing::Other;
+  const auto attributes = attributesOf(path);
+  if (!attributes) return Standing::Nothing;
+  if (isLink(native)) return Standing::Link;
+  return (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Standing::Folder : Standing::File;
+}
+
 #else
 
 namespace {
-
-bool putInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {
-  std::error_code error;
-  std::filesystem::rename(from, to, error);
-  return !error;
-}
 
 bool copyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
   std::error_code error;
@@ -105,6 +121,23 @@ bool isFile(std::string_view path) {
 bool isFolder(std::string_view path) {
   std::error_code ignored;
   return std::filesystem::is_directory(nativePath(path), ignored);
+}
+
+Standing standingAt(std::string_view path) {
+  std::error_code ignored;
+  switch (std::filesystem::symlink_status(nativePath(path), ignored).type()) {
+    case std::filesystem::file_type::none:
+    case std::filesystem::file_type::not_found:
+      return Standing::Nothing;
+    case std::filesystem::file_type::regular:
+      return Standing::File;
+    case std::filesystem::file_type::symlink:
+      return Standing::Link;
+    case std::filesystem::file_type::directory:
+      return Standing::Folder;
+    default:
+      return Standing::Other;
+  }
 }
 
 #endif
@@ -154,18 +187,6 @@ void writeFile(std::string_view path, std::string_view content) {
   file.close();
   if (!file) throw text::RuntimeError(text::ErrorCode::PathNotFound);
   growing.finish();
-}
-
-GrowingFile::GrowingFile(std::string_view path) : target_(path), path_(target_ + ".part") {}
-
-GrowingFile::~GrowingFile() {
-  if (!finished_) removeNative(nativePath(path_));
-}
-
-void GrowingFile::finish() {
-  if (!putInPlace(nativePath(path_), nativePath(target_)))
-    throw text::RuntimeError(text::ErrorCode::PathNotFound);
-  finished_ = true;
 }
 
 WriteObstacle writeObstacle(std::string_view path, std::uintmax_t bytes) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/growing_file.h"
+
 // The file system as the rest of the house sees it. Path texts keep the form in which operators and databases
 // write them ("\" or "/" between folders, UTF-8); they are turned into the platform's form here and nowhere
 // else.
@@ -23,6 +25,18 @@ bool isFile(std::string_view path);
 
 /// True where a folder stands at `path`.
 bool isFolder(std::string_view path);
+
+/// What stands at a path.
+enum class Standing {
+  Nothing,
+  File,
+  Link,  ///< wherever it leads
+  Folder,
+  Other  ///< a device, a pipe or the like
+};
+
+/// What stands at `path`; links are not followed.
+Standing standingAt(std::string_view path);
 
 /// The first line of a text file without its line end and without a UTF-8 mark at its front; "" for an empty
 /// file, nothing where the file cannot be read.
@@ -48,28 +62,6 @@ std::optional<FileState> fileState(std::string_view path);
 /// Writes a whole file in the place of whatever file is at `path`; one that was there stays until the new one
 /// is complete. Raises PathNotFound where it cannot be written.
 void writeFile(std::string_view path, std::string_view content);
-
-/// A file that grows beside the one whose place it takes in the end; whoever writes it writes to path().
-class GrowingFile {
- public:
-  /// `path`: the file that is to be written or replaced. Nothing is made yet.
-  explicit GrowingFile(std::string_view path);
-  /// Deletes what has grown where it was not finished; the file at the target is what it was.
-  ~GrowingFile();
-  GrowingFile(const GrowingFile&) = delete;
-  GrowingFile& operator=(const GrowingFile&) = delete;
-
-  /// Where the content grows.
-  const std::string& path() const { return path_; }
-  /// Puts the complete file, closed by its writer, in the target's place. Raises PathNotFound where that
-  /// fails.
-  void finish();
-
- private:
-  std::string target_;
-  std::string path_;
-  bool finished_ = false;
-};
 
 /// What keeps a file from being written.
 enum class WriteObstacle {

@@ -5,10 +5,11 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/files.h"
+#include "platform/input_file.h"
 #include "platform/system.h"
 #include "script/headless.h"
 #include "shell/program.h"
+#include "text/error.h"
 
 namespace script {
 namespace {
@@ -60,9 +61,11 @@ std::unique_ptr<Hands> handsFor(const Options& options, const WindowHandsMaker& 
 }
 
 std::string scriptText(const std::string& path) {
-  const auto text = platform::isFolder(path) ? std::nullopt : platform::readFile(path);
-  if (!text) throw NotBegun("操作手順のファイル「" + path + "」を読めません。");
-  return *text;
+  try {
+    return platform::readInput("操作手順のファイル", path, platform::mostScriptBytes);
+  } catch (const text::RuntimeError& error) {
+    throw NotBegun(error.what());
+  }
 }
 
 Ending work(const Options& options, std::istream& script, const WindowHandsMaker& windowHands,

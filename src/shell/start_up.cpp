@@ -1,5 +1,6 @@
 #include "shell/start_up.h"
 
+#include "job/selection.h"
 #include "open/open.h"
 #include "platform/files.h"
 #include "text/error.h"
@@ -21,13 +22,9 @@ void readSelectionFile(const std::string& file, job::JobContext& context) {
     throw text::RuntimeError(text::ErrorCode::FileNotFound,
                              "「" + file + "」があるのに読めません。読む権限があるか、ほかのプログラムが" +
                                  "使っていないかを確かめてください。");
-  context.gJobId = text::left(*line, 1);
-  const std::string_view last = text::right(*line, 1);
-  if (last.empty()) throw about(text::ErrorCode::TypeMismatch, "「" + file + "」の1行目が空です。");
-  if (last.size() != 1 || last < "0" || last > "9")
-    throw about(text::ErrorCode::TypeMismatch,
-                "「" + file + "」の1行目の最後の「" + std::string(last) + "」は等級の数字ではありません。");
-  context.gTokyu = text::readInt16(last);
+  const std::string first(text::left(*line, 1));
+  context.gJobId = first;  // told even where the grade is none
+  context.gTokyu = job::selectionOf(*line, file).grade;
 }
 
 std::int16_t grade(const std::string& tokyu) {

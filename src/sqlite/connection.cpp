@@ -55,21 +55,26 @@ bool holdsStatement(std::string_view sql) {
 }  // namespace
 
 Value columnValue(sqlite3_stmt* statement, int column) {
-  switch (sqlite3_column_type(statement, column)) {
+  const int type = sqlite3_column_type(statement, column);
+  switch (type) {
     case SQLITE_NULL:
       return {};
     case SQLITE_INTEGER:
+      return wholeNumber(sqlite3_column_int64(statement, column));
     case SQLITE_FLOAT:
       return sqlite3_column_double(statement, column);
     default:
       break;
   }
-  const auto* bytes =
-      static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
-  if (bytes == nullptr && sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM)
-    throw std::bad_alloc();
-  if (bytes == nullptr) return std::string();
-  return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+  const bool isBytes = type == SQLITE_BLOB;
+  const void* const at = isBytes ? sqlite3_column_blob(statement, column)
+                                 : static_cast<const void*>(sqlite3_column_text(statement, column));
+  if (at == nullptr && sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM) throw std::bad_alloc();
+  std::string content;
+  if (at != nullptr)
+    content.assign(static_cast<const char*>(at),
+                   static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+  return isBytes ? Value(Bytes{std::move(content)}) : Value(std::move(content));
 }
 
 std::vector<std::string> columnNames(sqlite3_stmt* statement) {

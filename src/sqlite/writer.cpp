@@ -125,6 +125,8 @@ int SqliteWriter::bind(sqlite3_stmt* statement, int parameter, std::size_t colum
     return sqlite3_bind_text64(statement, parameter, words->data(), words->size(), SQLITE_STATIC,
                                SQLITE_UTF8);
   const std::string figures = value.text();
+  if (value.isBytes())
+    return sqlite3_bind_blob64(statement, parameter, figures.data(), figures.size(), SQLITE_TRANSIENT);
   return sqlite3_bind_text64(statement, parameter, figures.data(), figures.size(), SQLITE_TRANSIENT,
                              SQLITE_UTF8);
 }

@@ -55,4 +55,31 @@ TEST(Value, IsBlankWhereNothingStandsInIt) {
   EXPECT_FALSE(db::Value(0.0).isBlank());
 }
 
+// 2^53 is the last whole number up to which a double holds all.
+TEST(WholeNumber, StaysExact) {
+  EXPECT_EQ(db::wholeNumber(9007199254740992), db::Value(9007199254740992.0));
+  EXPECT_EQ(db::wholeNumber(-9007199254740992), db::Value(-9007199254740992.0));
+  EXPECT_EQ(db::wholeNumber(9007199254740993), db::Value("9007199254740993"));
+  EXPECT_EQ(db::wholeNumber(INT64_MIN), db::Value("-9223372036854775808"));
+}
+
+TEST(WholeNumber, IsLongBeyondADoubleAlone) {
+  for (const char* text : {"9007199254740993", "-9007199254740993", "9223372036854775807"})
+    EXPECT_TRUE(db::isLongWhole(text)) << text;
+  for (const char* text : {"", "12", "9007199254740992", "09007199254740993", "+9007199254740993",
+                           "9007199254740993.0", "9223372036854775808", "x"})
+    EXPECT_FALSE(db::isLongWhole(text)) << text;
+}
+
+TEST(Bytes, CountAsTheTextThatTheyAreButAreNone) {
+  const db::Value bytes(db::Bytes{" 12 "});
+  EXPECT_TRUE(bytes.isBytes());
+  EXPECT_FALSE(bytes.isText());
+  EXPECT_EQ(bytes.text(), " 12 ");
+  EXPECT_EQ(bytes.number(), 12);
+  EXPECT_FALSE(bytes.isBlank());
+  EXPECT_TRUE(db::Value(db::Bytes{"  "}).isBlank());
+  EXPECT_NE(bytes, db::Value(" 12 "));
+}
+
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/files.h"
 #include "support/job_file.h"
 
 namespace {
@@ -14,6 +15,12 @@ using Lines = std::vector<std::string>;
 class Check : public testing::Test {
  protected:
   Lines findings() const { return exchange::checkJob(job_.path()); }
+  /// The findings, or the error that the examination ends with.
+  Lines told() const {
+    Lines found;
+    const std::string error = test::errorOf([&] { found = findings(); });
+    return error.empty() ? found : Lines{error};
+  }
 
   test::JobFile job_;
 };
@@ -149,6 +156,22 @@ TEST_F(Check, NumbersBooksThroughAllTheirRoutes) {
   row("2", "0", 3);
   EXPECT_EQ(findings(), Lines{"KansokuSeikaDataHKSNB: ジョブ「1」 補正値フラグ「0」 観測簿「2」 "
                               "SaveOrder 2 が抜けています。"});
+}
+
+/// A page of SQLite's file that holds records is overwritten: bytes, from the middle of the file on.
+TEST_F(Check, TellsADamagedFile) {
+  for (int i = 1; i <= 200; ++i) job_.observed("01A00101", i, "'0'", i == 200 ? "'-1'" : "NULL");
+  EXPECT_EQ(findings(), Lines{});
+  const std::string whole = *platform::readFile(job_.path());
+  std::string bytes = whole;
+  std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size()) / 2,
+            bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size()) / 2 + 8192, '\x5A');
+  platform::writeFile(job_.path(), bytes);
+  const Lines found = told();
+  ASSERT_FALSE(found.empty());
+  for (const std::string& words : found) EXPECT_TRUE(test::holds(words, "は壊れています: ")) << words;
+  platform::writeFile(job_.path(), whole.substr(0, whole.size() / 2));
+  EXPECT_TRUE(test::holds(told().at(0), "は壊れています: "));
 }
 
 }  // namespace

@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
+#include "exchange/csv_file.h"
 #include "exchange/tables.h"
 #include "open/open.h"
 #include "platform/files.h"
+#include "sql/tokens.h"
 #include "support/job_file.h"
 
 namespace {
@@ -151,11 +155,97 @@ TEST(Copy, AFailureNamesTheRecordAndLeavesTheJobAsItWas) {
   EXPECT_EQ(other.records("JobData"), jobBefore);  // though it was copied before
 }
 
+/// The names of all that stands in a folder.
+std::vector<std::string> filesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder))
+    names.push_back(entry.path().filename().string());
+  return names;
+}
+
 TEST(Copy, AFailureLeavesNoFileOfItsOwnMaking) {
   const JobFile job;
-  job.sql({"DROP TABLE KansokuKikan", "CREATE TABLE KansokuKikan (JobId TEXT, \"列]\" TEXT)"});
+  job.sql({"INSERT INTO JobData VALUES ('1', CAST(1.5 AS REAL), 1, 1)",
+           "CREATE TABLE other AS SELECT * FROM KansokuKikan", "DROP TABLE KansokuKikan",
+           "CREATE VIEW KansokuKikan AS SELECT abs(-9223372036854775807 - 1) AS JobId"});
   const std::string to = job.folder().path("b.sqlite");
-  EXPECT_NE(copyError(job.path(), to), "");
+  const std::string error = copyError(job.path(), to);
+  EXPECT_TRUE(holds(error, " 移す先「" + to + "」には何も書き込んでいません。")) << error;
+  EXPECT_FALSE(holds(error, ".part")) << error;
+  EXPECT_EQ(filesIn(job.folder().path()).size(), 1U);  // the job itself
+}
+
+// What a killed copy leaves bears the number of a process that is no more.
+TEST(Copy, RemovesWhatAKilledOneHasLeft) {
+  const JobFile job;
+  const std::string to = job.folder().path("b.sqlite");
+  std::string left;
+  {
+    const platform::GrowingFile growing(to);
+    left = growing.path();
+  }
+  const std::string mine = left.substr(0, left.rfind('-', left.rfind('-') - 1) + 1);
+  const std::string dead = mine + "7ffffffe-1.part";
+  const std::string& alive = left;  // of this process
+  for (const std::string& path : {dead, dead + "-journal", alive, to + ".part"})
+    std::ofstream(path) << "half a job";
+  copy(job.path(), to);
+  EXPECT_FALSE(exchange::isThere(dead));
+  EXPECT_FALSE(exchange::isThere(dead + "-journal"));
+  EXPECT_TRUE(exchange::isThere(alive));
+  EXPECT_TRUE(exchange::isThere(to + ".part"));
+}
+
+// Key words, quotes and brackets: an office may have called its columns anything.
+TEST(Copy, TakesColumnsOfAnyName) {
+  const JobFile job;
+  const std::vector<std::string> names{"Order", "Group", "Index", "a]b",  "a[b",   "a\"b",
+                                       "a.b",   "a;b",   "a'b",   "-- a", "列 名", "?"};
+  std::string values;
+  for (const std::string& name : names) {
+    job.sql({"ALTER TABLE JobData ADD COLUMN " + db::quotedName(name) + " TEXT"});
+    values += ",'" + std::to_string(values.size()) + "'";
+  }
+  job.sql({"INSERT INTO JobData VALUES ('1', '作業', 1, 1" + values + ")"});
+  const std::string to = job.folder().path("b.sqlite");
+  copy(job.path(), to);
+  EXPECT_EQ(test::records(to, "JobData"), job.records("JobData"));
+  const JobFile lacking;
+  copy(job.path(), lacking.path());
+  EXPECT_EQ(lacking.records("JobData"), job.records("JobData"));
+  const std::string csv = job.folder().path("b.csv");
+  exchange::exportCsv(to, "JobData", csv, exchange::Encoding::Utf8);
+  exchange::importCsv(to, "JobData", csv, exchange::Encoding::Utf8);
+  EXPECT_EQ(test::records(to, "JobData").size(), 2U);
+  EXPECT_EQ(test::records(to, "JobData")[1], test::records(to, "JobData")[0]);
+}
+
+// 2^53 + 1 is the first whole number that a double does not hold.
+TEST(Copy, KeepsWholeNumbersBeyondADoubleAndBytes) {
+  const JobFile job;
+  job.sql({"ALTER TABLE JobData ADD COLUMN 番号 INTEGER", "ALTER TABLE JobData ADD COLUMN 図 BLOB",
+           "INSERT INTO JobData VALUES ('1', x'00FF27', 1, 1, 9007199254740993, x'00FF27')",
+           "INSERT INTO JobData VALUES ('2', '', 1, 1, -9223372036854775808, x'')"});
+  const std::string to = job.folder().path("b.sqlite");
+  copy(job.path(), to);
+  test::sql(
+      to, {"DELETE FROM JobData WHERE 番号 = 9007199254740993 AND typeof(図) = 'blob' AND hex(図) = '00FF27' "
+           "AND typeof(作業名) = 'blob'",
+           "DELETE FROM JobData WHERE 番号 + 1 = -9223372036854775807 AND typeof(図) = 'blob' AND "
+           "typeof(作業名) = 'text'"});
+  EXPECT_TRUE(test::records(to, "JobData").empty());
+}
+
+TEST(Copy, NamesAWholeNumberThatAColumnWouldRound) {
+  const test::TemporaryFolder folder;
+  const std::string from = folder.path("a.sqlite");
+  db::createDatabase(from)->close();
+  test::sql(from, {"CREATE TABLE KansokuSeikaData (JobId TEXT, 距離 INTEGER)",
+                   "INSERT INTO KansokuSeikaData VALUES ('1', 9007199254740993)"});
+  const std::string to = folder.path("b.sqlite");  // there distances are REAL
+  EXPECT_TRUE(holds(copyError(from, to),
+                    "テーブル「KansokuSeikaData」の 1 件目を移せません。列「距離」は移す先では数値の列で、"
+                    "「9007199254740993」をそのまま書けません。"));
   EXPECT_FALSE(exchange::isThere(to));
 }
 

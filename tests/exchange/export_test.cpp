@@ -18,6 +18,10 @@ class Export : public testing::Test {
     return exchange::exportCsv(job_.path(), "comshiyoukikaimeimst", file(), encoding);
   }
 
+  std::string refusedFor(const std::string& name) const {
+    return errorOf([&] { exchange::exportCsv(job_.path(), "JobData", name, Encoding::Utf8); });
+  }
+
   test::JobFile job_;
 };
 
@@ -67,7 +71,36 @@ TEST_F(Export, NeverWritesOverTheJob) {
 TEST_F(Export, NamesAFileThatCannotBeWritten) {
   const std::string nowhere = job_.folder().path("ない/a.csv");
   EXPECT_EQ(errorOf([&] { exchange::exportCsv(job_.path(), "JobData", nowhere, Encoding::Utf8); }),
-            "CSV ファイル「" + nowhere + "」に書き込めません。");
+            "CSV ファイル「" + nowhere + "」に書き込めません。フォルダがありません。");
+}
+
+TEST_F(Export, ReplacesNothingButAFileOfTexts) {
+  const test::TemporaryFolder& folder = job_.folder();
+  const std::string other = folder.path("別の仕事.sqlite");
+  exchange::createJob(other);
+  const std::string database = *platform::readFile(other);
+  const std::string access = folder.write("古い仕事", std::string("\0\1\0\0Standard Jet DB", 19));
+  const std::string source = folder.write("職場.dsn", "[ODBC]\n");
+  for (const std::string& name : {other, access, source})
+    EXPECT_EQ(refusedFor(name),
+              "CSV ファイル「" + name + "」はデータベースです。CSV ファイルで置き換えることはしません。");
+  EXPECT_TRUE(refusedFor(folder.path()).ends_with("はフォルダです。"));
+  EXPECT_EQ(platform::readFile(other), database);
+  EXPECT_EQ(platform::readFile(source), "[ODBC]\n");
+}
+
+TEST_F(Export, LeavesOtherProgramsFilesAlone) {
+  const std::string part = job_.folder().write("書き 出し.csv.part", "大切な内容");
+  write(Encoding::Utf8);
+  EXPECT_EQ(platform::readFile(part), "大切な内容");
+}
+
+TEST_F(Export, NamesBytesThatAreNoText) {
+  job_.sql({"INSERT INTO ComShiyouKIkaimeiMst VALUES ('1', 1, x'4142', NULL)"});
+  EXPECT_EQ(
+      errorOf([&] { write(Encoding::Utf8); }),
+      "テーブル「ComShiyouKIkaimeiMst」の 1 件目の列「器械名」はバイト列で、CSV ファイルには書けません。");
+  EXPECT_FALSE(exchange::isThere(file()));
 }
 
 }  // namespace

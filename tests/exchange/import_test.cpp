@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "exchange/csv_file.h"
 #include "support/job_file.h"
 
@@ -143,14 +145,30 @@ TEST_F(Import, NamesFilesAndTablesThatAreNotThere) {
                       exchange::importCsv(job_.path(), "JobData", job_.folder().path("ない.csv"),
                                           Encoding::Utf8);
                     }),
-                    "ない.csv」を読み込めません。"));
+                    "ない.csv」が見つかりません。"));
   EXPECT_TRUE(holds(
       errorOf([&] { exchange::importCsv(job_.path(), "JobData", job_.folder().path(), Encoding::Utf8); }),
-      "読み込めません。"));
+      "」はフォルダです。"));
   EXPECT_TRUE(holds(import("a\n1\n", "sqlite_master"),
                     "「sqlite_master」はジョブデータベースのテーブルではありません。"));
   job_.sql({"DROP TABLE A_ExePath"});
   EXPECT_TRUE(holds(import("Exe_Dir\na\n", "A_ExePath"), "テーブル「A_ExePath」がありません。"));
+}
+
+TEST_F(Import, NamesAFileThatIsTooLarge) {
+  const std::string file = job_.folder().write("大.csv", "JobId\n");
+  std::filesystem::resize_file(file, (256U << 20U) + 1);  // of holes: it takes no room
+  EXPECT_EQ(errorOf([&] { exchange::importCsv(job_.path(), "JobData", file, Encoding::Utf8); }),
+            "CSV ファイル「" + file + "」は大きすぎます（257 MB）。読めるのは 256 MB までです。");
+}
+
+TEST_F(Import, KeepsWholeNumbersBeyondADouble) {
+  job_.sql({"ALTER TABLE JobData ADD COLUMN 番号 INTEGER"});
+  EXPECT_EQ(import("JobId,番号\n1,9007199254740993\n2,-9223372036854775808\n", "JobData"), "");
+  EXPECT_EQ(job_.records("JobData"),
+            Lines({"'1'|-|-|-|'9007199254740993'", "'2'|-|-|-|'-9223372036854775808'"}));
+  job_.sql({"DELETE FROM JobData WHERE typeof(番号) = 'integer'"});  // numbers in the file itself
+  EXPECT_TRUE(job_.records("JobData").empty());
 }
 
 }  // namespace

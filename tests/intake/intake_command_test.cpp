@@ -54,7 +54,7 @@ TEST_F(IntakeCommand, StoresNothingWhereALineIsBad) {
 
 TEST_F(IntakeCommand, NamesFilesAndJobsThatAreNotThere) {
   EXPECT_EQ(run({"import-observations", job_.path(), "/nowhere.csv"}), 1);
-  EXPECT_TRUE(holds(err_.str(), "「/nowhere.csv」を読み込めません。")) << err_.str();
+  EXPECT_TRUE(holds(err_.str(), "「/nowhere.csv」が見つかりません。")) << err_.str();
   job_.sql({"UPDATE JobData SET JikkouFlg = 0"});
   const auto file = job_.folder().write("c.csv", "標石番号\nA\n");
   EXPECT_EQ(run({"import-observations", job_.path(), file}), 1);

@@ -28,6 +28,11 @@ TEST(DataSource, ValuesWithSpecialCharactersStandInBraces) {
   EXPECT_EQ(source.connectionString(), "PWD={a;b}}c};");
 }
 
+TEST(DataSource, AKeyStandsOnceAndPartsNoOtherText) {
+  EXPECT_EQ(db::readDataSource("[ODBC]\nUID=\nUID=tanaka\nuid=suzuki\n").connectionString(), "UID=tanaka;");
+  EXPECT_EQ(db::readDataSource("[ODBC]\n=x\nA;B=1\n{C}=2\nD=3\n").connectionString(), "D=3;");
+}
+
 TEST(Utf16, TextsComeBack) {
   for (const char* text : {"", "abc", "水準点『一』", "髙𠮷"}) EXPECT_EQ(db::utf8(db::utf16(text)), text);
   EXPECT_EQ(db::utf16("𠮷").size(), 2U);  // U+20BB7 is a pair of surrogates

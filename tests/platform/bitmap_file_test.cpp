@@ -79,4 +79,9 @@ TEST_F(BitmapFile, WhatIsNoBitmapIsNeverCutShort) {
 // Sizes that would overflow 32 bits: 65536 · 4 bytes · 65536 rows.
 TEST_F(BitmapFile, CountsBeyondThirtyTwoBits) { EXPECT_TRUE(isCutShort(bitmap(65536, 65536, 32, 0, 0, 24))); }
 
+// Rows of 2^32 - 1 pixels at 65535 bits, 2^31 of them: more bytes than 64 bits count.
+TEST_F(BitmapFile, CountsNoFurtherThanItCan) {
+  EXPECT_TRUE(isCutShort(bitmap(-1, INT32_MIN, 65535, 0, 0, 24)));
+}
+
 }  // namespace

@@ -206,6 +206,29 @@ TEST(GrowingFile, LeavesTheOldFileWhereItIsNotFinished) {
   EXPECT_FALSE(platform::isFile(growingPath));
 }
 
+TEST(GrowingFile, TakesAFreePlaceOnly) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.path("新.sqlite");
+  {
+    platform::GrowingFile growing(path);
+    platform::writeFile(growing.path(), "new");
+    EXPECT_TRUE(growing.finishNew());
+  }
+  EXPECT_EQ(platform::readFile(path), "new");
+  platform::GrowingFile second(path);
+  platform::writeFile(second.path(), "another");
+  EXPECT_FALSE(second.finishNew());
+  EXPECT_EQ(platform::readFile(path), "new");
+}
+
+TEST(Standing, TellsWhatIsAtAPath) {
+  const test::TemporaryFolder folder;
+  using platform::Standing;
+  EXPECT_EQ(platform::standingAt(folder.path("ない")), Standing::Nothing);
+  EXPECT_EQ(platform::standingAt(folder.path()), Standing::Folder);
+  EXPECT_EQ(platform::standingAt(folder.write("a.csv", "")), Standing::File);
+}
+
 TEST(WriteObstacle, SaysWhatStandsInTheWay) {
   const test::TemporaryFolder folder;
   using platform::WriteObstacle;

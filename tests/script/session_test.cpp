@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <utility>
+
 #include <sstream>
 #include <stdexcept>
 
@@ -61,10 +64,14 @@ TEST(Session, AWrongCommandLineTellsTheUsage) {
 
 TEST(Session, AScriptThatCannotBeReadIsNamed) {
   const test::TemporaryFolder folder;
-  for (const std::string& path : {folder.path("missing.txt"), folder.path()}) {
+  const std::string large = folder.write("large.txt", "");
+  std::filesystem::resize_file(large, (16U << 20U) + 1);  // of holes: it takes no room
+  for (const auto& [path, why] : {std::pair{folder.path("missing.txt"), "が見つかりません。"},
+                                  std::pair{folder.path(), "はフォルダです。"},
+                                  std::pair{large, "は大きすぎます（17 MB）。読めるのは 16 MB までです。"}}) {
     const Outcome outcome = run({path, "job.sqlite"});
     EXPECT_EQ(outcome.status, 64);
-    EXPECT_EQ(outcome.errors, "操作手順のファイル「" + path + "」を読めません。\n" + script::usage());
+    EXPECT_EQ(outcome.errors, "操作手順のファイル「" + path + "」" + why + "\n" + script::usage());
   }
 }
 
