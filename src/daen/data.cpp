@@ -34,11 +34,6 @@ db::Sql savedSql(const job::JobContext& context, const route::Selection& selecti
          routeKeys("JobId", context, selection) + route::plainCategoryCondition(selection.dataKubun);
 }
 
-db::Sql replacedSql(const job::JobContext& context, const route::Selection& selection) {
-  return "select * from " + db::sqlName(context.tables.gTblKansokuSeikaDataDaen) + " WHERE " +
-         routeKeys("JobID", context, selection) + route::plainCategoryCondition(selection.dataKubun);
-}
-
 /// What observed and saved records have in common: a bench-mark row and a segment row to each.
 class RouteRows {
  public:
@@ -167,9 +162,14 @@ bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& c
   return fill<SavedRows>(Grid1, "FcDHseiDBReOpen", savedSql(context, selection), context, formats);
 }
 
+db::Sql savedRouteSql(const job::JobContext& context, const route::Selection& selection) {
+  return "select * from " + db::sqlName(context.tables.gTblKansokuSeikaDataDaen) + " WHERE " +
+         routeKeys("JobID", context, selection) + route::plainCategoryCondition(selection.dataKubun);
+}
+
 void replaceRoute(db::Database& database, const route::Selection& selection, const job::JobContext& context,
                   const ui::Grid& Grid1) {
-  route::replaceRecords(database, replacedSql(context, selection), [&](db::Recordset& records) {
+  route::replaceRecords(database, savedRouteSql(context, selection), [&](db::Recordset& records) {
     for (int row = 1; row < Grid1.rows(); row += 2) {
       if (hasNumber(Grid1, row)) addRecord(records, selection, context, Grid1, row);
       if (Grid1.text(row, colEndMark) == route::routeEnd) break;

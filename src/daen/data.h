@@ -2,6 +2,7 @@
 
 #include "daen/calculation.h"
 #include "db/database.h"
+#include "db/sql.h"
 #include "job/context.h"
 #include "route/selection.h"
 #include "ui/controls.h"
@@ -24,6 +25,9 @@ bool FcDHseiDBOpen(const route::Selection& selection, const job::JobContext& con
 /// Returns true where no error was reported.
 bool FcDHseiDBReOpen(const route::Selection& selection, const job::JobContext& context,
                      const Formats& formats, ui::Grid& Grid1);
+
+/// The saved results of a selection that a save replaces.
+db::Sql savedRouteSql(const job::JobContext& context, const route::Selection& selection);
 
 /// Replaces the saved results of the selection by the route grid, up to the bench mark that ends the route,
 /// in a database that is open and stays so. Raises db::Error.

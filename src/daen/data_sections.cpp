@@ -36,13 +36,6 @@ const text::Pattern& reopened() {
 
 db::Sql padded(std::string_view key) { return db::sqlValue(route::paddedKey(key)); }
 
-db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return "SELECT * FROM " + db::sqlName(context.tables.gTblDaenHoseiChiHyouData) +
-         " WHERE JobId = " + db::sqlValue(context.gJobId) + " AND 事業番号 =" + padded(selection.jigyoBango) +
-         " AND 路線番号 =" + padded(selection.rosenBango) +
-         " AND DataKubun = " + db::sqlValue(selection.dataKubun);
-}
-
 db::Sql reopenSql(const job::JobContext& context, const route::Selection& selection) {
   const db::Sql table = db::sqlName(context.tables.gTblDaenHoseiChiHyouData);
   return " SELECT * FROM " + table + " WHERE " + " JobId =" + db::sqlValue(context.gJobId) + " AND " + table +
@@ -107,9 +100,20 @@ void addSection(const db::Recordset& record, ui::Grid& grid) {
 
 }  // namespace
 
+db::Sql savedSectionsSql(const job::JobContext& context, const route::Selection& selection) {
+  return "SELECT * FROM " + db::sqlName(context.tables.gTblDaenHoseiChiHyouData) +
+         " WHERE JobId = " + db::sqlValue(context.gJobId) + " AND 事業番号 =" + padded(selection.jigyoBango) +
+         " AND 路線番号 =" + padded(selection.rosenBango) +
+         " AND DataKubun = " + db::sqlValue(selection.dataKubun);
+}
+
+std::size_t countSections(const ui::Grid& Grid2) {
+  return Grid2.rows() > 2 ? static_cast<std::size_t>(Grid2.rows() - 2) : 0;
+}
+
 void replaceSections(db::Database& database, const route::Selection& selection,
                      const job::JobContext& context, const ui::Grid& Grid2) {
-  route::replaceRecords(database, savedSql(context, selection), [&](db::Recordset& records) {
+  route::replaceRecords(database, savedSectionsSql(context, selection), [&](db::Recordset& records) {
     for (int row = 1; row <= Grid2.rows() - 2; ++row) addRecord(records, selection, context, Grid2, row);
   });
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
+
 #include "db/database.h"
+#include "db/sql.h"
 #include "job/context.h"
 #include "route/selection.h"
 #include "ui/controls.h"
@@ -10,6 +13,12 @@ namespace daen {
 
 // The computed sections (table DaenHoseiChiHyouData) and the database. Each procedure opens the job database
 // itself and closes it before it returns.
+
+/// The saved sections of a selection.
+db::Sql savedSectionsSql(const job::JobContext& context, const route::Selection& selection);
+
+/// How many computed sections the section grid holds, its final empty row left out.
+std::size_t countSections(const ui::Grid& Grid2);
 
 /// Replaces the saved sections of the selection by the section grid, its final empty row left out; empty
 /// cells leave their fields Null. The database is open and stays so. Raises db::Error.

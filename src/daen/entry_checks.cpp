@@ -75,6 +75,7 @@ void EntryChecks::waitingSection() {
       "区間 " + sectionName() + " の緯度 " + latitudeText(section_.startDegrees, section_.startMinutes) +
           " と " + latitudeText(section_.endDegrees, section_.endMinutes) + " は、まだ計算に入っていません。",
       "区間計算のページで「OK」を押してください。");
+  findings_.back().mark = ui::CellMark::NotTaken;
   latitude("出発点", section_.startBenchMark, section_.startDegrees, section_.startMinutes);
   latitude("終末点", section_.endBenchMark, section_.endDegrees, section_.endMinutes);
 }

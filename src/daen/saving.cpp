@@ -1,5 +1,6 @@
 #include "daen/saving.h"
 
+#include "daen/columns.h"
 #include "daen/data.h"
 #include "daen/data_sections.h"
 #include "route/records.h"
@@ -19,6 +20,15 @@ bool saveBoth(const route::Selection& selection, const job::JobContext& context,
     });
     route::reportSaved(*Grid1.desktop());
   });
+}
+
+route::SavedParts savedParts(const route::Selection& selection, const job::JobContext& context,
+                             const ui::Grid& Grid1, const ui::Grid& Grid2, const std::string& what) {
+  constexpr bool firstRouteOnly = true;
+  return {{what, context.tables.gTblKansokuSeikaDataDaen, savedRouteSql(context, selection),
+           route::countBenchMarks(Grid1, colEndMark, firstRouteOnly)},
+          {what + " の区間計算", context.tables.gTblDaenHoseiChiHyouData,
+           savedSectionsSql(context, selection), countSections(Grid2)}};
 }
 
 }  // namespace daen

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include "job/context.h"
+#include "route/saved_watch.h"
 #include "route/selection.h"
 #include "ui/grid.h"
 
@@ -14,5 +17,10 @@ namespace daen {
 /// confirmed first and the sections after it, each with its errors under its own name.
 bool saveBoth(const route::Selection& selection, const job::JobContext& context, const ui::Grid& Grid1,
               const ui::Grid& Grid2);
+
+/// The saved records that saveBoth replaces, those of the route first; `what` the route is called in
+/// questions.
+route::SavedParts savedParts(const route::Selection& selection, const job::JobContext& context,
+                             const ui::Grid& Grid1, const ui::Grid& Grid2, const std::string& what);
 
 }  // namespace daen

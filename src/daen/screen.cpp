@@ -1,5 +1,6 @@
 #include "daen/screen.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
@@ -147,6 +148,18 @@ void fDHsei::keepNumeric(ui::TextBox& box) {
 Section fDHsei::section() const {
   return {lblHyousekiNo1.text(), lblHyousekiNo2.text(), txtStartIdo.text(),           txtStartFun.text(),
           txtEndIdo.text(),      txtEndFun.text(),      lblSanshouDaenHoseichi.text()};
+}
+
+route::SavedParts fDHsei::savedParts(const route::Selection& selection) const {
+  return daen::savedParts(selection, context_, Grid1, Grid2, routeName());
+}
+
+/// The section whose latitudes are typed; an error of its calculation has been told.
+bool fDHsei::takeEntries(const ui::Findings&) {
+  CmdDaenCal_Click();
+  const ui::Findings left = findings();
+  return std::none_of(left.begin(), left.end(),
+                      [](const ui::Finding& finding) { return finding.mark == ui::CellMark::NotTaken; });
 }
 
 ui::Findings fDHsei::findings() const {

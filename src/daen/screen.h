@@ -42,6 +42,8 @@ class fDHsei : public route::RouteScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   bool saveData(const route::Selection& selection) override;
+  route::SavedParts savedParts(const route::Selection& selection) const override;
+  bool takeEntries(const ui::Findings& untaken) override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
 

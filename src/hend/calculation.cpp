@@ -33,18 +33,18 @@ text::Date dateOf(std::string_view text) {
 
 /// The error of a text that is no date, met at the bench mark on `row`: which cell holds it, or that it is
 /// the reference date.
-text::RuntimeError errorOf(const NoDate& none, const ui::Grid& grid, int row, std::string_view reference) {
-  const auto about = [&none](const std::string& what) {
-    return text::RuntimeError(text::ErrorCode::TypeMismatch,
-                              text::description(text::ErrorCode::TypeMismatch) + what + "「" + none.text +
-                                  "」は日付ではありません。");
+WrongDate errorOf(const NoDate& none, const ui::Grid& grid, int row, std::string_view reference) {
+  const auto about = [&none](const std::string& what, ui::CellPlace place) {
+    return WrongDate(text::description(text::ErrorCode::TypeMismatch) + what + "「" + none.text +
+                         "」は日付ではありません。",
+                     place);
   };
-  if (none.text == reference) return about("基準日");
+  if (none.text == reference) return about("基準日", {0, 0});
   for (const int at : {row, row - 1, row - 2})
     for (const int col : {colOldDate, colNewDate})
       if (at > 0 && grid.text(at, col) == none.text)
-        return about(route::placeName(grid, at) + " の" + grid.text(0, col));
-  return about({});
+        return about(route::placeName(grid, at) + " の" + grid.text(0, col), {at, col});
+  return about({}, {row, colNewDate});
 }
 
 /// Days from one date text to another; nothing where one of them is blank.

@@ -1,12 +1,28 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "job/grade.h"
+#include "text/error.h"
 #include "text/pattern.h"
 #include "ui/grid.h"
 
 namespace hend {
+
+/// A text that should have been a date and is none: a TypeMismatch that knows where the text stands.
+class WrongDate : public text::RuntimeError {
+ public:
+  /// `description`: complete and in Japanese. `place`: the cell with the text; row 0 for the reference date.
+  WrongDate(const std::string& description, ui::CellPlace place)
+      : RuntimeError(text::ErrorCode::TypeMismatch, description), place_(place) {}
+
+  /// The cell that holds the text; row 0 where it is the reference date.
+  const ui::CellPlace& place() const { return place_; }
+
+ private:
+  ui::CellPlace place_;
+};
 
 /// Works the variation correction over the whole grid (hend/columns.h): carries each section's new height
 /// difference by its daily change to the reference date, whose text `referenceDate` is; blank for none.
@@ -30,8 +46,8 @@ namespace hend {
 /// of these points takes the means of both runs in its own row (days) and the section row below it (height
 /// differences, rounded to the grade's unit, halves upwards), and what follows from the means.
 ///
-/// The row counter moves the current cell along. Raises TypeMismatch where a date is needed and a text is
-/// none; the error names the text with its bench mark and column, or as the reference date.
+/// The row counter moves the current cell along. Raises WrongDate where a date is needed and a text is none;
+/// the error names the text with its bench mark and column, or as the reference date.
 void FcHendCalc(ui::Grid& grid, std::string_view referenceDate, job::Grade grade);
 
 /// The result of row `row` anew after its correction was typed: new height difference plus correction (m), in

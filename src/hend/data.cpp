@@ -42,12 +42,6 @@ db::Sql observedSql(const job::JobContext& context, const route::Selection& sele
          route::loadCategoryCondition(selection.dataKubun) + " ORDER BY DataKubun,SaveOrder";
 }
 
-db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
-  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHend) +
-         projectKeys(context, selection) + exactRoute(selection) +
-         route::plainCategoryCondition(selection.dataKubun);
-}
-
 /// A stored date as the grid shows it: eight digits get their slashes, ten characters stay, any other text is
 /// written anew where it is a date.
 std::string shownDate(const std::string& stored) {
@@ -261,6 +255,12 @@ void addRecords(db::Recordset& records, const route::Selection& selection, const
 }
 
 }  // namespace
+
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection) {
+  return " SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHend) +
+         projectKeys(context, selection) + exactRoute(selection) +
+         route::plainCategoryCondition(selection.dataKubun);
+}
 
 bool FcHendDBOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid) {
   const auto database = db::openDatabase(context.gDbPath);

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "db/sql.h"
 #include "job/context.h"
 #include "route/selection.h"
 #include "ui/grid.h"
@@ -25,6 +26,9 @@ bool FcHendDBOpen(const route::Selection& selection, const job::JobContext& cont
 /// reported.
 bool FcHendDBReOpen(const route::Selection& selection, const job::JobContext& context, ui::Grid& grid,
                     std::string& referenceDate);
+
+/// The saved records of a selection.
+db::Sql savedSql(const job::JobContext& context, const route::Selection& selection);
 
 /// Replaces the saved records of the selection by the grid's bench marks, with the reference date as it
 /// stands in its box. The companion columns (新設点用…) hold the combined section of a newly established

@@ -42,7 +42,7 @@ void DateChecks::readReference() {
         "基準日を入力して「設定」を押してください。");
   else
     add(Severity::Error, -1, -1, "基準日「" + std::string(referenceText_) + "」は日付ではありません。",
-        "2022/08/19 のように入力し直してください。このまま計算するとプログラムが終了します。");
+        "2022/08/19 のように入力し直してください。このままでは計算できません。");
 }
 
 DateChecks::MaybeDate DateChecks::dateIn(int row, int col) {
@@ -52,7 +52,7 @@ DateChecks::MaybeDate DateChecks::dateIn(int row, int col) {
   if (!date && !text::trimmed(cell).empty())
     add(Severity::Error, row, col,
         route::placeName(grid_, row) + "の" + grid_.text(0, col) + "「" + cell + "」は日付ではありません。",
-        "2022/08/19 のように入力し直してください。このまま計算するとプログラムが終了します。");
+        "2022/08/19 のように入力し直してください。このままでは計算できません。");
   return date;
 }
 
@@ -98,6 +98,7 @@ void DateChecks::midpoint(int row, const text::Date& middle, const MaybeDate& ne
       route::placeName(grid_, row) + "の中間の日付 " + middle.text() + " は、新観測年月日 " +
           beforeNew_->text() + " と " + newDate->text() + " の中間ではありません。",
       calculateAgain);
+  findings_.back().mark = ui::CellMark::NotTaken;
 }
 
 void DateChecks::missingDate(int row) {
@@ -151,6 +152,7 @@ void DateChecks::wrongDays(int row, int col, int counted) {
           (cell.empty() ? "が空です" : " " + cell + " 日は違います") + "。日付から数えると " +
           std::to_string(counted) + " 日です。",
       calculateAgain);
+  findings_.back().mark = ui::CellMark::NotTaken;
 }
 
 /// Where no bench mark's days lead to the reference date, the grid was calculated with another one.
@@ -169,6 +171,7 @@ void DateChecks::notComputedWith() {
   add(Severity::Error, -1, -1,
       "基準日 " + reference_->text() + " ではまだ計算していません。表は" + computedWith() + "の値です。",
       "「設定」を押してください。");
+  findings_.back().mark = ui::CellMark::NotTaken;
 }
 
 /// The reference date that the first bench mark's days lead to, as a finding calls it.

@@ -68,9 +68,9 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
                       {}, context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1, &txtKijunbi, &CmdSettei, &cmdMap});
   txtKijunbi.setValid(isDateOrBlank, "日付ではありません");
-  openButton.onClick.handle([this] { openObserved(); });
-  reopenButton.onClick.handle([this] { openSaved(); });
-  CmdSettei.onClick.handle([this] { calculateAgain(); });
+  openButton.onClick.handle([this] { guarded("CmdHendDataOpen_Click", [this] { openChosen(); }); });
+  reopenButton.onClick.handle([this] { guarded("CmdHendReOpen_Click", [this] { openSaved(); }); });
+  CmdSettei.onClick.handle([this] { guarded("CmdSettei_Click", [this] { calculateAgain(); }); });
   on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
   Grid1.setCellUse([this](int, int col) { return cellUse(col); });
   Grid1.setEntry([this](int row, int col) { return isEntry(Grid1, row, col); });
@@ -101,7 +101,7 @@ void fHHsei::setUpGrids() { ui::headGrid(Grid1, columns, 2, 1); }
 
 bool fHHsei::openData(const route::Selection& selection) {
   source_ = Source::Observation;
-  const bool whole = FcHendDBOpen(selection, context_, Grid1);
+  const bool whole = readObservations(selection);
   calculate();
   return whole;
 }
@@ -126,8 +126,6 @@ void fHHsei::clear() {
   source_ = Source::None;
 }
 
-void fHHsei::calculate() { FcHendCalc(Grid1, txtKijunbi.text(), context_.grade()); }
-
 /// The walk along the grid ends on its last bench mark, mostly a route end. Where it leaves the operator in a
 /// cell that takes keys and is no entry, the next key would go astray: he stays where he was.
 void fHHsei::calculateAgain() {
@@ -138,6 +136,11 @@ void fHHsei::calculateAgain() {
   const bool astray =
       Grid1.cellUse(Grid1.row(), col) != ui::CellUse::Shown && !Grid1.isEntry(Grid1.row(), col);
   if (astray) Grid1.setCurrent(row, col);
+}
+
+route::SavedParts fHHsei::savedParts(const route::Selection& selection) const {
+  return {{routeName(), context_.tables.gTblKansokuSeikaDataHend, savedSql(context_, selection),
+           route::countBenchMarks(Grid1, colMark)}};
 }
 
 ui::Findings fHHsei::findings() const {

@@ -1,6 +1,13 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "route/selection_screen.h"
+#include "text/error.h"
 
 namespace hend {
 
@@ -9,7 +16,8 @@ namespace hend {
 /// saves. It works in data category "0" alone.
 ///
 /// Opening, reopening and recalculating trap no errors: a database error or a date that is none ends the
-/// program. So the box of the reference date shows while it is typed whether its text is a date.
+/// program. So the box of the reference date shows while it is typed whether its text is a date. With
+/// safeguards the operator is told instead and led to the cell; what he has typed stays.
 class fHHsei : public route::SelectionScreen {
  public:
   fHHsei(const job::JobContext& context, ui::Desktop& desktop);
@@ -37,10 +45,25 @@ class fHHsei : public route::SelectionScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   bool saveData(const route::Selection& selection) override;
+  route::SavedParts savedParts(const route::Selection& selection) const override;
+  bool takeEntries(const ui::Findings& untaken) override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
   void clear() override;
 
+  /// What keeps a calculation from its end.
+  struct Trouble {
+    std::string text;          ///< with the bench mark and the cell
+    std::string wayOut;        ///< what the operator does about it
+    ui::CellPlace place = {};  ///< the cell; row 0 for the reference date
+  };
+
+  void guarded(const std::string& procedure, const std::function<void()>& act);
+  void tellTrouble(const std::string& procedure);
+  Trouble troubleOf(const text::RuntimeError& error) const;
+  void openChosen();
+  bool readObservations(const route::Selection& selection);
+  std::vector<std::pair<int, std::string>> typedCorrections() const;
   void calculate();
   void calculateAgain();
   void takeCorrection(int row);
@@ -49,6 +72,7 @@ class fHHsei : public route::SelectionScreen {
   ui::CellUse cellUse(int col) const;
 
   Source source_ = Source::None;
+  std::optional<Trouble> trouble_;  ///< of the act under way, with safeguards
 };
 
 }  // namespace hend

@@ -158,6 +158,7 @@ void ValueChecks::sum(const Line& line) {
           "」は、新観測比高 " + grid_.text(line.row, colNewHeight) + " と変動補正量 " +
           grid_.text(line.row, colCorrection) + " の和 " + metres(total) + " ではありません。",
       "変動補正量のセルで Enter を押してください。");
+  findings_.back().mark = ui::CellMark::NotTaken;
 }
 
 /// A result in a row without a section to be corrected, as Enter leaves it there.
@@ -185,6 +186,7 @@ void ValueChecks::notSaved(int row, std::initializer_list<int> columns) {
 void ValueChecks::notCalculated(int row) {
   add(Severity::Error, row, colDifference, route::placeName(grid_, row) + "はまだ計算していません。",
       calculateAgain);
+  findings_.back().mark = ui::CellMark::NotTaken;
 }
 
 void ValueChecks::differs(int row, int col, double expected, std::string_view why) {
@@ -192,6 +194,7 @@ void ValueChecks::differs(int row, int col, double expected, std::string_view wh
       route::placeName(grid_, row) + "の" + grid_.text(0, col) + "「" + grid_.text(row, col) + "」が" +
           std::string(why) + " " + metres(expected) + " と違います。入力した値はまだ計算に入っていません。",
       calculateAgain);
+  findings_.back().mark = ui::CellMark::NotTaken;
 }
 
 }  // namespace hend

@@ -100,6 +100,7 @@ class BookCheck {
     if (shown.empty()) text = name(row) + "の変動量がまだ計算されていません。";
     if (expected.empty()) text = name(row) + "の平均成果は空ですが、変動量 " + shown + " mm が残っています。";
     add(ui::Severity::Error, row, colVariation, std::move(text), "「変動量計算」を押してください。");
+    findings_.back().mark = ui::CellMark::NotTaken;
   }
 
   void number() {

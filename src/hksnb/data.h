@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "db/sql.h"
 #include "hksnb/kind.h"
 #include "hksnb/period.h"
 #include "hksnb/place_names.h"
@@ -64,6 +65,10 @@ Status FcHHKSB_SetGrid1FromSeikaData(const job::JobContext& context, Kind kind,
 /// stored, and keeps what it held where not.
 Status FcHHKSB_Reopen(const job::JobContext& context, Kind kind, const std::string& number, BookBoxes& boxes,
                       ui::Grid& Grid1);
+
+/// The stored rows of a book, one to a bench mark, and its periods: what a save replaces.
+db::Sql bookRowsSql(const job::JobContext& context, Kind kind, const std::string& number);
+db::Sql bookPeriodsSql(const job::JobContext& context, Kind kind, const std::string& number);
 
 /// Stores the grid as the book `number` in place of the one that had this kind and number, with the period of
 /// the present observation (that of the previous one is not kept), and tells the operator when all is safe on

@@ -9,8 +9,10 @@
 #include "hksnb/grid_set_up.h"
 #include "platform/files.h"
 #include "route/picture_paste.h"
+#include "route/safeguards.h"
 #include "text/number.h"
 #include "text/padding.h"
+#include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
 
 namespace hksnb {
@@ -55,7 +57,7 @@ void fHHksb::tieSteps() {
   on(CmdExeE1.onClick, "CmdExeE1_Click", [this] { SSTab1.setCurrent(pageBook); });
   on(CmdExeE2.onClick, "CmdExeE2_Click", [this] { save(); });
   on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
-  m1item.onClick.handle([this] { unload(); });
+  m1item.onClick.handle([this] { leave(); });
 }
 
 void fHHksb::tieOrder() {
@@ -106,9 +108,30 @@ void fHHksb::Form_Load() {
   FcHHKSB_GetHksnbNo(context_, Kind::Orthometric, LstHksnbNo);
 }
 
-void fHHksb::newBook() { showBook(optSeika0, &fHHksb::fillFromRoutes); }
+/// The months of a new book grow out of what the boxes hold: nothing typed there is lost.
+void fHHksb::newBook() {
+  if (mayLoseBook(false)) showBook(optSeika0, &fHHksb::fillFromRoutes);
+}
 
-void fHHksb::storedBook() { showBook(optSeika20, &fHHksb::fillFromStore); }
+void fHHksb::storedBook() {
+  if (mayLoseBook(true)) showBook(optSeika20, &fHHksb::fillFromStore);
+}
+
+bool fHHksb::mayLeave() { return mayLoseBook(true); }
+
+/// Asks before changes of the book in the grid go; with `periodToo` those of its months as well.
+bool fHHksb::mayLoseBook(bool periodToo) {
+  const int cells = history().unsavedCells() + (periodToo ? changedMonths() : 0);
+  return route::mayLose(desktop(), watch_.name(), cells, [this] { return save(); });
+}
+
+/// How many boxes of the present observation's months have been changed; none before there is a book.
+int fHHksb::changedMonths() const {
+  if (Grid1.text(1, colBenchMark).empty()) return 0;
+  const Period now = presentPeriod();
+  return (now.yearFrom != keptPeriod_.yearFrom) + (now.monthFrom != keptPeriod_.monthFrom) +
+         (now.yearTo != keptPeriod_.yearTo) + (now.monthTo != keptPeriod_.monthTo);
+}
 
 void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
   kind_ = kindOf(orthometric);
@@ -120,6 +143,7 @@ void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill
     Form_Resize();
     opening_.run([&] { return (this->*fill)() == Status::Done; });
     HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
+    keptPeriod_ = presentPeriod();
     ui::goToFirstEntry(Grid1);
   }
   SSTab1.setCurrent(pageBook);
@@ -130,7 +154,7 @@ Status fHHksb::fillFromRoutes() {
   for (const std::string& item : LstRosenNo2.items()) routes.push_back(RouteItem::read(item));
   Period present = presentPeriod();
   places_ = {};
-  ownNumber_.clear();
+  watch_.disown();
   const Status status = FcHHKSB_SetGrid1FromSeikaData(context_, kind_, routes, present, places_, Grid1);
   showPresent(present);
   return status;
@@ -139,7 +163,7 @@ Status fHHksb::fillFromRoutes() {
 Status fHHksb::fillFromStore() {
   const std::string number = LstHksnbNo.text();
   txtHksnbNo.setText(number);
-  ownNumber_ = number;
+  watch_.own(desktop(), kind_, number);
   BookBoxes boxes{txtKansokuNen.text(), txtHeikinNen.text(), presentPeriod(),
                   Period{txtOldYearFr.text(), txtOldMonFr.text(), txtOldYearTo.text(), txtOldMonTo.text()}};
   const Status status = FcHHKSB_Reopen(context_, kind_, number, boxes, Grid1);
@@ -151,16 +175,33 @@ Status fHHksb::fillFromStore() {
   return status;
 }
 
-void fHHksb::save() {
-  if (!opening_.maySave(desktop())) return;
+/// What an act of the operator begins is one act, the calculation before the save included.
+bool fHHksb::save() {
+  if (!opening_.maySave(desktop())) return false;
+  const ui::History::Act act(&history(), ui::act::calculation);
+  bool saved = false;
+  ui::trapped(&desktop(), "CmdExeE2_Click", [&] { saved = replaceStored(); });
+  return saved;
+}
+
+bool fHHksb::replaceStored() {
   const ui::Hourglass wait(desktop());
-  if (FcHHKSB_HKSNBSave(context_, kind_, txtHksnbNo.text(), presentPeriod(), Grid1) == Status::Done)
-    ownNumber_ = txtHksnbNo.text();
+  const std::string number = txtHksnbNo.text();
+  const auto found = [this] { return findings(); };
+  const auto calculate = [this](const ui::Findings&) { return computeAmounts(), true; };
+  if (!route::maySaveWith(desktop(), found, calculate)) return false;
+  if (!watch_.mayStore(desktop(), kind_, number, Grid1)) return false;
+  const Status status = FcHHKSB_HKSNBSave(context_, kind_, number, presentPeriod(), Grid1);
   remembered_.forget();
+  if (status != Status::Done) return false;
+  history().markSaved();
+  watch_.own(desktop(), kind_, number);
+  keptPeriod_ = presentPeriod();
+  return true;
 }
 
 ui::Findings fHHksb::findings() const {
-  BookState state{kind_, opening_.isWhole(), txtHksnbNo.text(), ownNumber_};
+  BookState state{kind_, opening_.isWhole(), txtHksnbNo.text(), watch_.number()};
   if (kindOf(optSeika20) == kind_) state.stored = LstHksnbNo.items();
   return checks(Grid1, context_.grade(), state);
 }

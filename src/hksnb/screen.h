@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "hksnb/book_watch.h"
 #include "hksnb/data.h"
 #include "hksnb/kind.h"
 #include "hksnb/place_names.h"
@@ -97,11 +98,15 @@ class fHHksb : public ui::Screen, public report::Source {
   void newBook();
   void storedBook();
   void showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)());
+  int changedMonths() const;
+  bool mayLeave() override;
+  bool mayLoseBook(bool periodToo);
   Status fillFromRoutes();
   Status fillFromStore();
   void turn();
   void computeAmounts();
-  void save();
+  bool save();
+  bool replaceStored();
   void pastePicture();
   std::string pictureName() const;
   std::vector<std::string> otherBooks() const;
@@ -118,8 +123,9 @@ class fHHksb : public ui::Screen, public report::Source {
   Kind kind_ = Kind::Orthometric;  // of the book in the grid
   PlaceNames places_;              // of its bench marks
   route::Opening opening_;         // the filling or reopening that laid it there
-  std::string ownNumber_;          // under which it is stored; "" for a new book
   mutable Remembered remembered_{context_};
+  BookWatch watch_{context_};  // of what is stored under its number
+  Period keptPeriod_;          // of the present observation, as filled, reopened or stored
 };
 
 }  // namespace hksnb

@@ -54,7 +54,7 @@ std::vector<std::string> fHHksb::otherBooks() const {
   FcHHKSB_GetHksnbNo(context_, kind_, books);
   std::vector<std::string> numbers;
   for (const std::string& number : books.items())
-    if (number != ownNumber_) numbers.push_back(number);
+    if (number != watch_.number()) numbers.push_back(number);
   return numbers;
 }
 

@@ -128,8 +128,7 @@ bool readRows(db::Database& database, const job::JobContext& context, Kind kind,
 
 void readPeriods(db::Database& database, const job::JobContext& context, Kind kind, const std::string& number,
                  BookBoxes& boxes) {
-  const auto records =
-      database.openRecordset("SELECT * FROM KansokuKikan" + periodsCondition(context, kind, number));
+  const auto records = database.openRecordset(bookPeriodsSql(context, kind, number));
   const auto month = [&](const char* column) { return db::FcNullToBlank(records->field(column)); };
   if (!records->eof()) {
     boxes.present = Period::between(month("新観測年月From"), month("新観測年月To"));
@@ -211,6 +210,15 @@ void replacePeriods(db::Database& database, const job::JobContext& context, Kind
 
 }  // namespace
 
+db::Sql bookRowsSql(const job::JobContext& context, Kind kind, const std::string& number) {
+  return "SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
+         " WHERE JobId =" + db::sqlValue(context.gJobId) + bookCondition(kind, number);
+}
+
+db::Sql bookPeriodsSql(const job::JobContext& context, Kind kind, const std::string& number) {
+  return "SELECT * FROM KansokuKikan" + periodsCondition(context, kind, number);
+}
+
 Status FcHHKSB_Reopen(const job::JobContext& context, Kind kind, const std::string& number, BookBoxes& boxes,
                       ui::Grid& Grid1) {
   return fillingProcedure(Grid1.desktop(), "FcHHKSB_Reopen", [&] {
@@ -225,10 +233,8 @@ Status FcHHKSB_Reopen(const job::JobContext& context, Kind kind, const std::stri
 Status FcHHKSB_HKSNBSave(const job::JobContext& context, Kind kind, const std::string& number,
                          const Period& present, const ui::Grid& Grid1) {
   return procedure(Grid1.desktop(), "FcHHKSB_HKSNBSave", [&] {
-    const db::Sql rows = "SELECT * FROM " + db::sqlName(context.tables.gTblKansokuSeikaDataHKSNB) +
-                         " WHERE JobId =" + db::sqlValue(context.gJobId) + bookCondition(kind, number);
     route::save(context.gDbPath, route::extentOn(Grid1.desktop()), [&](db::Database& database) {
-      route::replaceRecords(database, rows, [&](db::Recordset& records) {
+      route::replaceRecords(database, bookRowsSql(context, kind, number), [&](db::Recordset& records) {
         BookWriter(context, kind, number, Grid1, records).write();
       });
       replacePeriods(database, context, kind, number, present);

@@ -5,6 +5,7 @@
 #include "route/heading.h"
 #include "route/safeguards.h"
 #include "text/padding.h"
+#include "ui/error_trap.h"
 #include "ui/grid_helpers.h"
 
 namespace route {
@@ -20,6 +21,7 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
       saveItem(names.menuItem + "(1)", this, "保存(&S)"),
       exitItem(names.menuItem + "(2)", this, "終了(&X)"),
       context_(context),
+      menuProcedure_(names.menuItem + "_Click"),
       opened_(lblJigyobango, lblRosenbango, categories.opened),
       observed_(context_, context_.tables.gTblKansokuSeikaData, categories.observed, cmbJIgyoBango1,
                 cmbRosenBango1, names.openRule),
@@ -29,10 +31,10 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
                              &reopenButton});
   on(cmbJIgyoBango1.onClick, "cmbJIgyoBango1_Click", [this] { observed_.fillRoutes(); });
   on(cmbJIgyoBango2.onClick, "cmbJIgyoBango2_Click", [this] { saved_.fillRoutes(); });
-  on(clearItem.onClick, names.menuItem + "_Click", [this] {
+  on(clearItem.onClick, menuProcedure_, [this] {
     if (mayLoseWork()) clear();
   });
-  on(saveItem.onClick, names.menuItem + "_Click", [this] { save(); });
+  on(saveItem.onClick, menuProcedure_, [this] { save(); });
   exitItem.onClick.handle([this] { leave(); });
 }
 
@@ -48,6 +50,7 @@ void SelectionScreen::open(const SelectionSet& set, Reader read) {
   const ui::Hourglass wait(desktop());
   const Selection selection = set.selection();
   history().restart();
+  watch(selection);
   opening_.run([&] {
     opened_.show(selection, set.categoryText());
     setUpGrids();
@@ -81,20 +84,49 @@ void SelectionScreen::clear() {
   Form_Resize();
   opened_.clear();
   opening_.clear();
+  watch_.forget();
 }
 
+/// What an act of the operator begins is one act, the calculation before the save included.
 bool SelectionScreen::save() {
-  if (!opened_.isOpen() || !opening_.maySave(desktop()) || !maySaveWith(desktop(), findings())) return false;
+  if (!opened_.isOpen() || !opening_.maySave(desktop())) return false;
+  const ui::History::Act act(&history(), ui::act::calculation);
+  bool saved = false;
+  ui::trapped(&desktop(), menuProcedure_, [&] { saved = replaceSaved(); });
+  return saved;
+}
+
+bool SelectionScreen::replaceSaved() {
   const ui::Hourglass wait(desktop());
-  if (!saveData(opened_.selection())) return false;
+  const Selection selection = opened_.selection();
+  const auto found = [this] { return findings(); };
+  const auto calculate = [this](const ui::Findings& untaken) { return takeEntries(untaken); };
+  if (!maySaveWith(desktop(), found, calculate)) return false;
+  if (!watch_.maySave(desktop(), context_.gDbPath, savedParts(selection))) return false;
+  if (!saveData(selection)) return false;
   history().markSaved();
+  watch(selection);
   return true;
+}
+
+/// Remembers what is saved of the route now. Where that cannot be read the loading or the save tells.
+void SelectionScreen::watch(const Selection& selection) {
+  watch_.forget();
+  if (!desktop().safeguards()) return;
+  try {
+    watch_.look(context_.gDbPath, savedParts(selection));
+  } catch (const db::Error&) {
+    watch_.forget();
+  }
+}
+
+std::string SelectionScreen::routeName() const {
+  return "路線 " + std::string(text::trimmed(lblRosenbango.text()));
 }
 
 bool SelectionScreen::mayLoseWork() {
   if (!opened_.isOpen()) return true;
-  const std::string what = "路線 " + std::string(text::trimmed(lblRosenbango.text()));
-  return mayLose(desktop(), what, history().unsavedCells(), [this] { return save(); });
+  return mayLose(desktop(), routeName(), history().unsavedCells(), [this] { return save(); });
 }
 
 }  // namespace route

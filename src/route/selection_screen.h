@@ -6,6 +6,7 @@
 #include "report/diagram.h"
 #include "report/source.h"
 #include "route/opening.h"
+#include "route/saved_watch.h"
 #include "route/selection_set.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
@@ -74,6 +75,14 @@ class SelectionScreen : public ui::Screen, public report::Source {
   /// Saves the grids under the keys of the labels and tells the operator where all went well; returns true
   /// then.
   virtual bool saveData(const Selection& selection) = 0;
+  /// The saved records that saveData replaces, the route's own first, with how many the grids put in their
+  /// place.
+  virtual SavedParts savedParts(const Selection&) const { return {}; }
+  /// Takes up entries that no calculation has taken up yet, as the operator would: `untaken` are the findings
+  /// that tell of them. Returns false where he has to look first, which he has been told then.
+  virtual bool takeEntries(const ui::Findings&) { return true; }
+  /// What the opened route is called in questions: "路線 01A00101".
+  std::string routeName() const;
   /// The grids as a document, without the heading of job and selection. `route`: number of the opened route.
   virtual report::Document tables(const std::string& route) const = 0;
   /// The height profile of the route in the grids.
@@ -91,6 +100,7 @@ class SelectionScreen : public ui::Screen, public report::Source {
   void openSaved() { open(saved_, &SelectionScreen::reopenData); }
 
   const job::JobContext context_;
+  const std::string menuProcedure_;  ///< under which errors of the menu items are reported
   OpenedRoute opened_;
   Opening opening_;
   SelectionSet observed_;
@@ -100,10 +110,13 @@ class SelectionScreen : public ui::Screen, public report::Source {
   std::string categoryText() const;
 
   ui::Label* const category_;  ///< shows the category of the opened route, null for none
+  SavedWatch watch_;           ///< of what is saved of the opened route
 
   using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);
   bool save();
+  bool replaceSaved();
+  void watch(const Selection& selection);
   bool mayLeave() override { return mayLoseWork(); }
   bool mayLoseWork();
 };

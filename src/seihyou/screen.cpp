@@ -70,6 +70,22 @@ bool fSHsei::saveData(const route::Selection& selection) {
   return true;
 }
 
+route::SavedParts fSHsei::savedParts(const route::Selection& selection) const {
+  return {route::savedBenchMarks(context_, selection, routeName(),
+                                 context_.tables.gTblKansokuSeikaDataSeihyou, Grid1, colFlag)};
+}
+
+/// A route with repeated bench marks keeps the means of its pairs; on any other this is what Enter does.
+bool fSHsei::takeEntries(const ui::Findings& untaken) {
+  int calculated = 0;  // first row of the route calculated last
+  for (const ui::Finding& finding : untaken)
+    if (const int start = routeStart(Grid1, finding.row); start != calculated) {
+      calcThroughMeans(Grid1, finding.row, context_.grade());
+      calculated = start;
+    }
+  return true;
+}
+
 ui::Findings fSHsei::findings() const { return checks(Grid1, context_.grade()); }
 
 ui::CellUse fSHsei::cellUse(int row, int col) const {

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "job/names.h"
 #include "route/records.h"
@@ -120,6 +123,26 @@ void fTHsei::cmdCalc_Click() {
 void fTHsei::calculateOnKnownHeights() {
   const ui::Hourglass wait(desktop());
   calcOnKnownHeights(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+}
+
+route::SavedParts fTHsei::savedParts(const route::Selection& selection) const {
+  return {route::savedBenchMarks(context_, selection, routeName(),
+                                 context_.tables.gTblKansokuSeikaDataTanrosen, Grid1, colFlag)};
+}
+
+/// A known height waits for the whole calculation, a correction for its own height alone. Corrections that
+/// wait stand as they were typed, whatever the calculation gives.
+bool fTHsei::takeEntries(const ui::Findings& untaken) {
+  std::vector<std::pair<int, std::string>> corrections;
+  for (const ui::Finding& finding : untaken)
+    if (finding.col == colCorrection)
+      corrections.emplace_back(finding.row, Grid1.text(finding.row, colCorrection));
+  if (corrections.size() < untaken.size()) cmdCalc_Click();
+  for (const auto& [row, correction] : corrections) {
+    Grid1.setText(row, colCorrection, correction);
+    takeCorrection(row);
+  }
+  return true;
 }
 
 ui::Findings fTHsei::findings() const {

@@ -5,6 +5,7 @@
 #include <map>
 #include <new>
 #include <tuple>
+#include <utility>
 
 #include "ui/grid.h"
 
@@ -48,6 +49,7 @@ void History::end() {
   } catch (const std::bad_alloc&) {
     forget(false);
   }
+  if (std::exchange(savedWithin_, false)) saved_ = done_;
   restarted_ = false;
   present_ = {};
 }
@@ -135,6 +137,7 @@ void History::changedByItself() {
 void History::markSaved() {
   stopTyping();
   saved_ = done_;
+  savedWithin_ = depth_ > 0;
 }
 
 int History::unsavedCells() const {

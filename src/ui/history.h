@@ -103,7 +103,12 @@ class History {
   std::string undo();
   std::string redo();
 
-  /// What the grids hold now has been saved, or is as good as saved.
+  /// Takes back what the act under way has done to the grids; nothing of it where the history has begun
+  /// within it.
+  void takeBackAct();
+
+  /// What the grids hold now has been saved, or is as good as saved; within an act, what they hold when it is
+  /// over.
   void markSaved();
   /// How many cells are not what they were when markSaved was called last, or at the beginning. A row that
   /// was added or removed counts with all its cells. At least 1 where what was saved cannot be told any more.
@@ -191,6 +196,7 @@ class History {
   std::vector<std::any> keptBefore_;
   int depth_ = 0;
   bool restarted_ = false;
+  bool savedWithin_ = false;  // the present act has saved what it leaves
   bool moving_ = false;
   bool typingGoesOn_ = false;
   unsigned beginnings_ = 0;

@@ -121,6 +121,13 @@ void History::run(const Step& step, bool forward) {
   for (const auto& notice : moved_) notice();
 }
 
+void History::takeBackAct() {
+  const Moving moving(moving_);
+  std::for_each(present_.changes.rbegin(), present_.changes.rend(),
+                [](const Change& change) { apply(change, false); });
+  present_.changes.clear();
+}
+
 void History::apply(const Change& change, bool forward) {
   if (const auto* cell = std::get_if<CellChange>(&change)) {
     cell->grid->setText(cell->row, cell->col, forward ? cell->after : cell->before);

@@ -167,17 +167,18 @@ TEST(FcHendCalc, ATextThatIsNoDateIsATypeMismatchOfThatCell) {
     try {
       FcHendCalc(route.grid, reference, first);
       return {};
-    } catch (const text::RuntimeError& error) {
+    } catch (const hend::WrongDate& error) {
       EXPECT_EQ(error.code(), text::ErrorCode::TypeMismatch);
-      return error.what();
+      return error.what() + std::to_string(error.place().row) + "," + std::to_string(error.place().col);
     }
   };
-  EXPECT_EQ(fault(now, before, "2022/02/30"), "型が一致しません。基準日「2022/02/30」は日付ではありません。");
-  EXPECT_EQ(fault(now, before, "明日"), "型が一致しません。基準日「明日」は日付ではありません。");
+  EXPECT_EQ(fault(now, before, "2022/02/30"),
+            "型が一致しません。基準日「2022/02/30」は日付ではありません。0,0");
+  EXPECT_EQ(fault(now, before, "明日"), "型が一致しません。基準日「明日」は日付ではありません。0,0");
   EXPECT_EQ(fault("2022/13/11", before, ""),
-            "型が一致しません。水準点 E2 の新観測年月日「2022/13/11」は日付ではありません。");
+            "型が一致しません。水準点 E2 の新観測年月日「2022/13/11」は日付ではありません。3,1");
   EXPECT_EQ(fault(now, "2019/00/15", ""),
-            "型が一致しません。水準点 E2 の旧観測年月日「2019/00/15」は日付ではありません。");
+            "型が一致しません。水準点 E2 の旧観測年月日「2019/00/15」は日付ではありません。3,3");
   EXPECT_EQ(fault(now, before, hundredLater), "");
 }
 

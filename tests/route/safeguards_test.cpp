@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <string>
+#include <vector>
+
 #include "support/asking_desktop.h"
 
 namespace {
@@ -38,15 +42,35 @@ TEST(MayLose, SavesGivesUpOrStays) {
   EXPECT_EQ(desktop.questions[0].buttons[desktop.questions[0].safe], "取消");
 }
 
+ui::Finding error(const char* text) { return {ui::Severity::Error, 2, 2, text, ""}; }
+ui::Finding warning(const char* text) { return {ui::Severity::Warning, 1, 1, text, ""}; }
+ui::Finding untaken(const char* text) {
+  return {ui::Severity::Error, 2, 2, text, "", ui::CellMark::NotTaken};
+}
+
+/// What is found on a screen, and what is left of it after a calculation.
+struct Screen {
+  ui::Findings found;
+  ui::Findings left = {};
+  bool calculates = true;
+  int calculations = 0;
+
+  bool maySave(ui::Desktop& desktop) {
+    return route::maySaveWith(
+        desktop, [this] { return calculations == 0 ? found : left; },
+        [this](const ui::Findings&) { return ++calculations, calculates; });
+  }
+};
+
 TEST(MaySaveWith, NamesTheErrorsAndNotTheWarnings) {
   AskingDesktop desktop;
-  EXPECT_TRUE(route::maySaveWith(desktop, {{ui::Severity::Warning, 1, 1, "注意だけ", ""}}));
+  Screen warned{{warning("注意だけ")}};
+  EXPECT_TRUE(warned.maySave(desktop));
   EXPECT_TRUE(desktop.questions.empty());
-  const ui::Findings findings{{ui::Severity::Error, 2, 2, "補正数「x」は数値ではありません。", ""},
-                              {ui::Severity::Warning, 1, 1, "注意", ""}};
-  EXPECT_FALSE(route::maySaveWith(desktop, findings)) << "the safe button saves nothing";
+  Screen wrong{{error("補正数「x」は数値ではありません。"), warning("注意")}};
+  EXPECT_FALSE(wrong.maySave(desktop)) << "the safe button saves nothing";
   desktop.answers = {"保存する"};
-  EXPECT_TRUE(route::maySaveWith(desktop, findings));
+  EXPECT_TRUE(wrong.maySave(desktop));
   EXPECT_EQ(desktop.questions[0].text,
             "点検で誤りが 1 件見つかりました。\n・補正数「x」は数値ではありません。\nこのまま保存しますか。");
 }
@@ -54,17 +78,60 @@ TEST(MaySaveWith, NamesTheErrorsAndNotTheWarnings) {
 // Twelve errors: ten are named, 12 − 10 = 2 are counted.
 TEST(MaySaveWith, NamesTenErrorsAtMost) {
   AskingDesktop desktop;
-  ui::Findings findings;
-  for (int i = 0; i < 12; ++i) findings.push_back({ui::Severity::Error, i, 0, "誤り", ""});
-  route::maySaveWith(desktop, findings);
+  Screen screen{ui::Findings(12, error("誤り"))};
+  screen.maySave(desktop);
   EXPECT_NE(desktop.questions[0].text.find("ほか 2 件\n"), std::string::npos);
+}
+
+TEST(MaySaveWith, LooksForNothingWhereNobodyIsAsked) {
+  AskingDesktop desktop;
+  desktop.asks = false;
+  EXPECT_TRUE(route::maySaveWith(
+      desktop, []() -> ui::Findings { throw std::logic_error("looked"); },
+      [](const ui::Findings&) { return false; }));
+}
+
+TEST(MaySaveWith, AsksAboutEntriesThatNoCalculationHasTakenUp) {
+  AskingDesktop desktop;
+  Screen screen{{untaken("A1 は、まだ計算に入っていません。"), error("誤り")}};
+  EXPECT_FALSE(screen.maySave(desktop));
+  ASSERT_EQ(desktop.questions.size(), 1U);
+  EXPECT_EQ(desktop.questions[0].text,
+            "まだ計算に入っていない入力が 1 か所あります。\n・A1 は、まだ計算に入っていません。\n"
+            "このまま保存すると、計算し直さない値が保存されます。");
+  EXPECT_EQ(desktop.questions[0].buttons,
+            (std::vector<std::string>{"計算して保存", "このまま保存", "やめる"}));
+  EXPECT_EQ(screen.calculations, 0);
+}
+
+TEST(MaySaveWith, SavesEntriesAsTheyAreAndAsksAboutTheOtherErrorsAlone) {
+  AskingDesktop desktop;
+  Screen screen{{untaken("A1"), error("誤り")}};
+  desktop.answers = {"このまま保存", "保存する"};
+  EXPECT_TRUE(screen.maySave(desktop));
+  EXPECT_EQ(screen.calculations, 0);
+  EXPECT_EQ(desktop.questions[1].text, "点検で誤りが 1 件見つかりました。\n・誤り\nこのまま保存しますか。");
+}
+
+TEST(MaySaveWith, CalculatesAndAsksAboutWhatIsLeft) {
+  AskingDesktop desktop;
+  desktop.answers = {"計算して保存", "計算して保存", "保存する", "計算して保存"};
+  Screen all{{untaken("A1")}};
+  EXPECT_TRUE(all.maySave(desktop));
+  EXPECT_EQ(all.calculations, 1);
+  Screen rest{{untaken("A1")}, {error("誤り")}};
+  EXPECT_TRUE(rest.maySave(desktop));
+  EXPECT_EQ(desktop.questions.size(), 3U);
+  Screen failing{{untaken("A1")}, {}, false};
+  EXPECT_FALSE(failing.maySave(desktop)) << "a calculation that failed saves nothing";
 }
 
 TEST(MayShrink, AsksOnlyWhereRecordsWouldBeLost) {
   AskingDesktop desktop;
-  EXPECT_TRUE(route::mayShrink(desktop, "路線 R1", 5, 5));
-  EXPECT_FALSE(route::mayShrink(desktop, "路線 R1", 53, 10));
-  EXPECT_EQ(desktop.questions[0].text, "路線 R1 の保存済みの 53 件が 10 件に減ります。");
+  EXPECT_TRUE(route::mayShrink(desktop, "路線 R1", {5, 5}));
+  EXPECT_FALSE(route::mayShrink(desktop, "路線 R1", {53, 10}));
+  EXPECT_EQ(desktop.questions[0].text,
+            "路線 R1 の保存済みの 53 件が 10 件に減ります。\n減る分は失われます。");
 }
 
 }  // namespace

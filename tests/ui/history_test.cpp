@@ -265,4 +265,32 @@ TEST_F(HistoryTest, KnowsThatWhatWasSavedIsGone) {
   EXPECT_GE(history.unsavedCells(), 1);
 }
 
+// A save that calculates first: the whole act is what was saved.
+TEST_F(HistoryTest, AnActMaySaveWhatItLeaves) {
+  {
+    const ui::History::Act act(&history, "計算");
+    grid.setText(2, 1, "5");
+    history.markSaved();
+  }
+  EXPECT_EQ(history.unsavedCells(), 0);
+  EXPECT_EQ(history.undo(), "計算");
+  EXPECT_EQ(history.unsavedCells(), 1);
+}
+
+// A calculation that comes to no end leaves nothing of itself, and is no step.
+TEST_F(HistoryTest, AnActMayTakeItselfBack) {
+  screen.type(2, 1, U"1");
+  {
+    const ui::History::Act act(&history, "計算");
+    grid.setText(2, 1, "5");
+    grid.setText(4, 1, "6");
+    grid.setText(2, 1, "7");
+    history.takeBackAct();
+    EXPECT_EQ(grid.text(2, 1), "1");
+    EXPECT_EQ(grid.text(4, 1), "");
+  }
+  EXPECT_EQ(history.unsavedCells(), 1);
+  EXPECT_EQ(history.undo(), "入力");
+}
+
 }  // namespace
