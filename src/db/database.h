@@ -90,6 +90,13 @@ struct ColumnDefinition {
   std::string type;  ///< as declared, such as "TEXT(2)"
 };
 
+/// What keeps writers out of a database.
+enum class WriteBar {
+  None,      ///< nothing that could be told ahead
+  ReadOnly,  ///< the file, its medium or the connection is read-only
+  Locked     ///< another program keeps all others from writing
+};
+
 /// An open job database.
 ///
 /// The SQL texts are those of the survey suite: MID(text, start, length) counting characters from 1,
@@ -127,6 +134,10 @@ class Database {
   /// where it finds nothing or has no such examination. Reads the whole file. Raises Error
   /// where the damage is such that the engine cannot even examine it.
   virtual std::vector<std::string> damage() = 0;
+
+  /// What would keep a writer out now. Writes nothing and waits for nobody; an engine that cannot tell ahead,
+  /// of a full medium for one, tells nothing. Raises nothing.
+  virtual WriteBar writeBar() { return WriteBar::None; }
 
   /// The columns of a table in their order. Raises Error, naming the table, where there is none of that name.
   virtual std::vector<ColumnDefinition> tableDefinition(std::string_view table) = 0;

@@ -20,7 +20,9 @@ class BookWatch {
   /// be read nothing is known of what others store.
   void own(ui::Desktop& desktop, Kind kind, const std::string& number);
   /// The book on the screen is a new one.
-  void disown();
+  void disown(ui::Desktop& desktop);
+  /// What the operator should know of the job: that nothing can be stored in it at present; "" for nothing.
+  std::string notice() const { return stored_.notice(); }
   /// The number that the book on the screen is stored under; "" for a new book.
   const std::string& number() const { return number_; }
   /// What the book on the screen is called in questions.
@@ -33,6 +35,7 @@ class BookWatch {
 
  private:
   route::SavedParts parts(Kind kind, const std::string& number, std::size_t benchMarks) const;
+  void look(ui::Desktop& desktop, const route::SavedParts& parts);
   bool mayReplaceOther(ui::Desktop& desktop, Kind kind, const std::string& number) const;
 
   const job::JobContext& context_;

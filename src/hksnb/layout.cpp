@@ -50,7 +50,8 @@ void fHHksb::Form_Resize() {
 
 ui::Situation fHHksb::situation() const {
   const std::string& number = txtHksnbNo.text();
-  return {job::jobName(context_), job::unitNames(context_), number.empty() ? number : "計算簿 " + number};
+  return {job::jobName(context_), job::unitNames(context_), number.empty() ? number : "計算簿 " + number,
+          watch_.notice()};
 }
 
 std::string fHHksb::unit(const ui::Grid&, int col) const {

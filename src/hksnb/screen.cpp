@@ -154,7 +154,7 @@ Status fHHksb::fillFromRoutes() {
   for (const std::string& item : LstRosenNo2.items()) routes.push_back(RouteItem::read(item));
   Period present = presentPeriod();
   places_ = {};
-  watch_.disown();
+  watch_.disown(desktop());
   const Status status = FcHHKSB_SetGrid1FromSeikaData(context_, kind_, routes, present, places_, Grid1);
   showPresent(present);
   return status;

@@ -133,6 +133,11 @@ class OdbcDatabase final : public Database {
     connection_->requireOpen();
     return connection_->product().damage(*connection_);
   }
+  WriteBar writeBar() override {
+    const bool readOnly = connection_->isOpen() &&
+                          connection_->calls().info(connection_->handle(), SQL_DATA_SOURCE_READ_ONLY) == "Y";
+    return readOnly ? WriteBar::ReadOnly : WriteBar::None;
+  }
   void close() override { connection_->close(); }
   void discard() override { connection_->discard(); }
 

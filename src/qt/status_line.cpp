@@ -39,6 +39,7 @@ void fill(QLabel& label, const std::string& text) {
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
       cell_(add("statusCell", true)),
+      notice_(add("statusNotice", false)),
       checks_(add("statusChecks", false)),
       open_(add("statusOpen", false)),
       job_(add("statusJob", false)) {
@@ -65,6 +66,7 @@ void StatusLine::count(const ui::Findings& findings) { fill(checks_, fromQString
 void StatusLine::tell(const ui::Screen& screen, const ui::Grid* grid) {
   const ui::Situation situation = screen.situation();
   fill(cell_, grid == nullptr ? std::string() : cellText(screen, *grid));
+  fill(notice_, situation.notice);
   fill(open_, situation.open);
   const bool both = !situation.job.empty() && !situation.units.empty();
   fill(job_, situation.job + (both ? "  " : "") + situation.units);

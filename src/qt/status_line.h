@@ -32,6 +32,7 @@ class StatusLine : public QStatusBar {
   QLabel& add(const char* name, bool stretches);
 
   QLabel& cell_;
+  QLabel& notice_;
   QLabel& checks_;
   QLabel& open_;
   QLabel& job_;

@@ -14,17 +14,42 @@ SavedPart savedBenchMarks(const job::JobContext& context, const Selection& selec
   return {std::move(what), table, savedRecordsSql(context, selection, table), countBenchMarks(grid, flagCol)};
 }
 
-SavedWatch::States SavedWatch::read(std::string_view dbPath, const SavedParts& parts) {
+SavedWatch::States SavedWatch::read(db::Database& database, const SavedParts& parts) {
   States states;
+  for (const SavedPart& part : parts) states.push_back(SavedState::read(database, part.table, part.records));
+  return states;
+}
+
+SavedWatch::States SavedWatch::read(std::string_view dbPath, const SavedParts& parts) {
   const auto database = db::openDatabase(dbPath);
-  for (const SavedPart& part : parts) states.push_back(SavedState::read(*database, part.table, part.records));
+  States states = read(*database, parts);
   database->close();
   return states;
 }
 
 void SavedWatch::look(std::string_view dbPath, const SavedParts& parts) {
   forget();
-  seen_ = read(dbPath, parts);
+  const auto database = db::openDatabase(dbPath);
+  bar_ = database->writeBar();
+  seen_ = read(*database, parts);
+  database->close();
+}
+
+void SavedWatch::forget() {
+  seen_.reset();
+  bar_ = db::WriteBar::None;
+}
+
+std::string SavedWatch::notice() const {
+  switch (bar_) {
+    case db::WriteBar::ReadOnly:
+      return "ジョブは読み取り専用です。保存できません。";
+    case db::WriteBar::Locked:
+      return "ほかのプログラムがジョブを使用中です。今は保存できません。";
+    case db::WriteBar::None:
+      break;
+  }
+  return {};
 }
 
 bool SavedWatch::maySave(ui::Desktop& desktop, std::string_view dbPath, const SavedParts& parts) const {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "db/database.h"
 #include "db/sql.h"
 #include "job/context.h"
 #include "route/saved_state.h"
@@ -38,7 +39,10 @@ class SavedWatch {
   /// others save.
   void look(std::string_view dbPath, const SavedParts& parts);
   /// Nothing is open any more.
-  void forget() { seen_.reset(); }
+  void forget();
+  /// What the operator should know of the job, looked at along with the records: that nothing can be saved to
+  /// it at present, and why; "" where nothing keeps him from it.
+  std::string notice() const;
 
   /// Asks what has to be asked before the parts are replaced; true where the operator goes on. What is saved
   /// meanwhile, while a question stands, is asked about anew. Reads nothing without safeguards. Raises
@@ -48,10 +52,12 @@ class SavedWatch {
  private:
   using States = std::vector<SavedState>;
 
+  static States read(db::Database& database, const SavedParts& parts);
   static States read(std::string_view dbPath, const SavedParts& parts);
   bool mayReplace(ui::Desktop& desktop, std::string_view dbPath, const SavedParts& parts, States& now) const;
 
   std::optional<States> seen_;  // by part
+  db::WriteBar bar_ = db::WriteBar::None;
 };
 
 }  // namespace route

@@ -42,7 +42,7 @@ ui::Situation SelectionScreen::situation() const {
   const std::string project(text::trimmed(lblJigyobango.text()));
   const std::string route(text::trimmed(lblRosenbango.text()));
   return {job::jobName(context_), job::unitNames(context_),
-          project.empty() || route.empty() ? project + route : project + " " + route};
+          project.empty() || route.empty() ? project + route : project + " " + route, watch_.notice()};
 }
 
 void SelectionScreen::open(const SelectionSet& set, Reader read) {
@@ -116,7 +116,7 @@ void SelectionScreen::watch(const Selection& selection) {
   try {
     watch_.look(context_.gDbPath, savedParts(selection));
   } catch (const db::Error&) {
-    watch_.forget();
+    return;
   }
 }
 

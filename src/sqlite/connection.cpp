@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <new>
+#include <utility>
 
 #include "engine/sqlite_error.h"
 #include "platform/files.h"
@@ -197,6 +198,15 @@ void SqliteConnection::gather() {
 void SqliteConnection::keepWhole() {
   gather();
   whole_ = true;
+}
+
+WriteBar SqliteConnection::writeBar() {
+  if (!isOpen() || isGathering()) return WriteBar::None;
+  if (sqlite3_db_readonly(handle_, "main") == 1) return WriteBar::ReadOnly;
+  const auto patience = std::exchange(patience_, {});
+  const int code = sqlite3_exec(handle_, "BEGIN IMMEDIATE; ROLLBACK", nullptr, nullptr, nullptr) & 0xff;
+  patience_ = patience;
+  return code == SQLITE_BUSY || code == SQLITE_LOCKED ? WriteBar::Locked : WriteBar::None;
 }
 
 void SqliteConnection::requireDone(int code, std::string_view table) {

@@ -62,6 +62,9 @@ class SqliteConnection final : public Link {
   /// without close.
   void keepWhole();
 
+  /// What would keep a writer out now, told without waiting for a lock.
+  WriteBar writeBar();
+
   /// How many records the last statement changed.
   int changes() const { return sqlite3_changes(handle_); }
 

@@ -21,6 +21,7 @@ class SqliteDatabase final : public Database {
   void gather() override { connection_->gather(); }
   void keepWhole() override { connection_->keepWhole(); }
   std::vector<std::string> damage() override;
+  WriteBar writeBar() override { return connection_->writeBar(); }
   void discard() override { connection_->discard(); }
   void close() override { connection_->close(); }
 

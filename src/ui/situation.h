@@ -10,9 +10,10 @@ class Screen;
 /// What a window tells about the work on its screen, beside the screen's own controls. Texts are for the
 /// operator; each is empty where there is nothing to tell.
 struct Situation {
-  std::string job;    ///< which job is worked on: "ジョブ 1"
-  std::string units;  ///< its grade and the unit of its corrections: "1級  補正数 0.1 mm"
-  std::string open;   ///< what is open: "1001 01A00101"
+  std::string job;          ///< which job is worked on: "ジョブ 1"
+  std::string units;        ///< its grade and the unit of its corrections: "1級  補正数 0.1 mm"
+  std::string open;         ///< what is open: "1001 01A00101"
+  std::string notice = {};  ///< what to know before any work is done: "ジョブは読み取り専用です。…"
 };
 
 /// The bench mark or section that a row of a grid belongs to. A row with a text in `benchMarkCol` is that

@@ -184,6 +184,18 @@ TEST_P(RouteQuestions, ASavedTableThatCannotBeReadIsTold) {
   EXPECT_EQ(screen_->Grid1.text(1, 5), "試験");
 }
 
+TEST_P(RouteQuestions, AJobThatAnotherProgramHoldsIsToldInTheStatusLine) {
+  EXPECT_EQ(screen_->situation().notice, "");
+  const auto other = db::openDatabase(job_.context().gDbPath);
+  other->gather();
+  open();
+  EXPECT_EQ(screen_->situation().notice, "ほかのプログラムがジョブを使用中です。今は保存できません。");
+  desktop_.asks = false;
+  open();
+  EXPECT_EQ(screen_->situation().notice, "") << "nothing is looked at without safeguards";
+  other->discard();
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens, RouteQuestions,
                          testing::Values(caseOf<seihyou::fSHsei>("Orthometric", "KansokuSeikaDataSeihyou"),
                                          caseOf<daen::fDHsei>("Ellipsoidal", "KansokuSeikaDataDaen"),
@@ -284,6 +296,16 @@ TEST_F(BookQuestions, WhatOthersHaveStoredIsNotWrittenOverUnasked) {
   desktop_.answers = {"保存する"};
   screen_.CmdExeE2.press();
   EXPECT_EQ(stored()[0], "1|B1|-");
+}
+
+TEST_F(BookQuestions, AJobThatAnotherProgramHoldsIsToldInTheStatusLine) {
+  const auto other = db::openDatabase(job_.context().gDbPath);
+  other->gather();
+  screen_.CmdExeC2.press();
+  EXPECT_EQ(screen_.situation().notice, "ほかのプログラムがジョブを使用中です。今は保存できません。");
+  other->discard();
+  screen_.CmdExeC2.press();
+  EXPECT_EQ(screen_.situation().notice, "");
 }
 
 }  // namespace

@@ -77,6 +77,19 @@ TEST_F(SavedWatches, KnowNothingOfOthersBeforeALook) {
   EXPECT_TRUE(desktop.questions.empty());
 }
 
+TEST_F(SavedWatches, TellWhereNothingCanBeSavedAtPresent) {
+  EXPECT_EQ(watch.notice(), "");
+  {
+    const auto other = db::openDatabase(path());
+    other->gather();
+    watch.look(path(), parts);
+    EXPECT_EQ(watch.notice(), "ほかのプログラムがジョブを使用中です。今は保存できません。");
+    other->discard();
+  }
+  watch.look(path(), parts);
+  EXPECT_EQ(watch.notice(), "");
+}
+
 /// A desk on which something happens while a question stands.
 class BusyDesktop : public test::AskingDesktop {
  public:

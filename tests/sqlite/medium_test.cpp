@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 
 #include "open/open.h"
@@ -92,6 +93,31 @@ TEST_F(Medium, AReadOnlyFileIsReadAndNotWritten) {
       named("は読み取り専用のため書き込めません: attempt to write a readonly database");
   EXPECT_EQ(said, "old|old|" + refused + "|" + refused);
   EXPECT_EQ(ask("SELECT a FROM T"), "old");
+}
+
+TEST_F(Medium, WhatKeepsAWriterOutIsToldAheadAndAtOnce) {
+  const auto database = open();
+  EXPECT_EQ(database->writeBar(), db::WriteBar::None);
+  {
+    const auto writer = open();
+    writer->gather();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(database->writeBar(), db::WriteBar::Locked);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1)) << "nobody was waited for";
+    EXPECT_EQ(writer->writeBar(), db::WriteBar::None);
+  }
+  EXPECT_EQ(database->writeBar(), db::WriteBar::None);
+  database->execute("INSERT INTO T VALUES('new')");  // nothing was left begun
+}
+
+TEST_F(Medium, AReadOnlyFileIsToldAhead) {
+  ASSERT_EQ(chmod(path_.c_str(), 0444), 0);
+  ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
+  const std::string said = saidByChild([&] {
+    if (geteuid() == 0 && seteuid(65534) != 0) return std::string("cannot give up rights");
+    return std::string(open()->writeBar() == db::WriteBar::ReadOnly ? "read-only" : "writable");
+  });
+  EXPECT_EQ(said, "read-only");
 }
 
 TEST_F(Medium, AJobWithAWriteAheadLogOnAReadOnlyMediumIsRead) {
