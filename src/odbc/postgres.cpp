@@ -1,5 +1,8 @@
 #include "odbc/postgres.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "odbc/connection.h"
 #include "odbc/postgres_dialect.h"
 
@@ -15,6 +18,9 @@ constexpr const char* tablesSql =
 
 /// How many records are written before the next savepoint: each costs a way to the server and back.
 constexpr std::size_t mostSteps = 500;
+
+/// What is taken for a wait: a lock that is free comes at once.
+constexpr std::chrono::milliseconds shortestWait(100);
 
 std::string smallLetters(std::string_view name) {
   std::string result(name);
@@ -36,12 +42,17 @@ std::string declaredType(const std::string& type) {
 }  // namespace
 
 void OdbcPostgres::prepare(OdbcConnection& connection) {
-  connection.control("SET lock_timeout=3000");  // how long another operator's save is waited for
+  setPatience(connection);
   connection.control("SET standard_conforming_strings=on");
   // The server takes a comparison of two texts for so rare that it would walk through one table for each
   // record of the other; there are no joins here that a sorted or a hashed table does not serve better.
   connection.control("SET enable_nestloop=off");
   connection.control("SET jit=off");
+}
+
+/// The server counts for each statement; 0 would be for ever.
+void OdbcPostgres::setPatience(OdbcConnection& connection) const {
+  connection.control("SET lock_timeout=" + std::to_string(std::max<std::int64_t>(1, patience_.count())));
 }
 
 std::string OdbcPostgres::statement(OdbcConnection& connection, std::string_view sql) {
@@ -89,8 +100,30 @@ void OdbcPostgres::begin(OdbcConnection& connection) {
 /// Readers come and go meanwhile; a second writer of the table waits.
 void OdbcPostgres::lock(OdbcConnection& connection, const std::string& table) {
   if (locked_.count(table) != 0) return;
-  connection.run("LOCK TABLE " + quoted(tableName(connection, table)) + " IN SHARE ROW EXCLUSIVE MODE");
+  const std::string sql =
+      "LOCK TABLE " + quoted(tableName(connection, table)) + " IN SHARE ROW EXCLUSIVE MODE";
+  const auto start = std::chrono::steady_clock::now();
+  try {
+    connection.run(sql);
+  } catch (const Error&) {
+    countWait(connection, start);
+    throw;
+  }
   locked_.insert(table);
+  countWait(connection, start);
+}
+
+/// An act has one connection and waits once, however many tables it writes.
+void OdbcPostgres::countWait(OdbcConnection& connection, std::chrono::steady_clock::time_point start) {
+  const auto waited =
+      std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+  if (waited < shortestWait) return;
+  patience_ -= waited;
+  try {
+    setPatience(connection);
+  } catch (const Error&) {
+    // The transaction is gone, and what made it go has been told.
+  }
 }
 
 /// The driver takes the end of a transaction that is gone for a success; releasing the savepoint tells.

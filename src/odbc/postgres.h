@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <set>
 
@@ -36,13 +37,16 @@ class OdbcPostgres final : public OdbcProduct {
 
   const PostgresTable* find(OdbcConnection& connection, std::string_view name);
   void readTables(OdbcConnection& connection);
+  void setPatience(OdbcConnection& connection) const;
+  void countWait(OdbcConnection& connection, std::chrono::steady_clock::time_point start);
 
   std::map<std::string, PostgresTable> tables_;  // by the name in small letters
   bool known_ = false;                           // tables_ is up to date
   std::set<std::string> locked_;
-  bool protected_ = false;   // the savepoint is set
-  std::vector<Step> steps_;  // all that was done since
-  bool unlisted_ = false;    // something was done since that steps_ does not hold
+  std::chrono::milliseconds patience_{3000};  // how much longer other operators' saves are waited for
+  bool protected_ = false;                    // the savepoint is set
+  std::vector<Step> steps_;                   // all that was done since
+  bool unlisted_ = false;                     // something was done since that steps_ does not hold
 };
 
 }  // namespace db

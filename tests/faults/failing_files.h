@@ -12,6 +12,7 @@ struct Fault {
   Call call = Call::Read;
   int code = 0;          ///< SQLite's result code; for Memory it is of no account
   bool onwards = false;  ///< every later call of the kind fails as well
+  bool kills = false;    ///< the call never returns: the process is killed instead
 };
 
 /// From its making to its end SQLite reaches files and memory through calls that can be made to fail. One at

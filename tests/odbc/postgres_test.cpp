@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <thread>
 
 #include "db/database.h"
 #include "open/open.h"
@@ -196,6 +197,27 @@ TEST_F(Postgres, ASecondWriterWaitsAndIsToldReadersAreNot) {
   second->close();
   first->close();
   EXPECT_EQ(numbers(), "3");
+}
+
+// 1.5 seconds for the first table leave 1.5 for the second: 3 altogether, not 4.5.
+TEST_F(Postgres, AnActWaitsOnceHoweverManyTablesItWrites) {
+  auto first = open();
+  deleted(*first);
+  const auto other = open();
+  other->openRecordset("SELECT * FROM Log", db::Access::Edit);
+  const auto act = open();
+  const auto start = std::chrono::steady_clock::now();
+  std::thread done([&first] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+    first->close();
+  });
+  act->openRecordset("SELECT * FROM T", db::Access::Edit);
+  EXPECT_TRUE(holds(failure([&] { act->openRecordset("SELECT * FROM Log", db::Access::Edit); }),
+                    "は他のプログラムが使用中です"));
+  const auto waited = std::chrono::steady_clock::now() - start;
+  done.join();
+  EXPECT_GE(waited, std::chrono::milliseconds(2500));
+  EXPECT_LT(waited, std::chrono::milliseconds(4000));
 }
 
 TEST_F(Postgres, ALostConnectionKeepsTheOldRecordsAndIsTold) {
