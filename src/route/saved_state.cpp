@@ -19,8 +19,10 @@ class Digest {
       addByte(1);
       return addNumber(std::bit_cast<std::uint64_t>(value.number()));
     }
-    const std::string& text = *value.textIfAny();
-    addByte(2);
+    const std::string* const words = value.textIfAny();
+    const std::string bytes = words == nullptr ? value.text() : std::string();
+    const std::string& text = words == nullptr ? bytes : *words;
+    addByte(value.isBytes() ? 3 : 2);
     addNumber(text.size());  // so that two fields never run into each other
     for (const char c : text) addByte(static_cast<unsigned char>(c));
   }
