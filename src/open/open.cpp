@@ -82,6 +82,13 @@ FileKind fileKind(std::string_view path, std::string_view beginning) {
   return isDataSourceName(path) ? FileKind::DataSource : FileKind::Unknown;
 }
 
+FileKind kindOfFile(std::string_view path) {
+  requireFile(path);
+  std::ifstream file(platform::nativePath(path), std::ios::binary);
+  if (!file) throw Error(named(path) + "を読み込めません。");
+  return fileKind(path, beginningOf(file));
+}
+
 std::unique_ptr<Database> openDatabase(std::string_view path) {
   requireFile(path);
   requireReadable(path);

@@ -21,6 +21,9 @@ FileKind fileKind(std::string_view path, std::string_view beginning);
 /// it can be opened or not: a file that begins as an SQLite or Access file, or a file data source (.dsn).
 bool isDatabase(std::string_view path);
 
+/// The kind of the file at `path`. Raises Error, naming it, where it cannot be read.
+FileKind kindOfFile(std::string_view path);
+
 /// Makes a new, empty database file at `path` and opens it. Raises Error where a file is there already or
 /// cannot be made.
 std::unique_ptr<Database> createDatabase(std::string_view path);

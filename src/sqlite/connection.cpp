@@ -227,6 +227,17 @@ std::vector<ColumnDefinition> SqliteConnection::columns(std::string_view table) 
   return result;
 }
 
+/// All pages in one step: the readers' lock is held until the last of them.
+void SqliteConnection::copyInto(SqliteConnection& target) {
+  requireOpen();
+  target.requireOpen();
+  sqlite3_backup* const copy = sqlite3_backup_init(target.handle_, "main", handle_, "main");
+  if (copy == nullptr) target.raise(sqlite3_errcode(target.handle_));
+  const int code = sqlite3_backup_step(copy, -1);
+  sqlite3_backup_finish(copy);
+  if (code != SQLITE_DONE) throw Error(sqliteError(code, sqlite3_errstr(code), file()));
+}
+
 void SqliteConnection::close() {
   if (!isOpen()) return;
   resetStatements();

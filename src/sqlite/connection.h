@@ -70,6 +70,9 @@ class SqliteConnection final : public Link {
 
   std::vector<ColumnDefinition> columns(std::string_view table) override;
 
+  /// Writes one state of this database, whole, over that of `target`, while others may work on this one.
+  void copyInto(SqliteConnection& target);
+
   /// Commits what was gathered and ends the connection, also where the commit fails. A second call does
   /// nothing.
   void close();

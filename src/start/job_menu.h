@@ -6,6 +6,7 @@
 #include "job/context.h"
 #include "start/file_dialogs.h"
 
+class QDialog;
 class QMainWindow;
 
 namespace start {
@@ -20,7 +21,11 @@ class JobMenu : public QMenu {
           FileDialogs dialogs = systemFileDialogs());
 
  private:
+  void add(const char* name, const QString& caption, void (JobMenu::*what)());
   void takeObservationsIn();
+  void keepCopy();
+  void restore();
+  void show(QDialog* dialog);
 
   QMainWindow& window_;
   std::string path_;

@@ -7,10 +7,13 @@
 #include <iostream>
 
 #include "jobs/recent.h"
+#include "jobs/safe_copy.h"
+#include "open/open.h"
 #include "platform/files.h"
 #include "qt/application.h"
 #include "qt/offscreen.h"
 #include "start/intake_dialog.h"
+#include "start/restore_dialog.h"
 #include "start/start_window.h"
 
 // start_pictures DIR SAMPLE: takes pictures of the windows in which jobs are opened, made and filled, as the
@@ -44,6 +47,21 @@ void takeIntake(const std::string& folder, const std::string& sample, const std:
   take(dialog, folder + "/intake.png");
 }
 
+/// A job that has lost a table since its copy was taken.
+void takeRestore(const std::string& folder, const std::string& sample) {
+  const std::string job = folder + "/諏訪.sqlite";
+  platform::copyFile(sample, job);
+  const std::string copy = jobs::keepCopy(job);
+  const auto database = db::openDatabase(job);
+  database->execute("DELETE FROM KansokuData WHERE SaveOrder > 3");
+  database->close();
+  start::RestoreDialog dialog(job, {}, nullptr);
+  dialog.show();
+  take(dialog, folder + "/restore.png");
+  platform::removeFile(copy);
+  platform::removeFile(job);
+}
+
 void takeAll(const std::string& folder, const std::string& sample) {
   const std::string settings = folder + "/settings.txt";
   jobs::RecentJobs recent(settings);
@@ -62,6 +80,7 @@ void takeAll(const std::string& folder, const std::string& sample) {
   take(made, folder + "/new-job.png");
   made.reject();
   takeIntake(folder, sample, settings);
+  takeRestore(folder, sample);
   platform::removeFile(settings);
 }
 
