@@ -11,7 +11,18 @@
 namespace jobs {
 namespace {
 
-constexpr const char* engineNames[] = {"", "SQLite", "Access", "ODBC"};
+constexpr const char* accessName = "Access";
+constexpr const char* engineNames[] = {"", "SQLite", accessName, "ODBC"};
+
+constexpr const char* driverWayOut =
+    "ドライバーを入れるか、そのドライバーのあるコンピュータで「seikahyou-job copy」を使って SQLite "
+    "のファイルに写してください。";
+constexpr const char* accessWayOut =
+    "Access のドライバーは、プログラムと同じビット数のものだけが使えます。Windows に初めからあるものは 32 "
+    "ビット版です。"
+    "同じビット数の「Microsoft Access データベース "
+    "エンジン」を入れるか、ドライバーと同じビット数のプログラムで開くか、"
+    "ドライバーのあるコンピュータで「seikahyou-job copy」を使って SQLite のファイルに写してください。";
 
 std::string quoted(const std::string& path) { return "「" + path + "」"; }
 
@@ -32,30 +43,6 @@ std::vector<JobEntry> readEntries(db::Database& database) {
                        text::readInt16(textOr(*records, "Tokyu")), textOr(*records, "JikkouFlg") == "1"});
   records->close();
   return entries;
-}
-
-std::string wayOutOf(db::Cause cause) {
-  switch (cause) {
-    case db::Cause::InUse:
-      return "ほかのプログラムでの作業が終わってから、もう一度開いてください。";
-    case db::Cause::Damaged:
-      return "「作業の控え」などの控えがあれば、それを開いてください。「seikahyou-job "
-             "check」で傷みを調べられます。";
-    case db::Cause::NoDriver:
-      return "ドライバーを入れるか、そのドライバーで読める環境で「seikahyou-job copy」を使って SQLite "
-             "のファイルに写してください。";
-    case db::Cause::NoLogin:
-      return "ユーザー名とパスワードを確かめてください。";
-    case db::Cause::Unreachable:
-      return "サーバーが動いているか、ネットワークにつながっているか、接続のサーバー名・ポート・データベース"
-             "名を確"
-             "かめてください。";
-    case db::Cause::Forbidden:
-      return "ファイルとフォルダを読み書きする権限を確かめてください。";
-    case db::Cause::Other:
-      break;
-  }
-  return "ファイルを確かめて、もう一度開いてください。";
 }
 
 /// A database without the tables by which the program starts is no job.
@@ -94,11 +81,35 @@ Examination examine(const std::string& path) {
   try {
     openAndLook(path, found);
   } catch (const db::Error& error) {
-    found.trouble = {error.what(), wayOutOf(error.cause()), error.cause() == db::Cause::NoLogin};
+    found.trouble = {error.what(), wayOut(error.cause(), found.engine)};
   } catch (const std::exception& error) {
-    found.trouble = {quoted(path) + "のジョブを読めません。" + error.what(), wayOutOf(db::Cause::Other)};
+    found.trouble = {quoted(path) + "のジョブを読めません。" + error.what(),
+                     wayOut(db::Cause::Other, found.engine)};
   }
   return found;
+}
+
+std::string wayOut(db::Cause cause, const std::string& engine) {
+  switch (cause) {
+    case db::Cause::InUse:
+      return "ほかのプログラムでの作業が終わってから、もう一度開いてください。";
+    case db::Cause::Damaged:
+      return "「作業の控え」などの控えがあれば、それを開いてください。「seikahyou-job "
+             "check」で傷みを調べられます。";
+    case db::Cause::NoDriver:
+      return engine == accessName ? accessWayOut : driverWayOut;
+    case db::Cause::NoLogin:
+      return "ユーザー名とパスワードを確かめてください。";
+    case db::Cause::Unreachable:
+      return "サーバーが動いているか、ネットワークにつながっているか、接続のサーバー名・ポート・データベース"
+             "名を確"
+             "かめてください。";
+    case db::Cause::Forbidden:
+      return "ファイルとフォルダを読み書きする権限を確かめてください。";
+    case db::Cause::Other:
+      break;
+  }
+  return "ファイルを確かめて、もう一度開いてください。";
 }
 
 const JobEntry* settledEntry(const std::vector<JobEntry>& entries) {

@@ -5,13 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "db/database.h"
+
 namespace jobs {
 
 /// Why a job cannot be opened, in an operator's words.
 struct Trouble {
-  std::string cause;           ///< a sentence that names the file
-  std::string wayOut;          ///< what can be done about it
-  bool needsPassword = false;  ///< the server asks for one
+  std::string cause;   ///< a sentence that names the file
+  std::string wayOut;  ///< what can be done about it
 };
 
 /// A job in the table JobData.
@@ -34,6 +35,10 @@ struct Examination {
 /// Looks whether the job at `path` can be opened, as the program's start would open it, and which jobs it
 /// holds. Raises nothing.
 Examination examine(const std::string& path);
+
+/// What an operator can do where a database of this engine cannot be opened for that cause; for a driver that
+/// is missing what it has to be, too.
+std::string wayOut(db::Cause cause, const std::string& engine);
 
 /// The entry that is marked for execution, or the only one there is; null where the operator has to choose.
 const JobEntry* settledEntry(const std::vector<JobEntry>& entries);

@@ -95,6 +95,16 @@ TEST_F(Examine, ListsTheJobsOfADatabase) {
   EXPECT_EQ(jobs::settledEntry(found.entries)->id, "2");
 }
 
+TEST(WayOut, OfAMissingDriverTellsWhatItHasToBe) {
+  const std::string access = jobs::wayOut(db::Cause::NoDriver, "Access");
+  for (const char* part : {"同じビット数", "32 ビット版", "seikahyou-job copy"})
+    EXPECT_NE(access.find(part), std::string::npos) << part;
+  const std::string other = jobs::wayOut(db::Cause::NoDriver, "ODBC");
+  EXPECT_EQ(other.find("Access"), std::string::npos);
+  EXPECT_NE(other.find("seikahyou-job copy"), std::string::npos);
+  EXPECT_NE(jobs::wayOut(db::Cause::NoLogin, "ODBC").find("パスワード"), std::string::npos);
+}
+
 TEST(SettledEntry, IsTheOneExecutedOrTheOnlyOne) {
   using Entries = std::vector<jobs::JobEntry>;
   const Entries one{{"1", "", 1, false}};
