@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "daen/calculation.h"
+#include "daen/checks.h"
 #include "daen/columns.h"
 #include "daen/data.h"
 #include "measured_route.h"
@@ -35,6 +36,7 @@ struct Ellipsoidal : MeasuredRoute {
     daen::FcSeiDaenCal(grid, sections, section, formats, [](const daen::SectionValues&) {});
   }
   void save() { daen::FcDHseiSave(selection, context, grid); }
+  void check() { findings = daen::check(grid, sections, {section, ""}, context.grade()).size(); }
 
   void takeNumbers() {
     for (int row = 1; row < grid.rows(); row += 2) {
@@ -67,6 +69,7 @@ struct Ellipsoidal : MeasuredRoute {
   const daen::Formats formats = daen::FcDaenInit(context.grade());
   ui::Grid sections{"Grid2"};
   daen::Section section;
+  std::size_t findings = 0;        // of the last check
   std::vector<double> heights;     // m
   std::vector<double> distances;   // km, to the next bench mark
   std::vector<std::string> cells;  // written by the bare pass
@@ -84,6 +87,7 @@ std::vector<Measure> daenMeasures(const Job& job) {
       {"ellipsoidal load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
       {"ellipsoidal reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"ellipsoidal compute", 1.5, {}, [route] { route->compute(); }, [route] { route->shareAndFormat(); }},
+      {"ellipsoidal checks", 0.1, {}, [route] { route->check(); }, [route] { route->compute(); }},
       {"ellipsoidal save",
        2,
        {},

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "hend/calculation.h"
+#include "hend/checks.h"
 #include "hend/columns.h"
 #include "hend/data.h"
 #include "measured_route.h"
@@ -36,6 +37,7 @@ struct Variation : MeasuredRoute {
   }
   void compute() { hend::FcHendCalc(grid, referenceDate, context.grade()); }
   void save() { hend::FcHendDBSave(selection, context, grid, referenceDate); }
+  void check() { findings = hend::check(grid, referenceDate, context.grade()).size(); }
 
   void takeNumbers() {
     const auto date = [this](int row, int col) { return text::Date::read(grid.text(row, col)); };
@@ -70,6 +72,7 @@ struct Variation : MeasuredRoute {
   }
 
   const std::string referenceDate = "2024/01/01";
+  std::size_t findings = 0;  // of the last check
   std::vector<Epochs> sections;
   std::vector<std::string> cells;  // written by the bare pass
 };
@@ -86,6 +89,7 @@ std::vector<Measure> hendMeasures(const Job& job) {
       {"variation load", 3, clear, [route] { route->load(); }, bareReading(job, observed), Work::Reading},
       {"variation reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"variation compute", 1.5, {}, [route] { route->compute(); }, [route] { route->carryAndFormat(); }},
+      {"variation checks", 0.1, {}, [route] { route->check(); }, [route] { route->compute(); }},
       {"variation save",
        2,
        {},

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "hksnb/calculation.h"
+#include "hksnb/checks.h"
 #include "hksnb/columns.h"
 #include "hksnb/data.h"
 #include "hksnb/grid_set_up.h"
@@ -33,6 +34,10 @@ struct Book : MeasuredRoute {
                                          boxes.present, places, grid);
   }
   void workAmounts() { hksnb::FcHHKSB_HendryoCal(grid, context.grade()); }
+  void check() {
+    findings =
+        hksnb::checks(grid, context.grade(), {.kind = kind, .number = number, .reopened = number}).size();
+  }
   void save() { hksnb::FcHHKSB_HKSNBSave(context, kind, number, boxes.present, grid); }
   void reopen() { hksnb::FcHHKSB_Reopen(context, kind, number, boxes, grid); }
 
@@ -73,6 +78,7 @@ struct Book : MeasuredRoute {
   const std::string number = "1";
   hksnb::BookBoxes boxes;
   hksnb::PlaceNames places;
+  std::size_t findings = 0;        // of the last check
   std::vector<double> present;     // m
   std::vector<double> previous;    // m
   std::vector<std::string> cells;  // written by the bare pass
@@ -98,6 +104,7 @@ std::vector<Measure> hksnbMeasures(const Job& job) {
        bareReplacing(job, "KansokuSeikaDataHKSNB", book->keys()),
        Work::Saving},
       {"book amounts", 1.5, {}, [book] { book->workAmounts(); }, [book] { book->subtractAndFormat(); }},
+      {"book checks", 0.1, {}, [book] { book->check(); }, [book] { book->workAmounts(); }},
       {"book filling", 3, empty, [book] { book->fill(); }, bareReading(job, joined), Work::Reading},
       {"book reopen", 3, empty, [book] { book->reopen(); }, bareReading(job, saved), Work::Reading},
   };

@@ -5,6 +5,7 @@
 #include "measured_route.h"
 #include "platform/system.h"
 #include "seihyou/calculation.h"
+#include "seihyou/checks.h"
 #include "seihyou/columns.h"
 #include "seihyou/data.h"
 #include "text/number.h"
@@ -29,6 +30,7 @@ struct Orthometric : MeasuredRoute {
   void load() { seihyou::FcDBOpen(selection, context, grid); }
   void reopen() { seihyou::FcDBReOpen(selection, context, grid); }
   void recalculate() { seihyou::FcCalcSeihyou(grid, 1, context.grade()); }
+  void check() { findings = seihyou::checks(grid, context.grade()).size(); }
   void save() { seihyou::FcDbSave(selection, context, grid); }
 
   void takeNumbers() {
@@ -53,6 +55,7 @@ struct Orthometric : MeasuredRoute {
     }
   }
 
+  std::size_t findings = 0;         // of the last check
   std::vector<double> differences;  // m
   std::vector<double> corrections;  // m
   std::vector<std::string> cells;   // written by the bare pass
@@ -77,6 +80,7 @@ std::vector<Measure> seihyouMeasures(const Job& job) {
        {},
        [route] { route->recalculate(); },
        [route] { route->addAndFormat(); }},
+      {"orthometric checks", 0.1, {}, [route] { route->check(); }, [route] { route->recalculate(); }},
       {"orthometric save",
        2,
        {},

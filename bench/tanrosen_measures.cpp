@@ -4,6 +4,7 @@
 
 #include "measured_route.h"
 #include "tanrosen/calculation.h"
+#include "tanrosen/checks.h"
 #include "tanrosen/columns.h"
 #include "tanrosen/data.h"
 #include "text/number.h"
@@ -27,6 +28,9 @@ struct SingleRoute : MeasuredRoute {
   void reopen() { tanrosen::FcDBReOpen(selection, context, grid, lists); }
   void calculate() { tanrosen::FcCalcTanrosen(grid, knownNumbers, context.grade(), selection.dataKubun); }
   void save() { tanrosen::FcDbSave(selection, context, grid); }
+  void check() {
+    findings = tanrosen::checks(grid, knownNumbers, context.grade(), selection.dataKubun).size();
+  }
 
   /// A calculation leaves its results where the known heights stood.
   void restoreKnownHeights() {
@@ -77,6 +81,7 @@ struct SingleRoute : MeasuredRoute {
   ui::ListBox benchMarks{"lstSuijyun", nullptr};
   ui::ListBox knownPoints{"lstKiti", nullptr};
   const tanrosen::BenchMarkLists lists{benchMarks, knownPoints};
+  std::size_t findings = 0;  // of the last check
   std::vector<std::string> knownNumbers;
   std::vector<double> heights;          // observed, m
   std::vector<double> distances;        // to the next bench mark
@@ -101,6 +106,7 @@ std::vector<Measure> tanrosenMeasures(const Job& job) {
       {"single route reopen", 3, clear, [route] { route->reopen(); }, bareReading(job, saved), Work::Reading},
       {"single route calculate", 1.5, [route] { route->restoreKnownHeights(); },
        [route] { route->calculate(); }, [route] { route->distributeAndFormat(); }},
+      {"single route checks", 0.1, {}, [route] { route->check(); }, [route] { route->calculate(); }},
       {"single route save",
        2,
        {},

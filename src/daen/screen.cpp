@@ -172,6 +172,7 @@ void fDHsei::CmdDaenCal_Click() {
     lblH.setText(text::numberText(values.meanHeight));
     lblDaenHoseichi.setText(text::numberText(values.correction));
     SSTab1.setCurrent(resultPage);
+    note("計算", "区間 " + lblHyousekiNo1.text() + " - " + lblHyousekiNo2.text());
   });
 }
 

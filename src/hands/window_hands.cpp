@@ -59,6 +59,7 @@ class WindowHands : public script::Hands {
 
   ui::Desktop& desktop() override { return desktop_; }
   void answerBy(script::Answers& answers) override { answers_ = &answers; }
+  void witnessBy(ui::ActWitness& witness) override { witness_ = &witness; }
 
   void press(ui::Pressable& control) override {
     perform([&] { hands::press(widgetOf<QObject>(desktop_, control)); });
@@ -147,7 +148,8 @@ class WindowHands : public script::Hands {
             .failed = [this](std::exception_ptr error) { keep(error); },
             .settled = [] {},
             .sweep = [] {},
-            .setUpForm = qt::setUpForm};
+            .setUpForm = qt::setUpForm,
+            .witness = [this] { return witness_; }};
   }
 
   qt::ScreenWindow& windowOf(const ui::Screen& screen) const {
@@ -209,6 +211,7 @@ class WindowHands : public script::Hands {
   qt::Application application_;
   std::vector<ui::Message> messages_;
   script::Answers* answers_ = nullptr;
+  ui::ActWitness* witness_ = nullptr;
   std::exception_ptr error_;
   qt::WindowDesktop desktop_;
 };

@@ -133,6 +133,7 @@ void fHHsei::calculateAgain() {
   const int row = Grid1.row();
   const int col = Grid1.col();
   calculate();
+  note("計算", "基準日 " + txtKijunbi.text());
   const bool astray =
       Grid1.cellUse(Grid1.row(), col) != ui::CellUse::Shown && !Grid1.isEntry(Grid1.row(), col);
   if (astray) Grid1.setCurrent(row, col);
@@ -144,7 +145,8 @@ route::SavedParts fHHsei::savedParts(const route::Selection& selection) const {
 }
 
 ui::Findings fHHsei::findings() const {
-  return source_ == Source::None ? ui::Findings() : check(Grid1, txtKijunbi.text(), context_.grade());
+  return source_ == Source::None ? ui::Findings()
+                                 : check(Grid1, txtKijunbi.text(), context_.grade(), {limits().rate});
 }
 
 void fHHsei::pastePicture() {

@@ -8,6 +8,7 @@
 #include "hksnb/columns.h"
 #include "hksnb/grid_set_up.h"
 #include "platform/files.h"
+#include "route/limits.h"
 #include "route/picture_paste.h"
 #include "route/safeguards.h"
 #include "text/number.h"
@@ -98,6 +99,7 @@ void fHHksb::tieBook() {
 void fHHksb::computeAmounts() {
   const ui::Hourglass wait(desktop());
   FcHHKSB_HendryoCal(Grid1, context_.grade());
+  note("計算", "変動量");
 }
 
 void fHHksb::Form_Load() {
@@ -202,6 +204,7 @@ bool fHHksb::replaceStored() {
 
 ui::Findings fHHksb::findings() const {
   BookState state{kind_, opening_.isWhole(), txtHksnbNo.text(), watch_.number()};
+  state.farAway = route::limitsOf(desktop()).variation;
   if (kindOf(optSeika20) == kind_) state.stored = LstHksnbNo.items();
   return checks(Grid1, context_.grade(), state);
 }

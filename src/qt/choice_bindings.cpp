@@ -74,7 +74,7 @@ class TabBinding : public BindingOf<ui::TabControl, QTabWidget> {
                              std::to_string(widget.count()) + " pages, the control " +
                              std::to_string(control.pages()));
     QObject::connect(&widget, &QTabWidget::currentChanged, &widget,
-                     [this](int page) { act([this, page] { control_.setCurrent(page); }); });
+                     [this](int page) { act([this, page] { control_.turnTo(page); }); });
   }
 
  private:

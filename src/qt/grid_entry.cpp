@@ -53,12 +53,12 @@ void GridView::emptySelection() {
 
 void GridView::undo() {
   follow_ = true;
-  act([this] { grid_->history()->undo(); });
+  act([this] { ui::undo(*grid_); });
 }
 
 void GridView::redo() {
   follow_ = true;
-  act([this] { grid_->history()->redo(); });
+  act([this] { ui::redo(*grid_); });
 }
 
 QString GridView::undoName() const {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "job/work_record.h"
+#include "platform/append.h"
 #include "platform/settings.h"
 #include "qt/application.h"
 #include "qt/convert.h"
@@ -28,9 +30,11 @@ void ask(QMessageBox& box) {
 /// The program on its desk of windows.
 class Session {
  public:
-  Session(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu)
+  Session(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu,
+          ui::ActWitness* witness)
       : application_(application),
         dressMenu_(std::move(dressMenu)),
+        witness_(witness),
         desktop_(Opening::Comfortable, owner()),
         program_(std::move(commandLine), desktop_) {
     application.whenFailed([this](std::exception_ptr error) { fail(error); });
@@ -52,14 +56,35 @@ class Session {
 
  private:
   DesktopOwner owner() {
-    return {.ask = ask,
-            .safeguards = [this] { return settings_.flag("safeguards", true); },
-            .failed = [this](std::exception_ptr error) { fail(error); },
-            .settled = [this] { endWithoutScreen(); },
-            .sweep = [this] { program_.sweep(); },
-            .setUpForm = setUpForm,
-            .dress = [this](ScreenWindow& window) { dress(window); },
-            .settings = &settings_};
+    return {
+        .ask = ask,
+        .safeguards = [this] { return settings_.flag("safeguards", true); },
+        .failed = [this](std::exception_ptr error) { fail(error); },
+        .settled = [this] { endWithoutScreen(); },
+        .sweep = [this] { program_.sweep(); },
+        .setUpForm = setUpForm,
+        .dress = [this](ScreenWindow& window) { dress(window); },
+        .record = [this](const ui::WorkNote& note, const ui::Findings& findings) { record(note, findings); },
+        .witness = [this] { return witness_; },
+        .settings = &settings_};
+  }
+
+  /// 作業記録 stands in the user's own folder, or in the one that the settings name under "record.folder".
+  /// One that cannot be written keeps nobody from working.
+  void record(const ui::WorkNote& note, const ui::Findings& findings) {
+    if (!settings_.flag("record", true)) return;
+    const std::string folder = settings_.text("record.folder", platform::userDataFolder());
+    if (folder.empty()) return;
+    const job::WorkEntry entry{.time = platform::localTime(),
+                               .job = note.job,
+                               .screen = note.screen,
+                               .route = note.open,
+                               .what = note.what,
+                               .details = note.details,
+                               .errors = ui::countFindings(findings, ui::Severity::Error),
+                               .warnings = ui::countFindings(findings, ui::Severity::Warning)};
+    platform::appendToFile(folder + "/" + std::string(job::workRecordName), job::workHeading(),
+                           job::workLine(entry));
   }
 
   void dress(ScreenWindow& window) {
@@ -83,6 +108,7 @@ class Session {
 
   Application& application_;
   MenuDresser dressMenu_;
+  ui::ActWitness* witness_;
   platform::Settings settings_{platform::settingsFile()};
   int status_ = 0;
   WindowDesktop desktop_;
@@ -95,8 +121,9 @@ void scaleAsTheDisplay() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
-int runSession(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu) {
-  return Session(application, std::move(commandLine), std::move(dressMenu)).run();
+int runSession(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu,
+               ui::ActWitness* witness) {
+  return Session(application, std::move(commandLine), std::move(dressMenu), witness).run();
 }
 
 }  // namespace qt

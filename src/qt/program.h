@@ -5,6 +5,7 @@
 #include "job/context.h"
 #include "qt/application.h"
 #include "shell/start_up.h"
+#include "ui/act_witness.h"
 
 class QMainWindow;
 
@@ -19,6 +20,8 @@ using MenuDresser = std::function<void(QMainWindow& menu, const job::JobContext&
 
 /// Runs the program in windows on one job until the operator ends it: from its menu to its menu. Returns 0,
 /// or 1 where an error that nothing in the program trapped has ended it (the operator has been told).
-int runSession(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu = {});
+/// `witness` is told what the operator does on the screens; null for nobody.
+int runSession(Application& application, shell::CommandLine commandLine, MenuDresser dressMenu = {},
+               ui::ActWitness* witness = nullptr);
 
 }  // namespace qt

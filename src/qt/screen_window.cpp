@@ -93,6 +93,7 @@ void ScreenWindow::check() {
   if (const ui::Grid* grid = ui::checkedGrid(*screen_))
     if (auto* view = qobject_cast<GridView*>(shown(*grid))) view->gridModel().setMarks(pane_->findings());
   status_.count(pane_->findings());
+  emit checked();
 }
 
 const ui::Findings& ScreenWindow::findings() {

@@ -62,6 +62,10 @@ class ScreenWindow : public QMainWindow {
   /// Where the findings stand; null for a menu.
   FindingsPane* findingsPane() const { return pane_; }
 
+ signals:
+  /// The screen has been looked through.
+  void checked();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;

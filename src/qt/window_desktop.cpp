@@ -9,6 +9,8 @@
 #include "qt/convert.h"
 #include "qt/input_stop.h"
 #include "qt/look_menu.h"
+#include "qt/settings_menu.h"
+#include "ui/act_witness.h"
 
 namespace qt {
 namespace {
@@ -58,6 +60,24 @@ void WindowDesktop::message(const ui::Message& message) {
   showBox(box);
 }
 
+/// A note waits until the keyboard rests: then its screen is looked through, and what is found goes with it.
+void WindowDesktop::note(const ui::WorkNote& note) {
+  if (owner_.record) notes_.push_back(note);
+}
+
+void WindowDesktop::writeNotes(const ui::Findings& findings) {
+  for (const ui::WorkNote& note : std::exchange(notes_, {})) owner_.record(note, findings);
+}
+
+void WindowDesktop::noteAnswer(const ui::Question& question, std::size_t answer) {
+  const ui::Screen* screen = windows_.empty() ? nullptr : windows_.back()->screen();
+  if (screen == nullptr) return;
+  const ui::Situation now = screen->situation();
+  note({now.job, now.open, screen->caption(), "回答", question.text + " → " + question.buttons[answer]});
+}
+
+std::string WindowDesktop::setting(std::string_view key) const { return settings().text(key); }
+
 /// Enter, Esc and the close box all stand for the safe button.
 std::size_t WindowDesktop::ask(const ui::Question& question) {
   QMessageBox box(QMessageBox::Question, {}, toQString(question.text), QMessageBox::NoButton, front());
@@ -69,7 +89,11 @@ std::size_t WindowDesktop::ask(const ui::Question& question) {
   box.setEscapeButton(safe);
   showBox(box);
   const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
-  return pressed == buttons.end() ? question.safe : static_cast<std::size_t>(pressed - buttons.begin());
+  const std::size_t answer =
+      pressed == buttons.end() ? question.safe : static_cast<std::size_t>(pressed - buttons.begin());
+  noteAnswer(question, answer);
+  if (ui::ActWitness* seeing = witness()) seeing->answered(question.buttons[answer]);
+  return answer;
 }
 
 void WindowDesktop::showBox(QMessageBox& box) {
@@ -99,13 +123,17 @@ void WindowDesktop::breathe() {
 void WindowDesktop::show(ui::Screen& screen) {
   windows_.push_back(std::make_unique<ScreenWindow>(
       screen, *this, [&](QMainWindow& window) { owner_.setUpForm(screen.name(), window); }));
-  open(*windows_.back());
+  ScreenWindow& window = *windows_.back();
+  QObject::connect(&window, &ScreenWindow::checked, &turns_,
+                   [this, &window] { writeNotes(window.findings()); });
+  open(window);
 }
 
 void WindowDesktop::hide(ui::Screen& screen) {
   const auto found = std::find_if(windows_.begin(), windows_.end(),
                                   [&](const auto& window) { return window->screen() == &screen; });
   if (found == windows_.end()) return;
+  if (!notes_.empty()) writeNotes((*found)->findings());
   remember(**found);
   (*found)->letGo();
   (*found)->hide();
@@ -183,6 +211,7 @@ void WindowDesktop::open(ScreenWindow& window) {
   if (client.isEmpty()) client = comfortable(window, room.size());
   window.keepMinimum();
   if (window.hasGrid()) new LookMenu(window, settings());
+  if (window.hasGrid()) new SettingsMenu(window, settings());
   if (owner_.dress) owner_.dress(window);
   if (window.findingsPane() != nullptr) rememberFolding(*window.findingsPane());
   if (last_) window.move(last_->topLeft());

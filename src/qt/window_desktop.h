@@ -38,6 +38,11 @@ struct DesktopOwner {
   /// Adds to the window of a screen what the screen itself does not know; empty for nothing. Not for windows
   /// that open as designed.
   std::function<void(ScreenWindow& window)> dress = {};
+  /// Takes what belongs into the record of the work, with what the checks have found when it was done; empty
+  /// for no record.
+  std::function<void(const ui::WorkNote& note, const ui::Findings& findings)> record = {};
+  /// Who writes down what the operator does; empty for nobody.
+  std::function<ui::ActWitness*()> witness = {};
   /// Remembers how the operator has left windows and columns; null: nothing is remembered beyond the desk's
   /// own life.
   platform::Settings* settings = nullptr;
@@ -52,6 +57,9 @@ class WindowDesktop : public ui::Desktop, public Host {
   void message(const ui::Message& message) override;
   bool safeguards() const override { return owner_.safeguards && owner_.safeguards(); }
   std::size_t ask(const ui::Question& question) override;
+  std::string setting(std::string_view key) const override;
+  void note(const ui::WorkNote& note) override;
+  ui::ActWitness* witness() override { return owner_.witness ? owner_.witness() : nullptr; }
   void setMousePointer(ui::Pointer pointer) override;
   void breathe() override;
   void show(ui::Screen& screen) override;
@@ -78,7 +86,10 @@ class WindowDesktop : public ui::Desktop, public Host {
   void later(void (WindowDesktop::*what)());
   void open(ScreenWindow& window);
   platform::Settings& settings();
+  const platform::Settings& settings() const { return owner_.settings == nullptr ? own_ : *owner_.settings; }
   void remember(const ScreenWindow& window);
+  void writeNotes(const ui::Findings& findings);
+  void noteAnswer(const ui::Question& question, std::size_t answer);
   void rememberFolding(FindingsPane& pane);
   void restoreColumns(ScreenWindow& window);
   QSize comfortable(const ScreenWindow& window, const QSize& room) const;
@@ -88,7 +99,8 @@ class WindowDesktop : public ui::Desktop, public Host {
   std::vector<std::unique_ptr<ScreenWindow>> windows_;
   std::vector<std::unique_ptr<ScreenWindow>> leaving_;
   platform::Settings own_;
-  std::optional<QRect> last_;  ///< where the last window stood, with its frame
+  std::optional<QRect> last_;        ///< where the last window stood, with its frame
+  std::vector<ui::WorkNote> notes_;  ///< those that wait for the next look at the screen
   std::exception_ptr error_;
   bool busy_ = false;
   bool refreshWaits_ = false;

@@ -58,9 +58,19 @@ void SelectionScreen::open(const SelectionSet& set, Reader read) {
   });
   ui::goToFirstEntry(Grid1);
   SSTab1.setCurrent(dataPage());
+  note(&set == &saved_ ? "再読込" : "読込", opening_.isWhole() ? countText() : "途中で終わりました");
+}
+
+std::string SelectionScreen::countText() const {
+  int count = 0;
+  for (int row = Grid1.fixedRows(); row < Grid1.rows(); ++row)
+    if (!Grid1.text(row, 0).empty()) ++count;
+  return "水準点 " + std::to_string(count) + " 点";
 }
 
 std::string SelectionScreen::categoryText() const { return category_ == nullptr ? "0" : category_->text(); }
+
+Limits SelectionScreen::limits() const { return limitsOf(desktop()); }
 
 report::Document SelectionScreen::document() const {
   const Selection selection = opened_.selection();
@@ -106,6 +116,7 @@ bool SelectionScreen::replaceSaved() {
   if (!saveData(selection)) return false;
   history().markSaved();
   watch(selection);
+  note("保存", countText());
   return true;
 }
 

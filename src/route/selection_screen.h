@@ -5,6 +5,7 @@
 #include "job/context.h"
 #include "report/diagram.h"
 #include "report/source.h"
+#include "route/limits.h"
 #include "route/opening.h"
 #include "route/saved_watch.h"
 #include "route/selection_set.h"
@@ -99,6 +100,9 @@ class SelectionScreen : public ui::Screen, public report::Source {
   void openObserved() { open(observed_, &SelectionScreen::openData); }
   void openSaved() { open(saved_, &SelectionScreen::reopenData); }
 
+  /// What the checks go by, as the operator has set it.
+  Limits limits() const;
+
   const job::JobContext context_;
   const std::string menuProcedure_;  ///< under which errors of the menu items are reported
   OpenedRoute opened_;
@@ -108,6 +112,8 @@ class SelectionScreen : public ui::Screen, public report::Source {
 
  private:
   std::string categoryText() const;
+  /// How many bench marks stand in the grid, for the record of the work.
+  std::string countText() const;
 
   ui::Label* const category_;  ///< shows the category of the opened route, null for none
   SavedWatch watch_;           ///< of what is saved of the opened route

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/act_witness.h"
 #include "ui/controls.h"
 #include "ui/desktop.h"
 #include "ui/grid.h"
@@ -54,6 +55,9 @@ class Hands {
 
   /// Whoever answers the questions of the program; to be set before it starts. Without one none is asked.
   virtual void answerBy(Answers& answers) = 0;
+
+  /// Somebody who writes down what the hands do; to be set before the program starts.
+  virtual void witnessBy(ui::ActWitness& witness) = 0;
 
   /// Presses a button, option button or menu item.
   virtual void press(ui::Pressable& control) = 0;

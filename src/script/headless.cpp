@@ -15,18 +15,25 @@ class HeadlessDesktop : public ui::Desktop {
  public:
   void message(const ui::Message& message) override { messages_.push_back(message); }
   bool safeguards() const override { return answers_ != nullptr && answers_->asked(); }
-  std::size_t ask(const ui::Question& question) override { return answers_->answer(question); }
+  std::size_t ask(const ui::Question& question) override {
+    const std::size_t answer = answers_->answer(question);
+    if (witness_ != nullptr) witness_->answered(question.buttons[answer]);
+    return answer;
+  }
+  ui::ActWitness* witness() override { return witness_; }
   void setMousePointer(ui::Pointer) override {}
   void breathe() override {}
   void show(ui::Screen&) override {}
   void hide(ui::Screen&) override {}
 
   void answerBy(Answers& answers) { answers_ = &answers; }
+  void witnessBy(ui::ActWitness& witness) { witness_ = &witness; }
   std::vector<ui::Message> take() { return std::exchange(messages_, {}); }
 
  private:
   std::vector<ui::Message> messages_;
   Answers* answers_ = nullptr;
+  ui::ActWitness* witness_ = nullptr;
 };
 
 void readItems(const ui::ItemControl& control, Reading& reading) {
@@ -53,6 +60,7 @@ class HeadlessHands : public Hands {
  public:
   ui::Desktop& desktop() override { return desktop_; }
   void answerBy(Answers& answers) override { desktop_.answerBy(answers); }
+  void witnessBy(ui::ActWitness& witness) override { desktop_.witnessBy(witness); }
 
   void press(ui::Pressable& control) override { control.press(); }
   void choose(ui::ItemControl& control, int index) override { control.choose(index); }
@@ -75,12 +83,12 @@ class HeadlessHands : public Hands {
     grid.click(cell.row, cell.col);
     grid.takeEdit(text, true);
   }
-  std::string undo(ui::Grid& grid) override { return grid.history()->undo(); }
-  std::string redo(ui::Grid& grid) override { return grid.history()->redo(); }
+  std::string undo(ui::Grid& grid) override { return ui::undo(grid); }
+  std::string redo(ui::Grid& grid) override { return ui::redo(grid); }
   std::optional<ui::CellPlace> find(ui::Grid& grid, std::string_view text) override {
     return ui::find(grid, text);
   }
-  void bringToFront(ui::TabControl& tab, int page) override { tab.setCurrent(page); }
+  void bringToFront(ui::TabControl& tab, int page) override { tab.turnTo(page); }
   void resize(ui::Screen& screen, int width, int height) override {
     screen.resize(static_cast<float>(width), static_cast<float>(height));
   }

@@ -49,6 +49,14 @@ std::string_view kindName(ui::Kind kind) {
   return "表";
 }
 
+/// True for a command that does nothing to the program.
+bool looks(const Command& command) {
+  return std::holds_alternative<Show>(command) || std::holds_alternative<SizeOf>(command) ||
+         std::holds_alternative<WhichScreen>(command) || std::holds_alternative<Messages>(command) ||
+         std::holds_alternative<Checks>(command) || std::holds_alternative<Copy>(command) ||
+         std::holds_alternative<Export>(command) || std::holds_alternative<Shot>(command);
+}
+
 int itemWithText(const ui::ItemControl& control, std::string_view wanted) {
   for (int i = 0; i < control.count(); ++i)
     if (text::trimmedRight(control.items()[static_cast<std::size_t>(i)]) == text::trimmedRight(wanted))
@@ -96,6 +104,8 @@ void Runner::runLine(std::string_view line) {
   const auto command = parseLine(line);
   if (!command) return;
   std::visit([this](const auto& what) { perform(what); }, *command);
+  if (recorder_ != nullptr && looks(*command))
+    recorder_->looked(line, std::holds_alternative<Copy>(*command));
   subject_.sweep();
   if (const auto failure = answers_.takeFailure()) throw LineError(*failure);
   transcript_.flush();

@@ -9,6 +9,7 @@
 #include "script/answers.h"
 #include "script/command.h"
 #include "script/hands.h"
+#include "script/recorder.h"
 #include "script/subject.h"
 
 namespace script {
@@ -41,6 +42,13 @@ class Runner {
   /// Starts the program and does the script's lines until the first that fails. The transcript is flushed
   /// after every line.
   Ending run(std::istream& script);
+
+  /// Writes down what the script does; `recorder` must outlive the run. Its lines that only look at something
+  /// are taken over as they stand.
+  void recordTo(Recorder& recorder) {
+    recorder_ = &recorder;
+    hands_.witnessBy(recorder);
+  }
 
  private:
   void runLines(std::istream& script);
@@ -88,6 +96,7 @@ class Runner {
   std::ostream& errors_;
   Answers answers_;
   report::PageWriterMaker pageWriter_;
+  Recorder* recorder_ = nullptr;
   int line_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "script/session.h"
 
 #include <exception>
+#include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -8,6 +9,7 @@
 #include "platform/input_file.h"
 #include "platform/system.h"
 #include "script/headless.h"
+#include "script/recorder.h"
 #include "shell/program.h"
 #include "text/error.h"
 
@@ -68,20 +70,44 @@ std::string scriptText(const std::string& path) {
   }
 }
 
+/// The file that a record is written to, with its first lines.
+std::ofstream recordFile(const std::string& path, bool safeguards) {
+  std::ofstream file(platform::nativePath(path), std::ios::binary | std::ios::trunc);
+  if (safeguards) file << "# safeguards: on" << std::endl;
+  if (!file) throw NotBegun("記録のファイル「" + path + "」に書けません。");
+  return file;
+}
+
 Ending work(const Options& options, std::istream& script, const WindowHandsMaker& windowHands,
             const Streams& streams, const report::PageWriterMaker& pageWriter) {
   const auto hands = handsFor(options, windowHands);
   ProgramSubject program(commandLineOf(options), hands->desktop());
-  return Runner(program, *hands, streams.out, streams.errors, options.safeguards, pageWriter).run(script);
+  Runner runner(program, *hands, streams.out, streams.errors, options.safeguards, pageWriter);
+  if (!options.record) return runner.run(script);
+  std::ofstream file = recordFile(*options.record, options.safeguards);
+  Recorder recorder(file);
+  runner.recordTo(recorder);
+  return runner.run(script);
 }
 
-Ending session(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
-               const Streams& streams, const report::PageWriterMaker& pageWriter) {
+/// What a person does in the windows goes into the record; an operator is asked whatever there is to ask.
+int workOfAPerson(const Options& options, const PersonsWindows& person) {
+  if (!person)
+    throw NotBegun("この seikahyou-script はウィンドウなしで作られています（SCRIPT を指定してください）。");
+  std::ofstream file = recordFile(*options.record, true);
+  Recorder recorder(file);
+  return person(commandLineOf(options), recorder);
+}
+
+int session(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
+            const Streams& streams, const report::PageWriterMaker& pageWriter, const PersonsWindows& person) {
   const auto options = parseOptions(words);
   if (!options) throw NotBegun("コマンドの書き方が違います。");
-  if (options->script == "-") return work(*options, streams.in, windowHands, streams, pageWriter);
+  if (options->script.empty()) return workOfAPerson(*options, person);
+  if (options->script == "-")
+    return static_cast<int>(work(*options, streams.in, windowHands, streams, pageWriter));
   std::istringstream script(scriptText(options->script));
-  return work(*options, script, windowHands, streams, pageWriter);
+  return static_cast<int>(work(*options, script, windowHands, streams, pageWriter));
 }
 
 }  // namespace
@@ -96,9 +122,15 @@ std::optional<Options> parseOptions(const std::vector<std::string>& words) {
       options.safeguards = true;
     } else if (*word == "--program-folder" && word + 1 != words.end() && !(word + 1)->empty()) {
       options.programFolder = *++word;
+    } else if (*word == "--record" && word + 1 != words.end() && !(word + 1)->empty()) {
+      options.record = *++word;
     } else {
       return std::nullopt;
     }
+  }
+  if (options.record && words.end() - word == 1) {
+    options.database = *word;
+    return options;
   }
   if (words.end() - word != 2 || word->empty()) return std::nullopt;
   options.script = *word;
@@ -107,10 +139,14 @@ std::optional<Options> parseOptions(const std::vector<std::string>& words) {
 }
 
 std::string usage() {
-  return "使い方: seikahyou-script [--window] [--safeguards] [--program-folder DIR] SCRIPT DATABASE\n"
+  return "使い方: seikahyou-script [--window] [--safeguards] [--program-folder DIR] [--record FILE] SCRIPT "
+         "DATABASE\n"
+         "        seikahyou-script [--program-folder DIR] --record FILE DATABASE\n"
          "  --window              実際のウィンドウを操作します（指定しなければウィンドウなしで動きます）\n"
          "  --safeguards          操作者への確認を行います（答えは answer で用意します）\n"
          "  --program-folder DIR  プログラムのフォルダとみなすフォルダ（JobSel.txt を探すところ）\n"
+         "  --record FILE         行ったことを操作手順として FILE に書きます。SCRIPT "
+         "がなければ、開いたウィンドウで人が操作します\n"
          "  SCRIPT                操作手順のファイル（UTF-8）、- は標準入力\n"
          "  DATABASE              ジョブのデータベース\n"
          "終了コード: 0 手順の終わりまで実行、1 プログラムが処理されないエラーで停止、\n"
@@ -119,9 +155,10 @@ std::string usage() {
 }
 
 int runSession(const std::vector<std::string>& words, const WindowHandsMaker& windowHands,
-               const Streams& streams, const report::PageWriterMaker& pageWriter) {
+               const Streams& streams, const report::PageWriterMaker& pageWriter,
+               const PersonsWindows& person) {
   try {
-    return static_cast<int>(session(words, windowHands, streams, pageWriter));
+    return session(words, windowHands, streams, pageWriter, person);
   } catch (const NotBegun& reason) {
     streams.errors << reason.what() << '\n' << usage() << std::flush;
     return static_cast<int>(Ending::CommandLine);

@@ -86,7 +86,10 @@ bool fSHsei::takeEntries(const ui::Findings& untaken) {
   return true;
 }
 
-ui::Findings fSHsei::findings() const { return checks(Grid1, context_.grade()); }
+ui::Findings fSHsei::findings() const {
+  const route::Limits set = limits();
+  return checks(Grid1, context_.grade(), {set.correction, set.sectionKilometres, set.tolerances});
+}
 
 ui::CellUse fSHsei::cellUse(int row, int col) const {
   if (col == colRemark) return ui::CellUse::Text;
@@ -109,11 +112,13 @@ void fSHsei::Grid1_KeyPress(char32_t code) {
 void fSHsei::calculateFrom(int row) {
   const ui::Hourglass wait(desktop());
   FcCalcSeihyou(Grid1, row, context_.grade());
+  note("計算");
 }
 
 void fSHsei::calculateThroughMeans() {
   const ui::Hourglass wait(desktop());
   calcThroughMeans(Grid1, context_.grade());
+  note("計算", throughMeansItem.actName());
 }
 
 /// Enter takes the correction into the heights and goes on to the next one; any other key is typed.
@@ -138,6 +143,7 @@ void fSHsei::takeBlock(const std::vector<ui::CellPlace>& cells) {
   for (const ui::CellPlace& cell : cells)
     if (isCorrectionCell(Grid1, cell.row, cell.col)) rows.push_back(cell.row);
   calculateRoutes(Grid1, rows, context_.grade());
+  note("計算");
 }
 
 std::string fSHsei::unit(const ui::Grid&, int col) const {

@@ -118,11 +118,13 @@ void fTHsei::Command2_Click() {
 void fTHsei::cmdCalc_Click() {
   const ui::Hourglass wait(desktop());
   FcCalcTanrosen(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+  note("計算", "既知点 " + std::to_string(lstKiti.count()) + " 点");
 }
 
 void fTHsei::calculateOnKnownHeights() {
   const ui::Hourglass wait(desktop());
   calcOnKnownHeights(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+  note("計算", onKnownHeightsItem.actName());
 }
 
 route::SavedParts fTHsei::savedParts(const route::Selection& selection) const {
@@ -146,7 +148,7 @@ bool fTHsei::takeEntries(const ui::Findings& untaken) {
 }
 
 ui::Findings fTHsei::findings() const {
-  return checks(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun);
+  return checks(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun, limits().tolerances);
 }
 
 ui::CellUse fTHsei::cellUse(int row, int col) const {
@@ -176,7 +178,8 @@ void fTHsei::Grid1_KeyPress(char32_t code) {
 }
 
 report::Document fTHsei::tables(const std::string& route) const {
-  return tanrosen::tables(Grid1, {context_.grade(), route, opened_.selection().dataKubun, lstKiti.items()});
+  return tanrosen::tables(
+      Grid1, {context_.grade(), route, opened_.selection().dataKubun, lstKiti.items(), limits().tolerances});
 }
 
 report::Diagram fTHsei::profile() const { return tanrosen::profile(Grid1, context_.grade()); }

@@ -3,7 +3,6 @@
 #include "route/grid_table.h"
 #include "route/heading.h"
 #include "route/profile.h"
-#include "route/tolerance.h"
 #include "tanrosen/check_formulas.h"
 #include "tanrosen/closure_table.h"
 #include "tanrosen/columns.h"
@@ -47,7 +46,7 @@ report::Document tables(const ui::Grid& grid, const TableInput& input) {
   document.title = "単路線閉合差補正計算";
   document.parts = route::gridParts({grid, columns, colBenchMark, colFlag, colRoute}, input.route);
   document.parts.back().items.emplace_back(
-      closuresOf(closureTable(grid, input.knownPoints, input.grade, input.dataKubun, route::Tolerances())));
+      closuresOf(closureTable(grid, input.knownPoints, input.grade, input.dataKubun, input.tolerances)));
   document.check = checkFormulas(grid, input);
   return document;
 }

@@ -7,6 +7,7 @@
 #include "job/grade.h"
 #include "report/diagram.h"
 #include "report/document.h"
+#include "route/tolerance.h"
 #include "ui/grid.h"
 
 namespace tanrosen {
@@ -17,6 +18,7 @@ struct TableInput {
   std::string route;                     ///< number of the opened route
   std::string dataKubun;                 ///< code of its data category
   std::vector<std::string> knownPoints;  ///< in route order
+  route::Tolerances tolerances{};
 };
 
 /// The single-route grid as a document: a part for each route that it holds, and under the last one the

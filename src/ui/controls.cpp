@@ -3,8 +3,33 @@
 #include <utility>
 
 #include "text/error.h"
+#include "text/padding.h"
+#include "ui/act_witness.h"
 
 namespace ui {
+namespace {
+
+/// A change of a text as the operator has done it: a character typed at its end, or another text at once.
+OperatorAct editing(const std::string& name, const std::string& before, std::string_view after) {
+  if (after.size() > before.size() && after.starts_with(before)) {
+    std::size_t at = before.size();
+    const char32_t code = text::nextCharacter(after, at);
+    if (at == after.size() && code >= U' ' && code != 0x7F)
+      return {"type", name, {std::string(after.substr(before.size()))}};
+  }
+  return {"enter", name, {std::string(after)}};
+}
+
+/// An item is called by its text where that is the first of its kind, else by its position.
+OperatorAct choice(const ItemControl& control, int index) {
+  const std::string& item = control.items()[static_cast<std::size_t>(index)];
+  for (int before = 0; before < index; ++before)
+    if (text::trimmedRight(control.items()[static_cast<std::size_t>(before)]) == text::trimmedRight(item))
+      return {"select #", control.name(), {std::to_string(index)}};
+  return {"select", control.name(), {item}};
+}
+
+}  // namespace
 
 void TextControl::setText(std::string_view text) {
   if (text_ == text) return;
@@ -14,6 +39,7 @@ void TextControl::setText(std::string_view text) {
 
 void Pressable::press() {
   if (!enabled()) return;
+  const Witnessed seen(desktop(), [this] { return OperatorAct{"click", name()}; });
   const History::Act act(history(), actName_);
   onClick();
 }
@@ -34,6 +60,7 @@ void OptionButton::setOn(bool on) {
 
 void OptionButton::press() {
   if (!enabled()) return;
+  const Witnessed seen(desktop(), [this] { return OperatorAct{"click", name()}; });
   const History::Act act(history(), actName());
   setOn(true);
   onClick();
@@ -46,7 +73,9 @@ void TextBox::setText(std::string_view text) {
 }
 
 void TextBox::edit(std::string_view text) {
-  if (enabled()) setText(text);
+  if (!enabled()) return;
+  const Witnessed seen(desktop(), [&] { return editing(name(), TextControl::text(), text); });
+  setText(text);
 }
 
 void TextBox::setValid(std::function<bool(std::string_view)> valid, std::string complaint) {
@@ -94,6 +123,7 @@ std::string ItemControl::text() const {
 void ItemControl::choose(int index) {
   if (index < 0 || index >= count()) throw text::RuntimeError(text::ErrorCode::Subscript);
   if (!enabled()) return;
+  const Witnessed seen(desktop(), [&] { return choice(*this, index); });
   setListIndex(index);
   onClick();
 }
@@ -104,6 +134,11 @@ void TabControl::setCurrent(int page) {
   current_ = page;
   notify();
   onChange();
+}
+
+void TabControl::turnTo(int page) {
+  const Witnessed seen(desktop(), [&] { return OperatorAct{"tab", name(), {std::to_string(page)}}; });
+  setCurrent(page);
 }
 
 void TabControl::put(int page, std::initializer_list<Control*> controls) {

@@ -178,9 +178,10 @@ class TabControl : public Control {
 
   int pages() const { return pages_; }
   int current() const { return current_; }
-  /// Brings a page (from 0) to the front, for the program and the operator alike. Raises Subscript where
-  /// there is none.
+  /// Brings a page (from 0) to the front, for the program. Raises Subscript where there is none.
   void setCurrent(int page);
+  /// The operator turns to a page: the same, as his act.
+  void turnTo(int page);
 
   /// Says that these controls stand on page `page`.
   void put(int page, std::initializer_list<Control*> controls);

@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ui {
 
+class ActWitness;
 class Screen;
 
 /// The sign that a message box carries.
@@ -29,6 +31,17 @@ struct Question {
   bool operator==(const Question&) const = default;
 };
 
+/// What a record of the work keeps of something that was done.
+struct WorkNote {
+  std::string job;      ///< "ジョブ 1"
+  std::string open;     ///< what is open, "1001 01A00101"
+  std::string screen;   ///< caption of the screen
+  std::string what;     ///< "読込", "計算", "保存"
+  std::string details;  ///< counts, how it ended; may be empty
+
+  bool operator==(const WorkNote&) const = default;
+};
+
 /// Pointer codes of setMousePointer.
 enum class Pointer : int { Default = 0, Hourglass = 11 };
 
@@ -47,6 +60,15 @@ class Desktop {
   /// Asks a question and returns the position of the button that answered it. Only to be called with
   /// safeguards.
   virtual std::size_t ask(const Question& question) { return question.safe; }
+
+  /// The text that the operator has set under a key, the same for all screens; "" where nothing is set.
+  virtual std::string setting(std::string_view) const { return {}; }
+
+  /// Something was done that belongs into a record of the work.
+  virtual void note(const WorkNote&) {}
+
+  /// Who writes down what the operator does to controls; null for nobody.
+  virtual ActWitness* witness() { return nullptr; }
 
   /// Sets the mouse pointer everywhere on the desktop.
   virtual void setMousePointer(Pointer pointer) = 0;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "text/search_form.h"
+#include "ui/act_witness.h"
 
 namespace ui {
 namespace {
@@ -39,6 +40,10 @@ std::optional<CellPlace> findNext(const Grid& grid, std::string_view text, Way w
 
 std::optional<CellPlace> find(Grid& grid, std::string_view text, Way way) {
   const std::optional<CellPlace> cell = findNext(grid, text, way);
+  const Witnessed seen(grid.desktop(), [&] {
+    if (way == Way::Forward || !cell) return OperatorAct{"find", grid.name(), {std::string(text)}};
+    return OperatorAct{"go", grid.name(), {std::to_string(cell->row), std::to_string(cell->col)}};
+  });
   if (cell) grid.setCurrent(cell->row, cell->col);
   return cell;
 }

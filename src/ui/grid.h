@@ -214,6 +214,7 @@ class Grid : public Control {
   const ColumnLook& look(int col) const;
   ColumnLook& look(int col);
   void clampCurrent();
+  bool beginsAnew() const;
   bool recording();
   void select(const GridPlace& place);
   int edgeColumn(int step) const;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "text/padding.h"
+#include "ui/act_witness.h"
 
 namespace ui {
 namespace {
@@ -184,6 +185,25 @@ void fillColumn(const Grid& grid, Block& block, const CellRange& range, int col)
   }
 }
 
+/// The texts of the visible columns of a range: a line for each row, a tab between the cells.
+std::string textOf(const Grid& grid, const CellRange& range) {
+  const std::vector<int> columns = visibleColumns(grid, range.left, range.right);
+  std::string text;
+  for (int row = range.top; row <= range.bottom; ++row) {
+    for (const int col : columns) {
+      if (col != columns.front()) text += '\t';
+      text += inOneCell(grid.text(row, col));
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+/// A fill as what it comes to: the filled texts, pasted at the range's first cell.
+OperatorAct filling(const Grid& grid, const CellRange& range) {
+  return {"fill", grid.name(), {std::to_string(range.top), std::to_string(range.left), textOf(grid, range)}};
+}
+
 }  // namespace
 
 std::string copiedText(const Grid& grid) {
@@ -208,14 +228,23 @@ std::string copiedText(const Grid& grid) {
 BlockCount paste(Grid& grid, std::string_view text) {
   Cells cells = cellsOf(text);
   if (!grid.enabled() || cells.empty()) return {};
+  const Witnessed seen(grid.desktop(), [&] {
+    return OperatorAct{"paste", grid.name(), {std::string(text)}};
+  });
   const History::Act act(grid.history(), act::pasting);
   return Pasting(grid, std::move(cells)).run();
 }
 
 BlockCount emptyBlock(Grid& grid) {
   if (!grid.enabled()) return {};
-  const History::Act act(grid.history(), act::deleting);
   const CellRange range = grid.block();
+  const Witnessed seen(grid.desktop(), [&] {
+    return OperatorAct{"delete",
+                       grid.name(),
+                       {std::to_string(range.top), std::to_string(range.left), std::to_string(range.bottom),
+                        std::to_string(range.right)}};
+  });
+  const History::Act act(grid.history(), act::deleting);
   const std::vector<int> columns = visibleColumns(grid, range.left, range.right);
   Block block(grid);
   for (int row = range.top; row <= range.bottom; ++row)
@@ -229,7 +258,18 @@ BlockCount fillDown(Grid& grid) {
   const CellRange range = grid.block();
   Block block(grid);
   for (const int col : visibleColumns(grid, range.left, range.right)) fillColumn(grid, block, range, col);
+  const Witnessed seen(grid.desktop(), [&] { return filling(grid, range); });
   return block.enter();
+}
+
+std::string undo(Grid& grid) {
+  const Witnessed seen(grid.desktop(), [&] { return OperatorAct{"undo", grid.name()}; });
+  return grid.history() == nullptr ? std::string() : grid.history()->undo();
+}
+
+std::string redo(Grid& grid) {
+  const Witnessed seen(grid.desktop(), [&] { return OperatorAct{"redo", grid.name()}; });
+  return grid.history() == nullptr ? std::string() : grid.history()->redo();
 }
 
 }  // namespace ui

@@ -43,4 +43,8 @@ BlockCount emptyBlock(Grid& grid);
 /// selected, with the next entry above.
 BlockCount fillDown(Grid& grid);
 
+/// Takes the last act on the grids of the screen back, or does it again. The act's name, empty for none.
+std::string undo(Grid& grid);
+std::string redo(Grid& grid);
+
 }  // namespace ui

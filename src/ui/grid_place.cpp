@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "text/error.h"
+#include "ui/act_witness.h"
 #include "ui/grid.h"
 
 // Where the operator stands in a grid, and how that changes.
@@ -10,6 +11,11 @@ namespace ui {
 namespace {
 
 [[noreturn]] void raiseSubscript() { throw text::RuntimeError(text::ErrorCode::Subscript); }
+
+/// Going to a cell ("go") or pressing it with the mouse ("cell").
+OperatorAct going(const char* verb, const Grid& grid, int row, int col) {
+  return {verb, grid.name(), {std::to_string(row), std::to_string(col)}};
+}
 
 }  // namespace
 
@@ -60,6 +66,7 @@ CellRange Grid::block() const {
 void Grid::click(int row, int col) {
   if (!clickable(row, col)) raiseSubscript();
   if (!enabled()) return;
+  const Witnessed seen(desktop(), [&] { return going("cell", *this, row, col); });
   const History::Act act(history(), act::calculation);
   setCurrent(row, col);
   onClick();
@@ -67,6 +74,7 @@ void Grid::click(int row, int col) {
 
 void Grid::moveTo(int row, int col) {
   if (!clickable(row, col)) raiseSubscript();
+  const Witnessed seen(desktop(), [&] { return going("go", *this, row, col); });
   endTyping();
   if (history() != nullptr) history()->stopTyping();
   setCurrent(row, col);
@@ -84,6 +92,7 @@ void Grid::selectTo(int row, int col) {
   place.colSel = col;
   place.wholeRow = place.headings = false;
   select(place);
+  const Witnessed seen(desktop(), [this] { return going("mark", *this, selection().top, selection().left); });
 }
 
 /// The first column that can be seen going right (`step` 1), the last going left (−1); −1 for none.
@@ -106,6 +115,7 @@ void Grid::selectAll() {
   place.colSel = all.right;
   place.wholeRow = false;
   select(place);
+  const Witnessed seen(desktop(), [this] { return going("mark", *this, selection().top, selection().left); });
 }
 
 void Grid::selectColumn(int col) {
@@ -117,6 +127,7 @@ void Grid::selectColumn(int col) {
   place.wholeRow = false;
   place.headings = true;
   select(place);
+  const Witnessed seen(desktop(), [this] { return going("mark", *this, selection().top, selection().left); });
 }
 
 void Grid::selectColumnsTo(int col) {
@@ -125,6 +136,7 @@ void Grid::selectColumnsTo(int col) {
   GridPlace place = place_;
   place.colSel = col;
   select(place);
+  const Witnessed seen(desktop(), [this] { return going("mark", *this, selection().top, selection().left); });
 }
 
 }  // namespace ui

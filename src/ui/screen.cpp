@@ -1,7 +1,9 @@
 #include "ui/screen.h"
 
+#include <cmath>
 #include <utility>
 
+#include "ui/act_witness.h"
 #include "ui/error_trap.h"
 #include "ui/grid.h"
 
@@ -24,6 +26,10 @@ std::string Screen::unit(const Grid&, int) const { return {}; }
 std::string Screen::rowName(const Grid& grid, int row) const { return ui::rowName(grid, row, 0); }
 
 void Screen::resize(float width, float height) {
+  const Witnessed seen(&desktop_, [&] {
+    return OperatorAct{
+        "resize", "", {std::to_string(std::lround(width)), std::to_string(std::lround(height))}};
+  });
   width_ = width;
   height_ = height;
   Form_Resize();
@@ -42,6 +48,7 @@ void Screen::unload() {
 }
 
 void Screen::leave() {
+  const Witnessed seen(&desktop_, [] { return OperatorAct{"close", ""}; });
   if (loaded_ && mayLeave()) unload();
 }
 
@@ -62,6 +69,11 @@ void Screen::onBlock(Grid& grid, std::function<void(const std::vector<CellPlace>
     const Hourglass wait(desktop_);
     trapped(&desktop_, procedure, [&] { handler(cells); });
   };
+}
+
+void Screen::note(std::string what, std::string details) const {
+  const Situation now = situation();
+  desktop_.note({now.job, now.open, caption_, std::move(what), std::move(details)});
 }
 
 void Screen::add(Control& control) {

@@ -77,6 +77,10 @@ class Screen {
   virtual void Form_Load() {}
   virtual void Form_Resize() {}
   virtual void Form_Unload() {}
+  /// Notes for the record of the work what was done on this screen ("計算"), with details where there are
+  /// any.
+  void note(std::string what, std::string details = {}) const;
+
   /// Asks what has to be asked before the operator leaves; false where he stays.
   virtual bool mayLeave() { return true; }
 

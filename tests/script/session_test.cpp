@@ -41,6 +41,26 @@ TEST(ParseOptions, ScriptAndDatabase) {
             (Options{true, false, "--x", "a", "--window"}));
 }
 
+TEST(ParseOptions, ARecordOfAScriptOrOfAPerson) {
+  EXPECT_EQ(parseOptions({"--record", "r.txt", "a", "b"}),
+            (Options{false, false, std::nullopt, "a", "b", "r.txt"}));
+  EXPECT_EQ(parseOptions({"--record", "r.txt", "job.sqlite"}),
+            (Options{false, false, std::nullopt, "", "job.sqlite", "r.txt"}));
+  EXPECT_FALSE(parseOptions({"--record", "", "a", "b"}));
+}
+
+TEST(Session, ARecordThatCannotBeWrittenEndsItBeforeItBegins) {
+  const test::TemporaryFolder folder;
+  const Outcome outcome = run({"--record", folder.path("missing/r.txt"), "-", "job"});
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_EQ(outcome.out, "");
+}
+
+TEST(Session, WithoutWindowsNoPersonCanWork) {
+  const test::TemporaryFolder folder;
+  EXPECT_EQ(run({"--record", folder.path("r.txt"), "job"}).status, 64);
+}
+
 TEST(ParseOptions, RefusesWhatDoesNotFit) {
   for (const std::vector<std::string>& words : {std::vector<std::string>{},
                                                 {"a"},

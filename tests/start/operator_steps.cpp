@@ -69,8 +69,10 @@ void answer() {
 
 int runProgram(const std::string& commandLine) {
   chooseOffscreen();
-  const TemporaryFolder own;  // no setting of whoever runs the tests is read or written
+  const TemporaryFolder own;  // nothing of whoever runs the tests is read or written
   qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(own.path()));
+  qputenv("XDG_DATA_HOME", QByteArray::fromStdString(own.path()));
+  qputenv("LOCALAPPDATA", QByteArray::fromStdString(own.path()));
   qputenv("APPDATA", QByteArray::fromStdString(own.path()));
   seen.clear();
   return start::runProgram("seikahyou", commandLine);
