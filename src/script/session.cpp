@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/files.h"
 #include "platform/input_file.h"
 #include "platform/system.h"
 #include "script/headless.h"
