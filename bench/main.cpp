@@ -81,6 +81,7 @@ int main(int argc, char** argv) {
     measureAll(family(job), turns, results);
 #ifdef SEIKAHYOU_MEASURE_WINDOWS
   measureAll(bench::windowMeasures(job), turns, results);
+  measureAll(bench::outputMeasures(job), turns, results);
 #endif
   measureEngine("SQLite over ODBC", bench::sqliteOverOdbc, job, folder, results);
   measureEngine("PostgreSQL", bench::onPostgres, job, folder, results);

@@ -52,6 +52,9 @@ std::vector<Measure> hksnbMeasures(const Job& job);
 /// What an operator waits for in a window; only where the windows are built.
 std::vector<Measure> windowMeasures(const Job& job);
 
+/// Writing what is exported, against the libraries that write the files; only where the windows are built.
+std::vector<Measure> outputMeasures(const Job& job);
+
 /// A job in another engine, and what the ratios are not to exceed there.
 struct EngineJob {
   Job job;

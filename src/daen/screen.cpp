@@ -64,6 +64,7 @@ fDHsei::fDHsei(const job::JobContext& context, ui::Desktop& desktop)
                    .reopenCaption = "OK",
                    .menuItem = "m1item",
                    .resultTable = context.tables.gTblKansokuSeikaDataDaen,
+                   .resultColumn = 4,
                    .openRule = route::CategoryRule::WithNull,
                    .pages = 3},
                   context, desktop, designWidth, designHeight) {
@@ -183,8 +184,13 @@ void fDHsei::CmdGrid2RowDel_Click() {
 }
 
 void fDHsei::cmdMap_Click() {
-  route::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe",
-                        "成果表楕円補正.bmp");
+  route::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe", pictureName());
+}
+
+std::string fDHsei::pictureName() const { return "成果表楕円補正.bmp"; }
+
+std::unique_ptr<route::SelectionScreen> fDHsei::another(ui::Desktop& desktop) const {
+  return std::make_unique<fDHsei>(context_, desktop);
 }
 
 report::Document fDHsei::tables(const std::string& route) const { return daen::tables(Grid1, Grid2, route); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "daen/calculation.h"
 #include "route/route_screen.h"
 
@@ -44,6 +46,8 @@ class fDHsei : public route::RouteScreen {
   bool saveData(const route::Selection& selection) override;
   route::SavedParts savedParts(const route::Selection& selection) const override;
   bool takeEntries(const ui::Findings& untaken) override;
+  std::unique_ptr<route::SelectionScreen> another(ui::Desktop& desktop) const override;
+  std::string pictureName() const override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
 

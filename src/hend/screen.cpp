@@ -49,6 +49,11 @@ constexpr float besideGrid = 300;   // left and right of the table, to the edges
 constexpr float aroundGrid = 1650;  // the tabs, what stands above the table and the line below it
 constexpr float least = 300;        // a window may be made smaller than what stands in it
 
+/// The picture of a route.
+std::string pictureOf(std::string_view route) {
+  return "成果表変動補正" + std::string(text::trimmed(route)) + ".bmp";
+}
+
 /// No date at all is fine: then nothing is carried to a reference date.
 bool isDateOrBlank(std::string_view text) {
   return text::trimmed(text).empty() || text::Date::parse(text).has_value();
@@ -150,9 +155,11 @@ ui::Findings fHHsei::findings() const {
 }
 
 void fHHsei::pastePicture() {
-  const std::string picture = "成果表変動補正" + std::string(text::trimmed(cmbRosenBango1.text())) + ".bmp";
-  route::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe", picture);
+  route::FcPicturePaste(desktop(), context_, context_.gExeDir + "map_app\\PicturePaste.exe",
+                        pictureOf(cmbRosenBango1.text()));
 }
+
+std::string fHHsei::pictureName() const { return pictureOf(lblRosenbango.text()); }
 
 ui::CellUse fHHsei::cellUse(int col) const {
   if (source_ == Source::None) return ui::CellUse::Shown;
@@ -177,6 +184,10 @@ void fHHsei::Grid1_KeyPress(char32_t code) {
   } else {
     ui::FcGridKeyEdit(Grid1, code);
   }
+}
+
+std::unique_ptr<route::SelectionScreen> fHHsei::another(ui::Desktop& desktop) const {
+  return std::make_unique<fHHsei>(context_, desktop);
 }
 
 report::Document fHHsei::tables(const std::string& route) const {

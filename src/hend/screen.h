@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -47,6 +48,8 @@ class fHHsei : public route::SelectionScreen {
   bool saveData(const route::Selection& selection) override;
   route::SavedParts savedParts(const route::Selection& selection) const override;
   bool takeEntries(const ui::Findings& untaken) override;
+  std::unique_ptr<route::SelectionScreen> another(ui::Desktop& desktop) const override;
+  std::string pictureName() const override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
   void clear() override;

@@ -1,4 +1,4 @@
-#include <array>
+#include <utility>
 
 #include "hksnb/data.h"
 #include "hksnb/distances.h"
@@ -41,6 +41,8 @@ report::Document fHHksb::document() const {
   add("平均成果年度", txtHeikinNen.text());
   report::Document document = tables(Grid1, kind_, context_.grade(), remembered_.points(Grid1), fields);
   document.fields = route::routeHeading(context_, {}, {});
+  if (auto picture = route::filedPicture(context_, pictureName()))
+    document.parts.back().items.emplace_back(std::move(*picture));
   return document;
 }
 

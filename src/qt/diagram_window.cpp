@@ -10,8 +10,8 @@
 
 #include "qt/convert.h"
 #include "qt/grid_view.h"
-#include "qt/output_menu.h"
 #include "qt/page_writer.h"
+#include "qt/print_pages.h"
 #include "text/error.h"
 #include "ui/controls.h"
 

@@ -1,7 +1,9 @@
 #include "qt/drawing_painter.h"
 
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QImage>
+#include <QImageReader>
 #include <QPolygonF>
 #include <memory>
 
@@ -11,7 +13,8 @@
 namespace qt {
 namespace {
 
-constexpr int measuredSize = 1000;  // pixels; large enough for widths without rounding
+constexpr int mostPictureMegabytes = 2048;  // 400 million pixels and what they are turned into
+constexpr int measuredSize = 1000;          // pixels; large enough for widths without rounding
 
 QColor toolkitColour(report::Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
@@ -188,11 +191,15 @@ void DrawingPainter::operator()(const report::Words& words) {
   painter_.setWorldTransform(world);
 }
 
+/// A picture that cannot be shown is told, not left out.
 void DrawingPainter::operator()(const report::Picture& picture) {
-  const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(picture.bytes->data()),
-                                        static_cast<int>(picture.bytes->size()));
-  if (image.isNull()) return;
+  QImageReader::setAllocationLimit(mostPictureMegabytes);
+  QByteArray bytes = QByteArray::fromRawData(picture.bytes->data(), static_cast<int>(picture.bytes->size()));
+  QBuffer buffer(&bytes);
+  const QImage image = QImageReader(&buffer).read();
   const QRectF box = toolkitBox(picture.box);
+  if (image.isNull())
+    return (*this)(report::Words{{picture.box.at.x, picture.box.at.y + 40}, "（画像を読めません）", 32});
   const QSizeF size = QSizeF(image.size()).scaled(box.size(), Qt::KeepAspectRatio);
   painter_.drawImage(QRectF(box.center() - QPointF(size.width() / 2, size.height() / 2), size), image);
 }

@@ -25,10 +25,21 @@ class OutputAct {
   void save(const QString& name, const QString& kinds,
             const std::function<void(const std::string& path, const report::Exporting&)>& write) const;
 
+  /// Makes the document when it is wanted; it may be long in coming.
+  using Maker = std::function<report::Document(const report::Progress&)>;
+
+  void preview(const Maker& make) const;
+  void print(const Maker& make, const QString& name) const;
+  void savePdf(const Maker& make, const QString& name) const;
+  void saveXlsx(const Maker& make, const QString& name) const;
+  void saveCsv(const Maker& make, const QString& name) const;
+
   /// The same for a drawing.
   void saveDrawing(const QString& name, const std::function<report::Figure()>& figure) const;
 
  private:
+  void saveTable(const Maker& make, const QString& name, const QString& suffix, const QString& kinds) const;
+
   QWidget& window_;
   Host& host_;
   ui::Desktop& desktop_;

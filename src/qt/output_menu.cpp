@@ -1,13 +1,9 @@
 #include "qt/output_menu.h"
 
-#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
 
 #include "qt/convert.h"
-#include "qt/page_writer.h"
 #include "text/error.h"
 #include "ui/controls.h"
 
@@ -26,7 +22,8 @@ OutputMenu::OutputMenu(QMainWindow& window, ui::Screen& screen, Host& host)
       screen_(screen),
       host_(host),
       act_(window, host, screen.desktop()),
-      source_(dynamic_cast<report::Source*>(&screen)) {
+      source_(dynamic_cast<report::Source*>(&screen)),
+      saved_(dynamic_cast<const report::SavedResults*>(&screen)) {
   QMenu* const menu = fileMenu(window);
   if (source_ != nullptr && menu != nullptr) addItems(*menu);
 }
@@ -38,18 +35,27 @@ void OutputMenu::addItems(QMenu& menu) {
     return action;
   };
   menu.addSeparator();
-  add("印刷プレビュー(&V)...", [this] { preview(); });
-  add("印刷(&P)...", [this] { print(); })->setShortcut(QKeySequence::Print);
-  menu.addSeparator();
-  add("PDF に出力(&D)...", [this] { exportTable(QStringLiteral(".pdf"), QStringLiteral("PDF (*.pdf)")); });
-  add("Excel に出力(&E)...",
-      [this] { exportTable(QStringLiteral(".xlsx"), QStringLiteral("Excel (*.xlsx)")); });
-  add("CSV に出力(&T)...", [this] {
-    exportTable(QStringLiteral(".csv"), QStringLiteral("CSV UTF-8 (*.csv);;CSV CP932 (*.csv)"));
+  const OutputAct::Maker shown = [this](const report::Progress&) { return source_->document(); };
+  const auto onTable = [this, shown](void (OutputAct::*act)(const OutputAct::Maker&, const QString&) const) {
+    return [this, shown, act] {
+      if (source_ != nullptr) (act_.*act)(shown, baseName());
+    };
+  };
+  add("印刷プレビュー(&V)...", [this, shown] {
+    if (source_ != nullptr) act_.preview(shown);
   });
+  add("印刷(&P)...", onTable(&OutputAct::print))->setShortcut(QKeySequence::Print);
+  menu.addSeparator();
+  add("PDF に出力(&D)...", onTable(&OutputAct::savePdf));
+  add("Excel に出力(&E)...", onTable(&OutputAct::saveXlsx));
+  add("CSV に出力(&T)...", onTable(&OutputAct::saveCsv));
   menu.addSeparator();
   add((source_->diagramName() + "(&F)").c_str(), [this] { showDiagram(); });
   add("図を出力(&G)...", [this] { exportDiagram(); });
+  if (saved_ == nullptr) return;
+  menu.addSeparator();
+  add("保存した路線を出力(&R)...", [this] { showSaved(SavedDialog::What::Routes); });
+  if (saved_->hasResultList()) add("成果一覧(&L)...", [this] { showSaved(SavedDialog::What::List); });
 }
 
 QString OutputMenu::baseName() const {
@@ -57,39 +63,6 @@ QString OutputMenu::baseName() const {
   if (const auto* route = dynamic_cast<const ui::Label*>(screen_.find("lblRosenbango")))
     name += QStringLiteral(" ") + toQString(route->text()).trimmed();
   return name.trimmed();
-}
-
-void OutputMenu::preview() {
-  if (source_ == nullptr) return;
-  act_.run([this](const report::Progress& progress) {
-    const report::Document document = source_->document();
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintPreviewDialog dialog(&printer, &window_);
-    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
-            [&](QPrinter* paper) { printDocument(document, *paper, {}); });
-    report::tell(progress, 0, 1);
-    dialog.resize(window_.size().expandedTo(QSize(900, 700)));
-    dialog.exec();
-  });
-}
-
-void OutputMenu::print() {
-  if (source_ == nullptr) return;
-  act_.run([this](const report::Progress& progress) {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageSize(QPageSize(QPageSize::A4));
-    printer.setDocName(baseName());
-    QPrintDialog dialog(&printer, &window_);
-    if (dialog.exec() == QDialog::Accepted) printDocument(source_->document(), printer, progress);
-  });
-}
-
-void OutputMenu::exportTable(const QString& suffix, const QString& kinds) {
-  if (source_ == nullptr) return;
-  act_.save(baseName() + suffix, kinds, [&](const std::string& path, const report::Exporting& how) {
-    const std::string end = fromQString(suffix);
-    report::exportDocument(source_->document(), path.ends_with(end) ? path : path + end, how);
-  });
 }
 
 void OutputMenu::exportDiagram() {
@@ -101,6 +74,15 @@ void OutputMenu::showDiagram() {
   if (source_ == nullptr) return;
   if (diagram_ == nullptr) diagram_ = new DiagramWindow(window_, screen_, *source_, host_);
   diagram_->showAnew();
+}
+
+void OutputMenu::showSaved(SavedDialog::What what) {
+  if (source_ == nullptr) return;
+  try {
+    SavedDialog(window_, *saved_, what, host_, screen_.desktop()).exec();
+  } catch (const text::RuntimeError& error) {
+    screen_.desktop().message({"出力", error.what(), ui::Icon::Critical});
+  }
 }
 
 void OutputMenu::refresh() {

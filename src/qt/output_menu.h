@@ -3,12 +3,11 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
-#include <QPrinter>
 
 #include "qt/diagram_window.h"
 #include "qt/host.h"
 #include "qt/output_act.h"
-#include "report/exporting.h"
+#include "qt/saved_dialog.h"
 #include "report/source.h"
 #include "ui/screen.h"
 
@@ -30,11 +29,9 @@ class OutputMenu : public QObject {
 
  private:
   void addItems(QMenu& menu);
-  void preview();
-  void print();
-  void exportTable(const QString& suffix, const QString& kinds);
   void exportDiagram();
   void showDiagram();
+  void showSaved(SavedDialog::What what);
   QString baseName() const;
 
   QMainWindow& window_;
@@ -42,15 +39,8 @@ class OutputMenu : public QObject {
   Host& host_;
   OutputAct act_;
   report::Source* source_;
+  const report::SavedResults* saved_;
   QPointer<DiagramWindow> diagram_;
 };
-
-/// Paints a drawing with its title on a printer, lying. One that is too long for the sheet in letters that
-/// can be read goes on over several sheets, to be joined side by side.
-void printDrawing(const report::Figure& figure, QPrinter& printer);
-
-/// Paints a document on a printer, on the paper that it is set to and the pages chosen for it. Raises
-/// Cancelled.
-void printDocument(const report::Document& document, QPrinter& printer, const report::Progress& progress);
 
 }  // namespace qt

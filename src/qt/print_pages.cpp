@@ -1,9 +1,10 @@
+#include "qt/print_pages.h"
+
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 #include "qt/drawing_painter.h"
-#include "qt/output_menu.h"
 #include "report/exporting.h"
 #include "report/paginate.h"
 #include "text/error.h"

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 
 #include "platform/bitmap_file.h"
 #include "platform/files.h"
@@ -62,15 +63,20 @@ void put(const std::string& target, std::uintmax_t wanted, const std::string& le
   }
 }
 
-/// Where the pictures of the job are filed; made where it is missing.
+/// Where the pictures of the job are filed.
 std::string pictureFolder(const job::JobContext& context) {
-  std::string folder = context.gExeDir + context.gJobId + "\\bmp_data\\";
+  return context.gExeDir + context.gJobId + "\\bmp_data\\";
+}
+
+/// The same, made where it is missing.
+std::string madeFolder(const job::JobContext& context) {
+  std::string folder = pictureFolder(context);
   if (!platform::isFolder(folder)) platform::makeFolder(folder);
   return folder;
 }
 
 void file(const job::JobContext& context, const std::string& made, const std::string& name) {
-  const std::string target = pictureFolder(context) + name;
+  const std::string target = madeFolder(context) + name;
   if (!platform::isFile(made)) throw text::RuntimeError(text::ErrorCode::FileNotFound);
   if (platform::isCutShort(made))
     throw failure("画像「" + made + "」は空か、途中で切れています。画像貼付をもう一度行ってください。");
@@ -108,12 +114,18 @@ bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::s
   return false;
 }
 
+std::optional<report::Figure> filedPicture(const job::JobContext& context, const std::string& file) {
+  auto bytes = platform::readFile(pictureFolder(context) + file);
+  if (!bytes || bytes->empty()) return std::nullopt;
+  return report::pictureFigure("図", std::move(*bytes));
+}
+
 void filePicture(ui::Desktop& desktop, const job::JobContext& context, const std::string& picture,
                  std::string_view file) {
   ui::trapped(&desktop, "図を登録", [&] {
     const std::string name(file);
     checkName(name);
-    const std::string target = pictureFolder(context) + name;
+    const std::string target = madeFolder(context) + name;
     if (!mayReplace(desktop, target, name)) return;
     put(target, picture.size(), "前の画像は残っています。", [&] { platform::writeFile(target, picture); });
     desktop.message({{}, "図を「" + name + "」として登録しました", ui::Icon::None});

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "job/context.h"
+#include "report/document.h"
 #include "ui/desktop.h"
 
 namespace route {
@@ -23,6 +25,9 @@ namespace route {
 /// folder that cannot be made, a picture that cannot be written.
 bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::string_view tool,
                     std::string_view file);
+
+/// The picture that is filed under a name, on a page of its own; nothing where there is none.
+std::optional<report::Figure> filedPicture(const job::JobContext& context, const std::string& file);
 
 /// Files a picture of the program's own, a whole bitmap file, where FcPicturePaste files those of the tool,
 /// all or nothing, and tells the operator where it is. With safeguards the operator is asked before a picture

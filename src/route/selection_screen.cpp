@@ -26,7 +26,9 @@ SelectionScreen::SelectionScreen(const Names& names, const Categories& categorie
       observed_(context_, context_.tables.gTblKansokuSeikaData, categories.observed, cmbJIgyoBango1,
                 cmbRosenBango1, names.openRule),
       saved_(context_, names.resultTable, categories.saved, cmbJIgyoBango2, cmbRosenBango2),
-      category_(categories.opened) {
+      category_(categories.opened),
+      resultTable_(names.resultTable),
+      resultColumn_(names.resultColumn) {
   SSTab1.put(selectionPage, {&cmbJIgyoBango1, &cmbRosenBango1, &openButton, &cmbJIgyoBango2, &cmbRosenBango2,
                              &reopenButton});
   on(cmbJIgyoBango1.onClick, "cmbJIgyoBango1_Click", [this] { observed_.fillRoutes(); });
@@ -73,6 +75,12 @@ std::string SelectionScreen::categoryText() const { return category_ == nullptr 
 Limits SelectionScreen::limits() const { return limitsOf(desktop()); }
 
 report::Document SelectionScreen::document() const {
+  report::Document document = contents();
+  addPicture(document);
+  return document;
+}
+
+report::Document SelectionScreen::contents() const {
   const Selection selection = opened_.selection();
   report::Document document = tables(selection.rosenBango);
   document.fields = routeHeading(context_, selection, categoryText());

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "job/context.h"
 #include "report/diagram.h"
+#include "report/saved_results.h"
 #include "report/source.h"
 #include "route/limits.h"
 #include "route/opening.h"
+#include "route/result_list.h"
 #include "route/saved_watch.h"
 #include "route/selection_set.h"
 #include "ui/controls.h"
@@ -19,7 +22,7 @@ namespace route {
 /// and from saved results, the labels of the opened route, a route grid, and the menu with clear, save and
 /// exit. A screen derives from it, says how its grids are set up, filled and saved, and ties its two opening
 /// buttons to openObserved and openSaved, with an error trap or without.
-class SelectionScreen : public ui::Screen, public report::Source {
+class SelectionScreen : public ui::Screen, public report::Source, public report::SavedResults {
  public:
   ui::Situation situation() const override;
 
@@ -41,17 +44,26 @@ class SelectionScreen : public ui::Screen, public report::Source {
   std::string diagramName() const override { return "縦断図"; }
   report::Figure diagram(const report::DiagramWish& wish) const override;
 
+  std::vector<std::string> savedRoutes() const override;
+  report::Document savedDocument(const std::vector<std::size_t>& routes,
+                                 const report::Progress& progress) const override;
+  bool hasResultList() const override;
+  std::vector<std::string> resultProjects() const override;
+  std::string chosenProject() const override;
+  report::Document resultList(const std::string& project, const report::Progress& progress) const override;
+
  protected:
   /// The names in which the screens differ.
   struct Names {
-    std::string screen;                           ///< such as "fSHsei"
-    std::string caption;                          ///< title of the window
-    std::string openButton;                       ///< button that opens observation results
-    std::string openCaption;                      ///< its caption
-    std::string reopenButton;                     ///< button that opens saved results
-    std::string reopenCaption;                    ///< its caption
-    std::string menuItem;                         ///< name of the menu items, without index
-    std::string resultTable;                      ///< table of the saved results
+    std::string screen;         ///< such as "fSHsei"
+    std::string caption;        ///< title of the window
+    std::string openButton;     ///< button that opens observation results
+    std::string openCaption;    ///< its caption
+    std::string reopenButton;   ///< button that opens saved results
+    std::string reopenCaption;  ///< its caption
+    std::string menuItem;       ///< name of the menu items, without index
+    std::string resultTable;    ///< table of the saved results
+    int resultColumn = -1;      ///< printed column of the corrected height, remarks behind it; −1 for none
     CategoryRule openRule = CategoryRule::Plain;  ///< category rule of the first selection set
     int pages = 2;                                ///< pages of SSTab1
   };
@@ -88,6 +100,10 @@ class SelectionScreen : public ui::Screen, public report::Source {
   virtual report::Document tables(const std::string& route) const = 0;
   /// The height profile of the route in the grids.
   virtual report::Diagram profile() const = 0;
+  /// Another screen of the kind, on which nothing has been opened yet.
+  virtual std::unique_ptr<SelectionScreen> another(ui::Desktop& desktop) const = 0;
+  /// The name of the picture that is filed for the opened route, "" for a screen without pictures.
+  virtual std::string pictureName() const { return {}; }
   /// The page of SSTab1 on which a route is chosen.
   static constexpr int selectionPage = 1;
   /// The page of SSTab1 to which opening data leads.
@@ -114,9 +130,15 @@ class SelectionScreen : public ui::Screen, public report::Source {
   std::string categoryText() const;
   /// How many bench marks stand in the grid, for the record of the work.
   std::string countText() const;
+  report::Document contents() const;
+  report::Document reopened(const Selection& selection, const std::string& category);
+  void addPicture(report::Document& document) const;
+  void addResults(const Selection& selection, std::vector<Result>& results) const;
 
   ui::Label* const category_;  ///< shows the category of the opened route, null for none
   SavedWatch watch_;           ///< of what is saved of the opened route
+  const std::string resultTable_;
+  const int resultColumn_;
 
   using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);

@@ -53,18 +53,25 @@ Command shot(const Arguments& words) {
   return Shot{path};
 }
 
-Command exportTable(const Arguments& words) {
-  if (!report::canExportDocument(words[0].text))
+Export exportTo(Export::What what, const std::string& path) {
+  if (!report::canExportDocument(path))
     throw LineError("出力するファイル名は「.pdf」「.xlsx」「.csv」「.svg」「.png」のどれかで終わります。");
-  return Export{false, words[0].text};
+  return {what, path};
 }
 
-Command exportDiagram(const Arguments& words) {
+Command exportTable(const Arguments& words) { return exportTo(Export::What::Table, words[0].text); }
+
+Command exportOther(const Arguments& words) {
+  const std::string& path = words[1].text;
+  if (words[0].text == "saved") return exportTo(Export::What::Saved, path);
+  if (words[0].text == "results") return exportTo(Export::What::Results, path);
   if (words[0].text != "diagram")
-    throw LineError("出力できるのは表（export FILE）か図（export diagram FILE）です。");
-  if (!report::canExportDrawing(words[1].text))
+    throw LineError(
+        "出力できるのは表（export FILE）、図（export diagram FILE）、保存した路線（export saved FILE）か"
+        "成果一覧（export results FILE）です。");
+  if (!report::canExportDrawing(path))
     throw LineError("図のファイル名は「.pdf」「.svg」「.png」のどれかで終わります。");
-  return Export{true, words[1].text};
+  return Export{Export::What::Diagram, path};
 }
 
 /// How a command is written and understood.
@@ -133,7 +140,7 @@ constexpr std::array<Form, 25> forms = {{
     {"messages", "", 0, [](Given) -> Command { return Messages{}; }},
     {"shot", " FILE.png", 1, shot},
     {"export", " FILE", 1, exportTable},
-    {"export", " diagram FILE", 2, exportDiagram},
+    {"export", " diagram|saved|results FILE", 2, exportOther},
     {"checks", "", 0, [](Given) -> Command { return Checks{}; }},
     {"answer", " TEXT", 1, [](Given w) -> Command { return Answer{w[0].text}; }},
 }};

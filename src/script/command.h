@@ -108,9 +108,10 @@ struct WhichScreen {};
 struct Messages {};
 /// Print the findings of the open screen.
 struct Checks {};
-/// Write what is in front, or its diagram, to a file.
+/// Write what is in front, its diagram, the saved routes of the chosen project or the results list to a file.
 struct Export {
-  bool diagram = false;
+  enum class What { Table, Diagram, Saved, Results };
+  What what = What::Table;
   std::string path;
 };
 /// Answer the next question by this button.

@@ -4,9 +4,11 @@
 #include <new>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "report/exporting.h"
 #include "report/source.h"
+#include "script/export_step.h"
 #include "script/line_error.h"
 #include "script/printer.h"
 #include "text/error.h"
@@ -216,12 +218,9 @@ void Runner::perform(const Answer& answer) { answers_.prepare(answer.button); }
 
 /// A file that cannot be written is told the operator in a message box, as in the window.
 void Runner::perform(const Export& step) {
-  const auto* source = dynamic_cast<const report::Source*>(&openScreen());
-  if (source == nullptr) throw LineError("この画面には出力するものがありません。");
   const report::Exporting how{.pageWriter = pageWriter_};
   try {
-    printExported(transcript_, step.diagram ? report::exportDrawing(source->diagram({}), step.path, how)
-                                            : report::exportDocument(source->document(), step.path, how));
+    printExported(transcript_, exported(step, openScreen(), how));
   } catch (const text::RuntimeError& error) {
     hands_.desktop().message({"出力", error.what(), ui::Icon::Critical});
   }

@@ -40,7 +40,8 @@ fSHsei::fSHsei(const job::JobContext& context, ui::Desktop& desktop)
                    .reopenButton = "CmdReOpen",
                    .reopenCaption = "再読込(&R)",
                    .menuItem = "mitem",
-                   .resultTable = context.tables.gTblKansokuSeikaDataSeihyou},
+                   .resultTable = context.tables.gTblKansokuSeikaDataSeihyou,
+                   .resultColumn = 3},
                   context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1});
   Grid1.setCellUse([this](int row, int col) { return cellUse(row, col); });
@@ -130,6 +131,10 @@ void fSHsei::correctionKey(int row, char32_t code) {
     Grid1.setCurrent(row, colCorrection);
     ui::FcGridKeyEdit(Grid1, code);
   }
+}
+
+std::unique_ptr<route::SelectionScreen> fSHsei::another(ui::Desktop& desktop) const {
+  return std::make_unique<fSHsei>(context_, desktop);
 }
 
 report::Document fSHsei::tables(const std::string& route) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "route/route_screen.h"
@@ -25,6 +26,7 @@ class fSHsei : public route::RouteScreen {
   bool saveData(const route::Selection& selection) override;
   route::SavedParts savedParts(const route::Selection& selection) const override;
   bool takeEntries(const ui::Findings& untaken) override;
+  std::unique_ptr<route::SelectionScreen> another(ui::Desktop& desktop) const override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
 

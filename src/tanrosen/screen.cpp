@@ -54,7 +54,8 @@ fTHsei::fTHsei(const job::JobContext& context, ui::Desktop& desktop)
                    .reopenButton = "CmdReOpen",
                    .reopenCaption = "再読込(&R)",
                    .menuItem = "mitem",
-                   .resultTable = context.tables.gTblKansokuSeikaDataTanrosen},
+                   .resultTable = context.tables.gTblKansokuSeikaDataTanrosen,
+                   .resultColumn = 4},
                   context, desktop, designWidth, designHeight) {
   SSTab1.put(0, {&Grid1, &lblSuijyun, &lstSuijyun, &Command1, &lblKiti, &lstKiti, &Command2, &cmdCalc});
   on(Command1.onClick, "Command1_Click", [this] { Command1_Click(); });
@@ -175,6 +176,10 @@ void fTHsei::Grid1_KeyPress(char32_t code) {
   } else if (cellUse(row, col) != ui::CellUse::Shown) {
     ui::FcGridKeyEdit(Grid1, code);
   }
+}
+
+std::unique_ptr<route::SelectionScreen> fTHsei::another(ui::Desktop& desktop) const {
+  return std::make_unique<fTHsei>(context_, desktop);
 }
 
 report::Document fTHsei::tables(const std::string& route) const {

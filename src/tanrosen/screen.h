@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "route/route_screen.h"
 
 namespace tanrosen {
@@ -30,6 +32,7 @@ class fTHsei : public route::RouteScreen {
   bool saveData(const route::Selection& selection) override;
   route::SavedParts savedParts(const route::Selection& selection) const override;
   bool takeEntries(const ui::Findings& untaken) override;
+  std::unique_ptr<route::SelectionScreen> another(ui::Desktop& desktop) const override;
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
   void clear() override;

@@ -4,10 +4,12 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 
 #include "desk.h"
 #include "platform/files.h"
 #include "qt/forms.h"
+#include "qt/print_pages.h"
 #include "shell/calculations.h"
 #include "support/temporary_folder.h"
 
@@ -87,6 +89,60 @@ TEST(OutputMenu, StandsInTheFileMenuOfEveryCalculation) {
                                    "CSV に出力(&T)...", "図を出力(&G)..."})
       EXPECT_TRUE(items.contains(QString::fromUtf8(text))) << screen->name() << text;
   }
+}
+
+/// Two saved routes and two projects.
+class Saved : public report::SavedResults {
+ public:
+  std::vector<std::string> savedRoutes() const override { return {"R1", "R2"}; }
+  report::Document savedDocument(const std::vector<std::size_t>& routes,
+                                 const report::Progress&) const override {
+    chosen = routes;
+    return documentOf(1);
+  }
+  bool hasResultList() const override { return true; }
+  std::vector<std::string> resultProjects() const override { return {"1001", "1002"}; }
+  std::string chosenProject() const override { return "1002"; }
+  report::Document resultList(const std::string& project, const report::Progress&) const override {
+    listed = project;
+    return documentOf(1);
+  }
+  mutable std::vector<std::size_t> chosen;
+  mutable std::string listed;
+};
+
+TEST(SavedDialog, PutsTheTickedRoutesIntoOneDocument) {
+  Desk desk;
+  QWidget parent;
+  const Saved saved;
+  const qt::SavedDialog dialog(parent, saved, qt::SavedDialog::What::Routes, desk.windows, desk.windows);
+  dialog.document({});
+  EXPECT_EQ(saved.chosen, (std::vector<std::size_t>{0, 1}));
+  auto& routes = *dialog.findChild<QListWidget*>();
+  routes.item(0)->setCheckState(Qt::Unchecked);
+  dialog.document({});
+  EXPECT_EQ(saved.chosen, std::vector<std::size_t>{1});
+  const auto enabled = [&dialog] {
+    int count = 0;
+    for (const QPushButton* button : dialog.findChildren<QPushButton*>())
+      count += button->isEnabled() ? 1 : 0;
+    return count;
+  };
+  EXPECT_EQ(enabled(), 6) << "five ways out and the one back";
+  routes.item(1)->setCheckState(Qt::Unchecked);
+  EXPECT_EQ(enabled(), 1);
+}
+
+TEST(SavedDialog, ListsTheChosenProjectOrAll) {
+  Desk desk;
+  QWidget parent;
+  const Saved saved;
+  const qt::SavedDialog dialog(parent, saved, qt::SavedDialog::What::List, desk.windows, desk.windows);
+  dialog.document({});
+  EXPECT_EQ(saved.listed, "1002") << "the project of the selection page";
+  dialog.findChild<QComboBox*>()->setCurrentIndex(0);
+  dialog.document({});
+  EXPECT_EQ(saved.listed, "");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,7 +40,10 @@ class Probe : public route::RouteScreen {
     tell("save", selection);
     return true;
   }
-  report::Document tables(const std::string&) const override { return {}; }
+  std::unique_ptr<SelectionScreen> another(ui::Desktop& desk) const override {
+    return std::make_unique<Probe>(context_, desk);
+  }
+  report::Document tables(const std::string& route) const override { return {route, {}, {{}}, {}}; }
   report::Diagram profile() const override { return {}; }
   int dataPage() const override { return 1; }
 
@@ -90,6 +94,40 @@ TEST_F(RouteScreens, OpenWhatWasChosen) {
   EXPECT_EQ(screen.lblDatakubun.text(), "0:1往復 本作業、検測、取付");
   EXPECT_EQ(screen.SSTab1.current(), 1);
   EXPECT_EQ(desktop.pointers, (std::vector{ui::Pointer::Hourglass, ui::Pointer::Default}));
+}
+
+TEST_F(RouteScreens, OfferTheSavedRoutesOfTheChosenProject) {
+  EXPECT_TRUE(screen.savedRoutes().empty());
+  screen.LstDataKubun1.choose(2);
+  screen.cmbJIgyoBango2.choose(0);
+  EXPECT_EQ(screen.savedRoutes(), Story{"R005"});
+  EXPECT_EQ(screen.chosenProject(), "1001");
+}
+
+TEST_F(RouteScreens, OfferAFamilyOfSavedRoutesOnce) {
+  for (const char* route : {"01B00101", "02B00101", "01B00201"})
+    job.sql(
+        "INSERT INTO KansokuSeikaDataSeihyou (JobId, 事業番号, 路線番号, DataKubun) VALUES ('3','1001','" +
+        std::string(route) + "','1')");
+  screen.LstDataKubun1.choose(1);
+  screen.cmbJIgyoBango2.choose(0);
+  EXPECT_EQ(screen.savedRoutes(), (Story{"01B00101", "01B00201"}));
+}
+
+TEST_F(RouteScreens, PutSavedRoutesIntoOneDocumentWithoutOpeningThem) {
+  job.sql(
+      "INSERT INTO KansokuSeikaDataSeihyou (JobId, 事業番号, 路線番号, DataKubun) VALUES "
+      "('3','1001','R006','2')");
+  screen.LstDataKubun1.choose(2);
+  screen.cmbJIgyoBango2.choose(0);
+  takeStory();
+  const report::Document document = screen.savedDocument({0, 1}, {});
+  EXPECT_EQ(document.title, "R005");
+  EXPECT_EQ(document.parts.size(), 2U);
+  EXPECT_TRUE(takeStory().empty()) << "what is open stays as it is";
+  EXPECT_EQ(screen.lblRosenbango.text(), "");
+  EXPECT_THROW(screen.savedDocument({0, 1}, [](std::size_t, std::size_t) { return false; }),
+               report::Cancelled);
 }
 
 // Column 1 takes text on every row, figures on row 2 alone.

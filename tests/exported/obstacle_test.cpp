@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "platform/files.h"
+#include "qt/page_writer.h"
+#include "report/exporting.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+/// A document of so many rows.
+report::Document documentOf(int rows) {
+  report::Document document{"正標高補正計算", {}, {}, {}};
+  report::Table table{
+      {}, {{"水準点", "", report::Side::Left, false}, {"標高", "m", report::Side::Point, false}}, {}};
+  for (int i = 0; i < rows; ++i)
+    table.rows.push_back(
+        {{"A" + std::to_string(i), std::to_string(i * 7919 % 100000) + ".1234"}, false, false});
+  document.parts.push_back({"", {}, {table}});
+  return document;
+}
+
+/// A medium on which no file grows beyond a few thousand bytes.
+class FullMedium {
+ public:
+  explicit FullMedium(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &limit_);
+    const rlimit small{bytes, limit_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~FullMedium() {
+    setrlimit(RLIMIT_FSIZE, &limit_);
+    std::signal(SIGXFSZ, before_);
+  }
+  FullMedium(const FullMedium&) = delete;
+  FullMedium& operator=(const FullMedium&) = delete;
+
+ private:
+  rlimit limit_{};
+  void (*before_)(int);
+};
+
+class Obstacle : public testing::TestWithParam<const char*> {
+ protected:
+  Obstacle() { platform::writeFile(path_, "old"); }
+
+  void write(int rows, const report::Progress& progress = {}) const {
+    report::exportDocument(documentOf(rows), path_,
+                           {.pageWriter = [] { return qt::pageWriter(); }, .progress = progress});
+  }
+
+  /// The file that was there is what it was, and nothing else has been left.
+  void expectOld() const {
+    EXPECT_TRUE(platform::readFile(path_) == "old");
+    const std::filesystem::directory_iterator entries(platform::nativePath(folder_.path()));
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+  }
+
+  test::TemporaryFolder folder_;
+  const std::string path_ = folder_.path(std::string("成果") + GetParam());
+};
+
+TEST_P(Obstacle, AFullMediumLeavesTheOldFileAndSaysSo) {
+  qt::pageWriter();  // what the toolkit writes for itself is written before
+  try {
+    const FullMedium full(4096);
+    write(3000);
+    ADD_FAILURE() << "written";
+  } catch (const text::RuntimeError& error) {
+    EXPECT_TRUE(std::string(error.what()).starts_with("ファイル「" + path_ + "」に書き込めません。"))
+        << error.what();
+  }
+  expectOld();
+}
+
+TEST_P(Obstacle, TheNewFileTakesThePlaceOfTheOld) {
+  write(3);
+  EXPECT_FALSE(platform::readFile(path_) == "old");
+}
+
+TEST_P(Obstacle, ACancelledOneLeavesTheOldFile) {
+  const std::string suffix = GetParam();
+  if (suffix != ".pdf" && suffix != ".xlsx") return;  // written at one go
+  int told = 0;
+  EXPECT_THROW(write(3000, [&](std::size_t, std::size_t) { return ++told < 2; }), report::Cancelled);
+  expectOld();
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Obstacle, testing::Values(".pdf", ".xlsx", ".csv", ".svg", ".png"),
+                         [](const auto& kind) { return std::string(kind.param + 1); });
+
+}  // namespace
