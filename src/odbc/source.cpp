@@ -40,8 +40,8 @@ bool isInstalled(const std::vector<std::string>& drivers, std::string_view name)
 Error missingDriver(std::string_view path, std::string_view driver) {
   const std::string bits = std::to_string(sizeof(void*) * 8);
   return Error("データベース「" + std::string(path) + "」を開くための ODBC ドライバー「" +
-               std::string(driver) + "」がありません。このプログラムと同じ " + bits +
-               " ビット版のドライバーが必要です。",
+                   std::string(driver) + "」がありません。このプログラムと同じ " + bits +
+                   " ビット版のドライバーが必要です。",
                Cause::NoDriver);
 }
 

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <set>
@@ -46,6 +47,18 @@ pid_t startSaving(const job::JobContext& context) {
   }
 }
 
+/// How long a process may save before it is killed: long enough for both versions, however slow the machine
+/// is.
+std::chrono::microseconds longestLife(const job::JobContext& context) {
+  ui::Grid grid;
+  fill(grid, 900, "前");
+  const auto start = std::chrono::steady_clock::now();
+  seihyou::FcDbSave(selection, context, grid);
+  const auto oneSave = std::chrono::steady_clock::now() - start;
+  return std::max(std::chrono::microseconds(40000),
+                  std::chrono::duration_cast<std::chrono::microseconds>(4 * oneSave));
+}
+
 std::set<std::string> remarksOf(const test::SmallJob& job, std::size_t& count) {
   const auto records = job.records("SELECT * FROM KansokuSeikaDataSeihyou WHERE 路線番号 = 'R1'", {"備考1"});
   count = records.size();
@@ -58,13 +71,14 @@ TEST(KilledSave, LeavesAllOldOrAllNewRows) {
       "INSERT INTO KansokuSeikaDataSeihyou (JobId, 事業番号, 路線番号, DataKubun, SaveOrder, 水準点番号) "
       "VALUES"
       " ('3','1001','R2','0',1,'other'), ('3','1001','R1','0',1,'first')");
+  const auto life = static_cast<std::uint32_t>(longestLife(job.context()).count());
   std::uint32_t state = 42;
   int olds = 0;
   int news = 0;
   for (int moment = 0; moment < moments; ++moment) {
     const pid_t process = startSaving(job.context());
     state = state * 1664525U + 1013904223U;
-    std::this_thread::sleep_for(std::chrono::microseconds(500 + (state >> 8U) % 40000));
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + (state >> 8U) % life));
     kill(process, SIGKILL);
     waitpid(process, nullptr, 0);
 
@@ -74,10 +88,7 @@ TEST(KilledSave, LeavesAllOldOrAllNewRows) {
     const std::string remark = *remarks.begin();
     if (remark == "旧") ++olds;
     if (remark == "新") ++news;
-    ASSERT_EQ(count, remark == "旧"   ? 700U
-                     : remark == "新" ? 900U
-                                      : 1U)
-        << "rows lost after moment " << moment;
+    ASSERT_EQ(count, remark == "旧" ? 700U : 900U) << "rows lost after moment " << moment;
     ASSERT_EQ(job.records("SELECT * FROM KansokuSeikaDataSeihyou WHERE 路線番号 = 'R2'", {"水準点番号"}),
               std::vector<std::string>{"other"});
   }
