@@ -49,7 +49,7 @@ class VariationDiagram {
 
   report::Diagram make(const DiagramLayers& with) {
     diagram_.axis = "変動量(mm)";
-    diagram_.unit = "mm";
+    diagram_.unit = std::string("mm");
     diagram_.zeroLine = true;
     if (with.fixedRow > 0) fixed_ = amount(book_, with.fixedRow);
     if (fixed_) fixedName_ = benchMark(book_, with.fixedRow);
