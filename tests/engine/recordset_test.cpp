@@ -24,12 +24,13 @@ class ReadRecords : public DatabaseTest {
   std::unique_ptr<db::Database> database_;
 };
 
-TEST_F(ReadRecords, ValuesAreNullNumberOrText) {
+TEST_F(ReadRecords, ValuesAreNullNumberTextOrBytes) {
   const auto records = database_->openRecordset("SELECT * FROM T ORDER BY JobId");
   EXPECT_EQ(records->field("標高"), db::Value(12.3456));
   EXPECT_EQ(records->field("備考"), db::Value("山  頂"));
   EXPECT_EQ(records->field("数"), db::Value(7.0));
-  EXPECT_EQ(records->field("塊"), db::Value("AB"));
+  EXPECT_EQ(records->field("塊"), db::Value(db::Bytes{"AB"}));
+  EXPECT_EQ(records->field("塊").text(), "AB");
   records->moveNext();
   EXPECT_TRUE(records->field("標高").isNull());
   EXPECT_EQ(records->field("備考"), db::Value(""));
