@@ -60,12 +60,13 @@ struct Book : MeasuredRoute {
     cells.resize(2 * present.size());
   }
 
-  /// The variation amounts bare.
+  /// The variation amounts bare. A previous height counts as its text shows it.
   void subtractAndFormat() {
     const hksnb::Formats formats = hksnb::FcHHKSB_DefToColNo(context.grade());
     for (std::size_t i = 0; i < present.size(); ++i) {
       cells[2 * i] = formats.heights.format(previous[i]);
-      cells[2 * i + 1] = formats.variation.format(std::round((present[i] - previous[i]) * 1e9) / 1e6);
+      const double shown = text::readNumber(cells[2 * i]);
+      cells[2 * i + 1] = formats.variation.format(std::round((present[i] - shown) * 1e9) / 1e6);
     }
   }
 
