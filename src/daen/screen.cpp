@@ -158,8 +158,8 @@ route::SavedParts fDHsei::savedParts(const route::Selection& selection) const {
 /// The section whose latitudes are typed; an error of its calculation has been told.
 bool fDHsei::takeEntries(const ui::Findings&) {
   CmdDaenCal_Click();
-  const ui::Findings left = findings();
-  return std::none_of(left.begin(), left.end(),
+  const ui::Findings open = findings();
+  return std::none_of(open.begin(), open.end(),
                       [](const ui::Finding& finding) { return finding.mark == ui::CellMark::NotTaken; });
 }
 
