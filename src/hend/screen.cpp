@@ -77,6 +77,8 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
   reopenButton.onClick.handle([this] { guarded("CmdHendReOpen_Click", [this] { openSaved(); }); });
   CmdSettei.onClick.handle([this] { guarded("CmdSettei_Click", [this] { calculateAgain(); }); });
   on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
+  history().keep<std::string>([this] { return carriedTo_; },
+                              [this](const std::string& date) { carryBackTo(date); });
   Grid1.setCellUse([this](int, int col) { return cellUse(col); });
   Grid1.setEntry([this](int row, int col) { return isEntry(Grid1, row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
@@ -142,6 +144,12 @@ void fHHsei::calculateAgain() {
   const bool astray =
       Grid1.cellUse(Grid1.row(), col) != ui::CellUse::Shown && !Grid1.isEntry(Grid1.row(), col);
   if (astray) Grid1.setCurrent(row, col);
+}
+
+/// A calculation that is taken back takes the date with it by which it was made.
+void fHHsei::carryBackTo(const std::string& date) {
+  carriedTo_ = date;
+  txtKijunbi.setText(date);
 }
 
 route::SavedParts fHHsei::savedParts(const route::Selection& selection) const {

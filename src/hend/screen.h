@@ -69,12 +69,14 @@ class fHHsei : public route::SelectionScreen {
   std::vector<std::pair<int, std::string>> typedCorrections() const;
   void calculate();
   void calculateAgain();
+  void carryBackTo(const std::string& date);
   void takeCorrection(int row);
   void pastePicture();
   void Grid1_KeyPress(char32_t code);
   ui::CellUse cellUse(int col) const;
 
   Source source_ = Source::None;
+  std::string carriedTo_;           ///< the reference date that the heights in the grid are carried to
   std::optional<Trouble> trouble_;  ///< of the act under way, with safeguards
 };
 

@@ -69,6 +69,7 @@ bool fHHsei::readObservations(const route::Selection& selection) {
 void fHHsei::calculate() {
   try {
     FcHendCalc(Grid1, txtKijunbi.text(), context_.grade());
+    carriedTo_ = txtKijunbi.text();
   } catch (const text::RuntimeError& error) {
     if (!desktop().safeguards()) throw;
     history().takeBackAct();

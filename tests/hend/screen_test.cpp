@@ -107,6 +107,34 @@ TEST_F(VariationScreen, SettingAnotherDateCalculatesAgain) {
   EXPECT_EQ(cell(1, hend::colDaysReference), "10");
 }
 
+/// The heights in the table and the date they are carried to go back and forth together.
+TEST_F(VariationScreen, TakingTheSettingOfADateBackBringsTheDateBeforeBack) {
+  openRoute("2022/08/19");
+  const std::string result = cell(2, hend::colResult);
+  screen.txtKijunbi.edit("2026/04/01");
+  screen.CmdSettei.press();
+  const std::string later = cell(2, hend::colResult);
+  ASSERT_NE(later, result);
+
+  EXPECT_EQ(screen.history().undo(), "計算");
+  EXPECT_EQ(screen.txtKijunbi.text(), "2022/08/19");
+  EXPECT_EQ(cell(2, hend::colResult), result);
+
+  EXPECT_EQ(screen.history().redo(), "計算");
+  EXPECT_EQ(screen.txtKijunbi.text(), "2026/04/01");
+  EXPECT_EQ(cell(2, hend::colResult), later);
+}
+
+/// What is typed into the box without a calculation belongs to no act on the table.
+TEST_F(VariationScreen, ADateThatWaitsForItsSettingStaysWhereAnEntryIsTakenBack) {
+  openRoute();
+  type(screen, 2, hend::colRemark, U"x");
+  screen.txtKijunbi.edit("2026/04/01");
+  EXPECT_EQ(screen.history().undo(), "入力");
+  EXPECT_EQ(cell(2, hend::colRemark), "");
+  EXPECT_EQ(screen.txtKijunbi.text(), "2026/04/01");
+}
+
 TEST_F(VariationScreen, ADateThatIsNoneEndsTheActWithAnError) {
   openRoute();
   screen.txtKijunbi.edit("2022/02/30");
