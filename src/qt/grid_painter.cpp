@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "qt/cell_colours.h"
 #include "qt/grid_view.h"
 
 namespace qt {
@@ -11,14 +12,6 @@ constexpr int textMargin = 4;  // pixels left and right of a text
 constexpr int frameWidth = 2;  // pixels
 constexpr int markSize = 6;    // pixels of a mark in the corner of a cell
 constexpr int markEdge = 2;    // pixels from it to the edges, which the frame leaves free
-constexpr QColor wrongColour(0xd0, 0x10, 0x10);
-
-/// `share` (0 to 1) of `over`, the rest `under`.
-QColor mixed(const QColor& under, const QColor& over, double share) {
-  const auto channel = [share](int a, int b) { return static_cast<int>(a + (b - a) * share + 0.5); };
-  return {channel(under.red(), over.red()), channel(under.green(), over.green()),
-          channel(under.blue(), over.blue())};
-}
 
 /// A text that its column does not take.
 bool isWrong(const QModelIndex& index) { return !index.data(GridModel::ProblemRole).toString().isEmpty(); }
@@ -41,14 +34,16 @@ void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->restore();
 }
 
+CellLook GridPainter::lookOf(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  return {.entry = canBeTypedInto(index),
+          .selected = option.state.testFlag(QStyle::State_Selected) && view_.rangeSelected(),
+          .keys = view_.hasFocus(),
+          .wrong = isWrong(index)};
+}
+
 void GridPainter::paintGround(QPainter& painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
-  const QColor base = option.palette.color(QPalette::Base);
-  QColor ground = canBeTypedInto(index) ? base : mixed(base, option.palette.color(QPalette::Text), 0.06);
-  if (option.state.testFlag(QStyle::State_Selected) && view_.rangeSelected())
-    ground = mixed(ground, option.palette.color(QPalette::Highlight), view_.hasFocus() ? 0.30 : 0.18);
-  if (isWrong(index)) ground = mixed(ground, wrongColour, 0.22);
-  painter.fillRect(option.rect, ground);
+  painter.fillRect(option.rect, cellGround(option.palette, lookOf(option, index)));
 }
 
 void GridPainter::paintText(QPainter& painter, const QStyleOptionViewItem& option,
@@ -74,7 +69,7 @@ void GridPainter::paintMark(QPainter& painter, const QStyleOptionViewItem& optio
   const auto mark = static_cast<ui::CellMark>(index.data(GridModel::MarkRole).toInt());
   if (mark == ui::CellMark::None) return;
   const bool waits = mark == ui::CellMark::NotTaken;
-  const QColor colour = option.palette.color(QPalette::Link);
+  const QColor colour = cellMark(option.palette, lookOf(option, index));
   const QPoint corner =
       option.rect.topLeft() + QPoint(waits ? markEdge : option.rect.width() - 1 - markEdge, markEdge);
   const QPoint corners[] = {corner, corner + QPoint(waits ? markSize : -markSize, 0),
@@ -87,9 +82,8 @@ void GridPainter::paintMark(QPainter& painter, const QStyleOptionViewItem& optio
 }
 
 void GridPainter::paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const {
-  const QColor strong = option.palette.color(QPalette::Active, QPalette::Highlight);
-  painter.setPen(QPen(view_.hasFocus() ? strong : mixed(strong, option.palette.color(QPalette::Base), 0.35),
-                      frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  const QColor colour = cellFrame(option.palette, view_.hasFocus());
+  painter.setPen(QPen(colour, frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
 }
 

@@ -2,6 +2,8 @@
 
 #include <QStyledItemDelegate>
 
+#include "qt/cell_colours.h"
+
 namespace qt {
 
 class GridView;
@@ -20,6 +22,7 @@ class GridPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
+  CellLook lookOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
   void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
   void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
   void paintMark(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;

@@ -5,8 +5,11 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "platform/settings.h"
+#include "qt/cell_colours.h"
 #include "qt/choice_list.h"
 #include "qt/desk.h"
 #include "qt/look_menu.h"
@@ -31,10 +34,19 @@ double contrast(const QColor& one, const QColor& other) {
   return (light + 0.05) / (dark + 0.05);
 }
 
-QColor mixed(const QColor& under, const QColor& over, double share) {
-  const auto channel = [share](int a, int b) { return static_cast<int>(a + (b - a) * share + 0.5); };
-  return {channel(under.red(), over.red()), channel(under.green(), over.green()),
-          channel(under.blue(), over.blue())};
+/// Every cell that there can be: entry or shown, selected with and without the keys, right or wrong.
+std::vector<qt::CellLook> everyCell() {
+  std::vector<qt::CellLook> cells;
+  for (const bool entry : {true, false})
+    for (const bool selected : {false, true})
+      for (const bool keys : {false, true})
+        for (const bool wrong : {false, true}) cells.push_back({entry, selected, keys, wrong});
+  return cells;
+}
+
+std::string describe(const qt::CellLook& cell) {
+  return std::string(cell.entry ? "entry" : "shown") + (cell.selected ? " selected" : "") +
+         (cell.keys ? " with keys" : "") + (cell.wrong ? " wrong" : "");
 }
 
 class Looks : public testing::TestWithParam<qt::Look> {
@@ -46,16 +58,6 @@ class Looks : public testing::TestWithParam<qt::Look> {
 TEST(Contrast, IsThatOfTheGuidelines) {
   EXPECT_NEAR(contrast(Qt::black, Qt::white), 21.0, 1e-9);
   EXPECT_NEAR(contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
-}
-
-/// The marks of cells stand on the grounds of cells, typed into, shown or selected.
-TEST_P(Looks, MarksOfCellsStandOutFromEveryGround) {
-  using P = QPalette;
-  const QColor mark = palette_.color(P::Link);
-  const QColor typed = palette_.color(P::Base);
-  const QColor shown = mixed(typed, palette_.color(P::Text), 0.06);
-  for (const QColor& ground : {typed, shown})
-    EXPECT_GE(contrast(mark, ground), 4.5) << ground.name().toStdString();
 }
 
 TEST_P(Looks, EveryTextStandsOutFromItsGround) {
@@ -78,18 +80,33 @@ TEST_P(Looks, EveryTextStandsOutFromItsGround) {
           << group << " " << text << " on " << ground;
 }
 
-/// Cells: typed, only shown, and both within a selection with and without the keys.
-TEST_P(Looks, EveryCellCanBeRead) {
-  const QColor base = palette_.color(QPalette::Base);
-  const QColor text = palette_.color(QPalette::Text);
-  for (const QColor& ground : {base, mixed(base, text, 0.06)})
-    for (const double chosen : {0.0, 0.18, 0.30}) {
-      const QColor seen = mixed(ground, palette_.color(QPalette::Highlight), chosen);
-      EXPECT_GE(contrast(text, seen), 4.5);
-      EXPECT_GE(contrast(palette_.color(QPalette::BrightText), seen), chosen == 0.0 ? 4.5 : 3.0);
-    }
-  EXPECT_NE(base, mixed(base, text, 0.06)) << "what is typed looks other than what is shown";
-  EXPECT_GE(contrast(palette_.color(QPalette::Highlight), base), 3.0) << "the frame around the key cell";
+/// Texts and marks: of an entry that waits, of a value changed by hand, of what the checks have found.
+TEST_P(Looks, EveryCellAndItsMarkCanBeRead) {
+  for (const qt::CellLook& cell : everyCell()) {
+    const QColor ground = qt::cellGround(palette_, cell);
+    EXPECT_GE(contrast(palette_.color(QPalette::Text), ground), 4.5) << describe(cell);
+    const double unusable = contrast(palette_.color(QPalette::Disabled, QPalette::Text), ground);
+    EXPECT_TRUE(cell.selected || unusable >= 4.5) << describe(cell) << " of a table that takes no keys";
+    EXPECT_GE(contrast(qt::cellMark(palette_, cell), ground), 4.5) << describe(cell);
+  }
+}
+
+/// The guidelines want 3 : 1 of what is no text.
+TEST_P(Looks, TheFrameAroundTheKeyCellStandsOutFromEveryCell) {
+  for (const qt::CellLook& cell : everyCell()) {
+    if (!cell.keys && (cell.selected || cell.wrong)) continue;
+    EXPECT_GE(contrast(qt::cellFrame(palette_, cell.keys), qt::cellGround(palette_, cell)), 3.0)
+        << describe(cell);
+  }
+}
+
+TEST_P(Looks, CellsTellWhatTheyAre) {
+  const QColor plain = qt::cellGround(palette_, {.entry = true});
+  EXPECT_EQ(plain, palette_.color(QPalette::Base));
+  for (const qt::CellLook& other : std::initializer_list<qt::CellLook>{
+           {}, {.entry = true, .selected = true}, {.entry = true, .wrong = true}})
+    EXPECT_NE(qt::cellGround(palette_, other), plain) << describe(other);
+  EXPECT_NE(qt::cellFrame(palette_, true), qt::cellFrame(palette_, false));
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, Looks, testing::Values(qt::Look::Light, qt::Look::Dark));
