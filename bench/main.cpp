@@ -2,6 +2,7 @@
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,8 +10,10 @@
 #include "engine_jobs.h"
 #include "measure.h"
 
-// seikahyou-measure [--csv] FOLDER: measures the program on the only route of FOLDER/job.sqlite against the
-// same work done bare in the same run, then on the same job through ODBC. Results are saved into that job.
+// seikahyou-measure [--csv] [--only TEXT] FOLDER: measures the program on the only route of FOLDER/job.sqlite
+// against the same work done bare in the same run, then on the same job through ODBC. Results are saved into
+// that job. With --only, the works whose names have TEXT in them; an engine behind ODBC is measured where
+// TEXT names it.
 
 namespace {
 
@@ -25,23 +28,52 @@ bench::Job jobOf(const std::string& folder) {
   return {path, std::stoi(bare()->records("SELECT COUNT(*) FROM KansokuSeikaData").at(0).at(0)), bare};
 }
 
-void measureAll(const std::vector<bench::Measure>& measures, int atLeast, Results& results) {
-  for (const bench::Measure& measure : measures) results.push_back(bench::run(measure, atLeast));
+/// What is asked for on the command line.
+struct Request {
+  bool csv = false;
+  std::string only;  // part of the names of the works to measure; empty for all
+  std::string folder;
+};
+
+/// Empty where the command line cannot be understood.
+std::optional<Request> requestOf(const std::vector<std::string>& arguments) {
+  Request request;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] == "--csv") {
+      request.csv = true;
+    } else if (arguments[i] == "--only" && i + 1 < arguments.size()) {
+      request.only = arguments[++i];
+    } else if (request.folder.empty() && !arguments[i].starts_with('-')) {
+      request.folder = std::filesystem::absolute(arguments[i]).string();
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (request.folder.empty()) return std::nullopt;
+  return request;
+}
+
+void measureAll(const std::vector<bench::Measure>& measures, const std::string& only, int atLeast,
+                Results& results) {
+  for (const bench::Measure& measure : measures)
+    if (measure.name.find(only) != std::string::npos) results.push_back(bench::run(measure, atLeast));
 }
 
 using JobMaker = bench::EngineJob (*)(const bench::Job&, const std::string&);
 
 /// Measures an engine behind ODBC; where it is not to be had, its lines are left out.
-void measureEngine(const std::string& engine, JobMaker make, const bench::Job& job, const std::string& folder,
+void measureEngine(const std::string& engine, JobMaker make, const bench::Job& job, const Request& request,
                    Results& results) {
+  const std::string& only = request.only;
+  if (only.find(engine) == std::string::npos && engine.find(only) == std::string::npos) return;
   bench::EngineJob there;
   try {
-    there = make(job, folder);
+    there = make(job, request.folder);
   } catch (const std::exception& missing) {
     std::fprintf(stderr, "left out: %s: %s\n", engine.c_str(), missing.what());
     return;
   }
-  measureAll(bench::engineMeasures(there, engine), turnsOfOtherEngines, results);
+  measureAll(bench::engineMeasures(there, engine), request.only, turnsOfOtherEngines, results);
 }
 
 void print(const Results& results, double memory, int benchMarks) {
@@ -66,25 +98,24 @@ void printCsv(const Results& results, double memory) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool csv = argc == 3 && std::strcmp(argv[1], "--csv") == 0;
-  if (argc != 2 && !csv) {
-    std::fprintf(stderr, "usage: seikahyou-measure [--csv] FOLDER\n");
+  const std::optional<Request> request = requestOf({argv + 1, argv + argc});
+  if (!request) {
+    std::fprintf(stderr, "usage: seikahyou-measure [--csv] [--only TEXT] FOLDER\n");
     return 64;
   }
-  const std::string folder = std::filesystem::absolute(argv[argc - 1]).string();
-  const bench::Job job = jobOf(folder);
+  const bench::Job job = jobOf(request->folder);
 
   const double memory = bench::memoryPerBenchMark(job);
   Results results;
   for (const auto& family : {bench::startUpMeasures, bench::seihyouMeasures, bench::daenMeasures,
                              bench::hendMeasures, bench::tanrosenMeasures, bench::hksnbMeasures})
-    measureAll(family(job), turns, results);
+    measureAll(family(job), request->only, turns, results);
 #ifdef SEIKAHYOU_MEASURE_WINDOWS
-  measureAll(bench::windowMeasures(job), turns, results);
-  measureAll(bench::outputMeasures(job), turns, results);
+  measureAll(bench::windowMeasures(job), request->only, turns, results);
+  measureAll(bench::outputMeasures(job), request->only, turns, results);
 #endif
-  measureEngine("SQLite over ODBC", bench::sqliteOverOdbc, job, folder, results);
-  measureEngine("PostgreSQL", bench::onPostgres, job, folder, results);
-  csv ? printCsv(results, memory) : print(results, memory, job.benchMarks);
+  measureEngine("SQLite over ODBC", bench::sqliteOverOdbc, job, *request, results);
+  measureEngine("PostgreSQL", bench::onPostgres, job, *request, results);
+  request->csv ? printCsv(results, memory) : print(results, memory, job.benchMarks);
   return 0;
 }

@@ -1,5 +1,6 @@
 #include "tanrosen/section_distances.h"
 
+#include <limits>
 #include <utility>
 
 #include "route/runs.h"
@@ -24,14 +25,10 @@ double sectionDistance(const ui::Grid& grid, int row, Points points) {
 }
 
 SectionDistances::SectionDistances(int rows, int stride, Read read)
-    : rows_(rows), stride_(stride), read_(std::move(read)), held_(static_cast<std::size_t>(rows / 2 + 1)) {}
-
-double SectionDistances::of(int row) {
-  if (row < 1) return read_(row);
-  std::optional<double>& held = held_[static_cast<std::size_t>(row / 2)];
-  if (!held) held = read_(row);
-  return *held;
-}
+    : rows_(rows),
+      stride_(stride),
+      read_(std::move(read)),
+      held_(static_cast<std::size_t>(rows / 2 + 1), std::numeric_limits<double>::quiet_NaN()) {}
 
 double SectionDistances::toTheEnd(int start) {
   const int last = (rows_ - 2) / stride_ * stride_ + 1;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -43,7 +43,12 @@ class SectionDistances {
   SectionDistances(int rows, int stride, Read read);
 
   /// Of the section behind the bench mark on `row`.
-  double of(int row);
+  double of(int row) {
+    if (row < 1) return read_(row);
+    double& held = held_[static_cast<std::size_t>(row / 2)];
+    if (std::isnan(held)) held = read_(row);
+    return held;
+  }
 
   /// The sum over the points from row `start` to the last of the grid; 0 below it. Raises Overflow where the
   /// row behind the last point passes 16 bits. Summed up once for all starts: many known points out of order
@@ -56,8 +61,8 @@ class SectionDistances {
   const int rows_;
   const int stride_;
   const Read read_;
-  std::vector<std::optional<double>> held_;  // read so far, of row 1, 3, 5 …
-  std::vector<double> sums_;                 // from a row to the end; empty before it is asked for
+  std::vector<double> held_;  // of row 1, 3, 5 …; no number where it was not read yet
+  std::vector<double> sums_;  // from a row to the end; empty before it is asked for
 };
 
 }  // namespace tanrosen

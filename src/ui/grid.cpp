@@ -8,22 +8,18 @@
 #include "text/number.h"
 
 namespace ui {
-namespace {
-
-[[noreturn]] void raiseSubscript() { throw text::RuntimeError(text::ErrorCode::Subscript); }
-
-}  // namespace
+void raiseSubscript() { throw text::RuntimeError(text::ErrorCode::Subscript); }
 
 Grid::Grid(std::string name, Screen* screen)
     : Control(Kind::Grid, std::move(name), screen),
-      cells_(static_cast<std::size_t>(rows_ * cols_)),
+      columns_(static_cast<std::size_t>(cols_), std::vector<std::string>(static_cast<std::size_t>(rows_))),
       looks_(static_cast<std::size_t>(cols_)) {
   if (history() != nullptr) history()->add(*this);
 }
 
-std::size_t Grid::index(int row, int col) const {
-  if (row < 0 || row >= rows_ || col < 0 || col >= cols_) raiseSubscript();
-  return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
+std::string& Grid::cell(int row, int col) {
+  needCell(row, col);
+  return columns_[static_cast<std::size_t>(col)][static_cast<std::size_t>(row)];
 }
 
 /// True where the history wants to be told of a change.
@@ -42,14 +38,36 @@ void Grid::setRows(int rows) {
     eraseRows(rows, rows_ - rows);
 }
 
+/// Takes the memory for further rows in every column, by halves again as it grows: what follows cannot fail.
+void Grid::makeRoom(std::size_t count) {
+  for (std::vector<std::string>& column : columns_) {
+    const std::size_t needed = column.size() + count;
+    if (column.capacity() < needed) column.reserve(std::max(needed, column.size() + column.size() / 2));
+  }
+}
+
+/// The cells of `count` rows from row `at` on, row by row.
+std::vector<std::string> Grid::cellsOf(int at, int count) const {
+  std::vector<std::string> cells;
+  cells.reserve(static_cast<std::size_t>(count) * columns_.size());
+  for (int row = at; row < at + count; ++row)
+    for (const std::vector<std::string>& column : columns_)
+      cells.push_back(column[static_cast<std::size_t>(row)]);
+  return cells;
+}
+
 void Grid::insertRows(int at, int count, const std::vector<std::string>& cells) {
   if (at < 0 || at > rows_ || count < 1) raiseSubscript();
   text::toInt16(static_cast<long long>(rows_) + count);
-  const auto place = cells_.begin() + static_cast<std::ptrdiff_t>(at) * cols_;
-  if (cells.empty())
-    cells_.insert(place, static_cast<std::size_t>(count) * static_cast<std::size_t>(cols_), std::string());
-  else
-    cells_.insert(place, cells.begin(), cells.end());
+  std::vector<std::string> added = cells;
+  makeRoom(static_cast<std::size_t>(count));
+  for (std::size_t col = 0; col < columns_.size(); ++col) {
+    const auto place =
+        columns_[col].insert(columns_[col].begin() + at, static_cast<std::size_t>(count), std::string());
+    if (cells.empty()) continue;
+    for (int row = 0; row < count; ++row)
+      place[row] = std::move(added[static_cast<std::size_t>(row) * columns_.size() + col]);
+  }
   rows_ += count;
   clampCurrent();
   if (recording()) history()->rowsAdded(*this, at, count);
@@ -58,10 +76,9 @@ void Grid::insertRows(int at, int count, const std::vector<std::string>& cells) 
 
 void Grid::eraseRows(int at, int count) {
   if (at < 0 || count < 1 || at + count > rows_ || count == rows_) raiseSubscript();
-  const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(at) * cols_;
-  const auto last = first + static_cast<std::ptrdiff_t>(count) * cols_;
-  if (recording()) history()->rowsRemoved(*this, at, count, {first, last});
-  cells_.erase(first, last);
+  if (recording()) history()->rowsRemoved(*this, at, count, cellsOf(at, count));
+  for (std::vector<std::string>& column : columns_)
+    column.erase(column.begin() + at, column.begin() + at + count);
   rows_ -= count;
   clampCurrent();
   notify();
@@ -72,12 +89,7 @@ void Grid::setCols(int cols) {
   if (cols < 1) raiseSubscript();
   if (cols == cols_) return;
   if (history() != nullptr) history()->restart();
-  std::vector<std::string> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols));
-  for (int row = 0; row < rows_; ++row)
-    for (int col = 0; col < std::min(cols, cols_); ++col)
-      cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols) + static_cast<std::size_t>(col)] =
-          std::move(cells_[index(row, col)]);
-  cells_ = std::move(cells);
+  columns_.resize(static_cast<std::size_t>(cols), std::vector<std::string>(static_cast<std::size_t>(rows_)));
   looks_.resize(static_cast<std::size_t>(cols));
   cols_ = cols;
   clampCurrent();
@@ -106,17 +118,15 @@ void Grid::clampCurrent() {
   place_.keyCol = clampCol(place_.keyCol);
 }
 
-const std::string& Grid::text(int row, int col) const { return cells_[index(row, col)]; }
-
 void Grid::setText(int row, int col, std::string_view text) {
-  std::string& cell = cells_[index(row, col)];
-  if (cell == text) return;
+  std::string& held = cell(row, col);
+  if (held == text) return;
   if (recording()) {
-    std::string before = cell;  // `text` may be part of the cell
-    cell = text;
-    history()->textChanged(*this, row, col, std::move(before), cell);
+    std::string before = held;  // `text` may be part of the cell
+    held = text;
+    history()->textChanged(*this, row, col, std::move(before), held);
   } else {
-    cell = text;
+    held = text;
   }
   if (gridObserver_ != nullptr) gridObserver_->cellChanged(row, col);
 }
@@ -124,10 +134,10 @@ void Grid::setText(int row, int col, std::string_view text) {
 void Grid::clearText() {
   for (int row = 0; row < rows_; ++row)
     for (int col = 0; col < cols_; ++col) {
-      std::string& cell = cells_[index(row, col)];
-      if (cell.empty()) continue;
-      if (recording()) history()->textChanged(*this, row, col, cell, {});
-      cell.clear();
+      std::string& held = cell(row, col);
+      if (held.empty()) continue;
+      if (recording()) history()->textChanged(*this, row, col, held, {});
+      held.clear();
     }
   notify();
 }

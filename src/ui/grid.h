@@ -61,6 +61,9 @@ constexpr char32_t backspace = 8;
 constexpr char32_t enter = 13;
 }  // namespace key
 
+/// Raises Subscript.
+[[noreturn]] void raiseSubscript();
+
 /// Rows × columns of text, the working model of every calculation. The top `fixedRows` rows are headers. Rows
 /// and columns are counted from 0; there are at most 32,767 rows, as row numbers are of 16 bits.
 ///
@@ -78,7 +81,10 @@ class Grid : public Control {
   void setCols(int cols);
   void setFixed(int rows, int cols);
 
-  const std::string& text(int row, int col) const;
+  const std::string& text(int row, int col) const {
+    needCell(row, col);
+    return columns_[static_cast<std::size_t>(col)][static_cast<std::size_t>(row)];
+  }
   void setText(int row, int col, std::string_view text);
   /// Empties every cell, headers too; the shape stays.
   void clearText();
@@ -210,7 +216,13 @@ class Grid : public Control {
     Content content = Content::Anything;
   };
 
-  std::size_t index(int row, int col) const;
+  /// Raises Subscript for a cell outside the grid.
+  void needCell(int row, int col) const {
+    if (row < 0 || row >= rows_ || col < 0 || col >= cols_) raiseSubscript();
+  }
+  std::string& cell(int row, int col);
+  void makeRoom(std::size_t count);
+  std::vector<std::string> cellsOf(int at, int count) const;
   const ColumnLook& look(int col) const;
   ColumnLook& look(int col);
   void clampCurrent();
@@ -225,7 +237,9 @@ class Grid : public Control {
   int fixedCols_ = 0;
   int rowHeight_ = 0;
   GridPlace place_;
-  std::vector<std::string> cells_;
+  // Column by column: a calculation runs down a few of them, and what it reads next lies beside what it has
+  // read.
+  std::vector<std::vector<std::string>> columns_;
   std::vector<ColumnLook> looks_;
   std::function<CellUse(int, int)> use_;
   std::function<bool(int, int)> entry_;

@@ -10,8 +10,6 @@
 namespace ui {
 namespace {
 
-[[noreturn]] void raiseSubscript() { throw text::RuntimeError(text::ErrorCode::Subscript); }
-
 /// Going to a cell ("go") or pressing it with the mouse ("cell").
 OperatorAct going(const char* verb, const Grid& grid, int row, int col) {
   return {verb, grid.name(), {std::to_string(row), std::to_string(col)}};
@@ -34,7 +32,7 @@ void Grid::setRow(int row) { setCurrent(row, col()); }
 void Grid::setCol(int col) { setCurrent(row(), col); }
 
 void Grid::setCurrent(int row, int col) {
-  index(row, col);
+  needCell(row, col);
   select({.row = row, .col = col, .rowSel = row, .colSel = col, .keyRow = row, .keyCol = col});
 }
 
