@@ -22,4 +22,11 @@ Error Link::lostError() const {
 
 void Link::raiseClosed() const { throw error("はすでに閉じられています。"); }
 
+Error Link::unsettledError(std::string_view words) const {
+  return error(
+      "への保存を確定するところで失敗したため、保存されたかどうか分かりません。読み込み直して確かめてください"
+      ": " +
+      std::string(words));
+}
+
 }  // namespace db

@@ -44,6 +44,9 @@ class Link {
  protected:
   /// The Error that tells of gathered writing that was lost.
   Error lostError() const;
+  /// The Error of a commit of which nobody knows whether it was carried out before the engine, which says
+  /// `words`, failed.
+  Error unsettledError(std::string_view words) const;
 
   bool whole_ = false;  ///< writing is kept as a whole or not at all
   bool lost_ = false;   ///< gathered writing was rolled back

@@ -99,12 +99,31 @@ void OdbcConnection::control(std::string_view sql) {
   OdbcHandle<SQL_HANDLE_STMT> statement(handle_.get());
   const SQLRETURN code = calls_.execute(statement.get(), sql);
   if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
-    throw product_->describe(calls_.diagnosis(SQL_HANDLE_STMT, statement.get()), file(), {});
+    throw product_->describe(diagnosis(statement.get()), file(), {});
 }
 
+OdbcDiagnosis OdbcConnection::diagnosis() const {
+  return withLoss(calls_.diagnosis(SQL_HANDLE_DBC, handle_.get()));
+}
+
+OdbcDiagnosis OdbcConnection::diagnosis(SQLHSTMT statement) const {
+  return withLoss(calls_.diagnosis(SQL_HANDLE_STMT, statement));
+}
+
+/// Not every driver tells by the state that it was the connection that failed; all of them know when asked.
+OdbcDiagnosis OdbcConnection::withLoss(OdbcDiagnosis diagnosis) const {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  const SQLRETURN asked = SQLGetConnectAttrW(handle_.get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  if (SQL_SUCCEEDED(asked) && dead == SQL_CD_TRUE && !isConnectionLost(diagnosis)) diagnosis.state = "08S01";
+  return diagnosis;
+}
+
+/// Where the connection ends with the commit, the server may have carried it out or not.
 void OdbcConnection::endTransaction(SQLSMALLINT how) {
-  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, handle_.get(), how)))
-    throw product_->describe(diagnosis(), file(), {});
+  if (SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, handle_.get(), how))) return;
+  const OdbcDiagnosis failure = diagnosis();
+  if (how == SQL_COMMIT && isConnectionLost(failure)) throw Error(unsettledError(failure.words));
+  throw product_->describe(failure, file(), {});
 }
 
 void OdbcConnection::protect() {

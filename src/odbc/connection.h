@@ -72,7 +72,9 @@ class OdbcConnection final : public Link {
 
   void enlist(OdbcStatement* statement) { statements_.insert(statement); }
   void delist(OdbcStatement* statement) { statements_.erase(statement); }
-  OdbcDiagnosis diagnosis() const { return calls_.diagnosis(SQL_HANDLE_DBC, handle_.get()); }
+  OdbcDiagnosis diagnosis() const;
+  OdbcDiagnosis diagnosis(SQLHSTMT statement) const;
+  OdbcDiagnosis withLoss(OdbcDiagnosis diagnosis) const;
   void protect();
   void done(const OdbcStatement* repeatable);
   [[noreturn]] void raise(const OdbcDiagnosis& diagnosis, std::string_view table);

@@ -96,9 +96,13 @@ Error odbcError(const OdbcDiagnosis& diagnosis, std::string_view file, std::stri
                causeOf(diagnosis));
 }
 
+bool isConnectionLost(const OdbcDiagnosis& diagnosis) {
+  return diagnosis.state.starts_with("08") || diagnosis.state.starts_with("57P");
+}
+
 bool isMediumFailure(const OdbcDiagnosis& diagnosis) {
   const auto begins = [&diagnosis](const char* part) { return diagnosis.state.starts_with(part); };
-  return diagnosis.state == "HY001" || begins("08") || begins("57P") || begins("53") || begins("58") ||
+  return diagnosis.state == "HY001" || isConnectionLost(diagnosis) || begins("53") || begins("58") ||
          begins("XX");
 }
 

@@ -12,6 +12,9 @@ namespace db {
 /// "" where none was.
 Error odbcError(const OdbcDiagnosis& diagnosis, std::string_view file, std::string_view table = {});
 
+/// True where the way to the server has ended.
+bool isConnectionLost(const OdbcDiagnosis& diagnosis);
+
 /// True where the server or the medium itself has failed: connection lost, disk full, read or write error.
 bool isMediumFailure(const OdbcDiagnosis& diagnosis);
 

@@ -142,7 +142,7 @@ void OdbcStatement::execute(std::string_view table) {
 
 void OdbcStatement::check(SQLRETURN code, std::string_view table) {
   if (SQL_SUCCEEDED(code)) return;
-  connection_->raise(calls_.diagnosis(SQL_HANDLE_STMT, handle_.get()), table);
+  connection_->raise(connection_->diagnosis(handle_.get()), table);
 }
 
 OdbcStatement::Reading OdbcStatement::readingOf(SQLSMALLINT type) const {

@@ -280,9 +280,11 @@ std::optional<Error> SqliteConnection::commit() {
   if (!isGathering()) return std::nullopt;
   const int code = sqlite3_exec(handle_, "COMMIT", nullptr, nullptr, nullptr);
   if (code == SQLITE_OK) return std::nullopt;
-  const Error failure = sqliteError(code, sqlite3_errmsg(handle_), file());
+  // The journal is gone already: what was saved stands, unless the power fails before the folder is written.
+  const bool unsettled = code == SQLITE_IOERR_DIR_FSYNC;
+  const std::string words = sqlite3_errmsg(handle_);
   rollBack();
-  return failure;
+  return unsettled ? unsettledError(words) : sqliteError(code, words, file());
 }
 
 void SqliteConnection::rollBack() {

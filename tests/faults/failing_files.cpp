@@ -3,6 +3,7 @@
 #include <signal.h>
 #include <sqlite3.h>
 
+#include <cstring>
 #include <stdexcept>
 
 namespace test {
@@ -43,8 +44,18 @@ const sqlite3_io_methods& methods(sqlite3_file* file) { return *real(file)->pMet
 
 int closeFile(sqlite3_file* file) { return methods(file).xClose(real(file)); }
 
+/// A short read gives what came before the end, and zeros for the rest.
+int readShort(sqlite3_file* file, void* bytes, int count, sqlite3_int64 at) {
+  const int whole = methods(file).xRead(real(file), bytes, count, at);
+  if (whole != SQLITE_OK) return whole;
+  const int given = armed.fault.given * count / 100;
+  std::memset(static_cast<char*>(bytes) + given, 0, static_cast<std::size_t>(count - given));
+  return SQLITE_IOERR_SHORT_READ;
+}
+
 int readFile(sqlite3_file* file, void* bytes, int count, sqlite3_int64 at) {
-  return strikes(Call::Read) ? armed.fault.code : methods(file).xRead(real(file), bytes, count, at);
+  if (!strikes(Call::Read)) return methods(file).xRead(real(file), bytes, count, at);
+  return armed.fault.code == SQLITE_IOERR_SHORT_READ ? readShort(file, bytes, count, at) : armed.fault.code;
 }
 
 /// Where a write fails, half of it may have reached the medium.
@@ -111,8 +122,12 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
   return code;
 }
 
+/// Where it is the folder that cannot be written through to the medium, the file is gone all the same.
 int deleteFile(sqlite3_vfs*, const char* name, int) {
-  return strikes(Call::Delete) ? armed.fault.code : system()->xDelete(system(), name, 0);
+  const bool fails = strikes(Call::Delete);
+  if (fails && armed.fault.code != SQLITE_IOERR_DIR_FSYNC) return armed.fault.code;
+  const int code = system()->xDelete(system(), name, 0);
+  return fails && code == SQLITE_OK ? armed.fault.code : code;
 }
 
 int accessFile(sqlite3_vfs*, const char* name, int flags, int* answer) {

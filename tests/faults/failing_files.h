@@ -13,6 +13,7 @@ struct Fault {
   int code = 0;          ///< SQLite's result code; for Memory it is of no account
   bool onwards = false;  ///< every later call of the kind fails as well
   bool kills = false;    ///< the call never returns: the process is killed instead
+  int given = 0;         ///< percent of the bytes that a short read gives
 };
 
 /// From its making to its end SQLite reaches files and memory through calls that can be made to fail. One at

@@ -4,18 +4,17 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "counting.h"
 #include "exchange/copy.h"
 #include "exchange/create.h"
 #include "exchange/csv_file.h"
 #include "failing_files.h"
-#include "hksnb/book_job.h"
 #include "screen_work.h"
 #include "support/database_test.h"
 #include "support/recording_desktop.h"
@@ -31,11 +30,6 @@ using test::Fault;
 
 class Kills : public testing::Test {
  protected:
-  Kills() {
-    for (int order = 1; order <= 6; ++order)
-      job_.observed(order, "R001", "B" + std::to_string(order), "100", "1.5", order == 6 ? "-1" : "");
-  }
-
   std::string path() const { return job_.context().gDbPath; }
   std::string place(const std::string& name) const { return job_.folder().path(name); }
 
@@ -60,7 +54,7 @@ class Kills : public testing::Test {
   /// Kills `act` at one call after the other, each time after `before`, and has `check` look at what is left.
   void killEach(const std::function<void()>& before, const std::function<void()>& act,
                 const std::function<void()>& check) {
-    const std::int64_t step = std::getenv("SEIKAHYOU_LONG") != nullptr ? 1 : 2;
+    const std::int64_t step = test::isLong() ? 1 : 2;
     for (const Call call : {Call::Open, Call::Write, Call::Sync, Call::Delete, Call::Lock, Call::Access})
       for (std::int64_t k = 1;; k += step) {
         SCOPED_TRACE("kind " + std::to_string(static_cast<int>(call)) + ", call " + std::to_string(k));
@@ -71,7 +65,7 @@ class Kills : public testing::Test {
         if (!killed || HasFailure()) break;
       }
     EXPECT_GT(kills_, 10);
-    RecordProperty("kills", kills_);
+    test::tellCount("kills", kills_);
   }
 
   /// The names of what stands in the folder besides `expected`.
@@ -92,7 +86,7 @@ class Kills : public testing::Test {
   }
 
   test::FailingFiles files_;
-  test::BookJob job_;
+  test::WorkedJob job_;
   int kills_ = 0;
 };
 
@@ -100,7 +94,7 @@ TEST_F(Kills, ASaveLeavesTheOldRouteOrTheNewOne) {
   const test::ScreenWork& work = test::screenWorks().front();
   const auto save = [&] {
     test::RecordingDesktop desktop;
-    work.openAndSave(job_.context(), desktop, [] {});
+    work.openAndSave(job_.context(), desktop);
   };
   save();
   job_.sql("UPDATE KansokuSeikaDataSeihyou SET JobId = '3 '");

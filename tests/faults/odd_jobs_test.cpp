@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -12,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "hksnb/book_job.h"
+#include "counting.h"
 #include "screen_work.h"
 #include "support/database_test.h"
 #include "support/recording_desktop.h"
@@ -25,23 +24,13 @@
 
 namespace {
 
-const ui::Message saved{{}, "保存しました", ui::Icon::None};
-
-/// How many of its cases a generator makes: all where ./test runs with --long.
-int share(int few, int all) { return std::getenv("SEIKAHYOU_LONG") != nullptr ? all : few; }
-
 class OddJobs : public testing::Test {
  protected:
   OddJobs() {
-    for (int order = 1; order <= 6; ++order)
-      job_.observed(order, "R001", "B" + std::to_string(order), "100", "1.5", order == 6 ? "-1" : "");
-    job_.place("R001", "20220511", "富士見町");
-    for (int order = 1; order <= 6; ++order)
-      job_.orthometric(order, "R001", "B" + std::to_string(order), "100", "2", "100.1");
     for (const test::ScreenWork& work : test::screenWorks()) {
       test::RecordingDesktop desktop;
-      work.openAndSave(job_.context(), desktop, [] {});
-      EXPECT_EQ(desktop.takeMessages(), std::vector{saved}) << work.name;
+      work.openAndSave(job_.context(), desktop);
+      EXPECT_EQ(desktop.takeMessages(), std::vector{test::savedMessage}) << work.name;
     }
     test::OtherProgram other(path());
     for (const test::ScreenWork& work : test::screenWorks())
@@ -64,12 +53,13 @@ class OddJobs : public testing::Test {
     desktop.guarded = true;
     ++cases_;
     try {
-      work.openAndSave(job_.context(), desktop, [] {});
+      work.openAndSave(job_.context(), desktop);
     } catch (const text::RuntimeError& error) {
       EXPECT_NE(std::string(error.what()), "") << work.name;
       return false;
     }
-    return std::find(desktop.messages.begin(), desktop.messages.end(), saved) != desktop.messages.end();
+    return std::find(desktop.messages.begin(), desktop.messages.end(), test::savedMessage) !=
+           desktop.messages.end();
   }
 
   /// Works in every screen on the job as `change` makes it of the original.
@@ -120,7 +110,7 @@ class OddJobs : public testing::Test {
     return names;
   }
 
-  test::BookJob job_;
+  test::WorkedJob job_;
   std::string original_ = job_.folder().path("original");
   std::mt19937 chance_{20261122};
   int cases_ = 0;
@@ -160,13 +150,13 @@ std::string damaged(std::string bytes, std::mt19937& chance) {
 
 TEST_F(OddJobs, DamagedFilesEndInWords) {
   const std::string whole = readAll(original_);
-  for (int i = share(40, 4000); i > 0; --i) {
+  for (int i = test::share(40, 4000); i > 0; --i) {
     const test::ScreenWork& work = test::screenWorks()[static_cast<std::size_t>(i) % 5];
     std::filesystem::remove(path() + "-journal");
     std::ofstream(path(), std::ios::binary) << damaged(whole, chance_);
     saves(work);
   }
-  RecordProperty("cases", cases_);
+  test::tellCount("cases", cases_);
 }
 
 TEST_F(OddJobs, TablesOfAnotherShapeCostNoRecord) {
@@ -193,9 +183,9 @@ TEST_F(OddJobs, TablesOfAnotherShapeCostNoRecord) {
     }
   }
   std::shuffle(changes.begin(), changes.end(), chance_);
-  changes.resize(static_cast<std::size_t>(share(8, static_cast<int>(changes.size()))));
+  changes.resize(static_cast<std::size_t>(test::share(8, static_cast<int>(changes.size()))));
   for (const std::string& change : changes) workInAll(change);
-  RecordProperty("cases", cases_);
+  test::tellCount("cases", cases_);
 }
 
 /// A value as an SQL literal.
@@ -227,13 +217,13 @@ std::string hostileValue(std::mt19937& chance) {
 
 TEST_F(OddJobs, HostileValuesCostNoRecord) {
   const std::vector<std::string> columns = columnsOf("KansokuSeikaData");
-  for (int i = share(10, 1000); i > 0; --i) {
+  for (int i = test::share(10, 1000); i > 0; --i) {
     const std::string& column = columns[chance_() % columns.size()];
     if (column == "JobId") continue;
     workInAll("UPDATE KansokuSeikaData SET " + column + " = " + hostileValue(chance_) +
               " WHERE SaveOrder = " + std::to_string(1 + chance_() % 6));
   }
-  RecordProperty("cases", cases_);
+  test::tellCount("cases", cases_);
 }
 
 }  // namespace

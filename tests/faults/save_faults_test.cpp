@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <new>
 #include <string>
 #include <vector>
 
+#include "counting.h"
 #include "failing_files.h"
 #include "route/records.h"
 #include "support/database_test.h"
@@ -125,8 +125,8 @@ class SaveFaults : public testing::Test {
   int cases_ = 0;
 };
 
-/// All calls where ./test runs with --long, else a share of them.
-std::int64_t share(std::int64_t step) { return std::getenv("SEIKAHYOU_LONG") != nullptr ? 1 : step; }
+/// All calls where ./test runs with --long, else each so many-th of them.
+std::int64_t stepOf(std::int64_t step) { return test::isLong() ? 1 : step; }
 
 TEST_F(SaveFaults, NoFailingFileCostsASavedRecord) {
   const std::vector<Fault> faults{
@@ -134,7 +134,8 @@ TEST_F(SaveFaults, NoFailingFileCostsASavedRecord) {
       {Call::Write, SQLITE_IOERR_WRITE, false},       {Call::Write, SQLITE_FULL, false},
       {Call::Truncate, SQLITE_IOERR_TRUNCATE, false}, {Call::Sync, SQLITE_IOERR_FSYNC, false},
       {Call::Size, SQLITE_IOERR_FSTAT, false},        {Call::Lock, SQLITE_IOERR_LOCK, false},
-      {Call::Delete, SQLITE_IOERR_DELETE, false},     {Call::Access, SQLITE_IOERR_ACCESS, false}};
+      {Call::Delete, SQLITE_IOERR_DELETE, false},     {Call::Delete, SQLITE_IOERR_DIR_FSYNC, false},
+      {Call::Access, SQLITE_IOERR_ACCESS, false}};
   for (Fault fault : faults)
     for (const bool onwards : {false, true})
       for (const auto extent : {route::Extent::AllOrNothing, route::Extent::AsFarAsItCame}) {
@@ -142,16 +143,16 @@ TEST_F(SaveFaults, NoFailingFileCostsASavedRecord) {
                      std::to_string(fault.code) + (onwards ? " onwards" : "") +
                      (extent == route::Extent::AllOrNothing ? ", whole" : ""));
         fault.onwards = onwards;
-        failEach(fault, extent, share(5));
+        failEach(fault, extent, stepOf(5));
       }
-  RecordProperty("cases", cases_);
+  test::tellCount("faults", cases_);
 }
 
 TEST_F(SaveFaults, NoFailingAllocationCostsASavedRecord) {
   for (const bool onwards : {false, true})
     for (const auto extent : {route::Extent::AllOrNothing, route::Extent::AsFarAsItCame})
-      failEach({Call::Memory, SQLITE_NOMEM, onwards}, extent, share(41));
-  RecordProperty("cases", cases_);
+      failEach({Call::Memory, SQLITE_NOMEM, onwards}, extent, stepOf(41));
+  test::tellCount("faults", cases_);
 }
 
 }  // namespace

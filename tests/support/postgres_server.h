@@ -29,7 +29,11 @@ class PostgresServer {
     return {};
   }
 
-  PostgresServer() {
+  /// Whether its commits wait for the disk, as those of a working server do. Where the machine itself never
+  /// fails they need not: what a dying server has written is there.
+  enum class Disk { AwaitedByCommits, LeftToTheSystem };
+
+  explicit PostgresServer(Disk disk = Disk::AwaitedByCommits) : disk_(disk) {
     const Account account;
     if (account.root && chown(folder_.path().c_str(), account.user, account.group) != 0)
       throw std::runtime_error("cannot hand over " + folder_.path());
@@ -38,19 +42,30 @@ class PostgresServer {
         wait(start({program("initdb"), "-D", data(), "-A", "trust", "-U", user, "-E", "UTF8", "--no-sync",
                     "--locale=C.UTF-8", "--locale-provider=icu", "--icu-locale=ja"}));
     if (made != 0) throw std::runtime_error("initdb has failed");
-    server_ = start({program("postgres"), "-D", data(), "-k", folder_.path(), "-c", "listen_addresses=", "-c",
-                     "unix_socket_permissions=0777"});
     // The client is somebody else: the folder is opened for him.
     std::filesystem::permissions(folder_.path(), std::filesystem::perms::others_exec,
                                  std::filesystem::perm_options::add);
-    awaitReady();
+    startAgain();
   }
-  ~PostgresServer() {
-    kill(server_, SIGQUIT);  // at once: nothing is kept
-    wait(server_);
-  }
+  ~PostgresServer() { stopAtOnce(); }
   PostgresServer(const PostgresServer&) = delete;
   PostgresServer& operator=(const PostgresServer&) = delete;
+
+  /// The folder of the socket by which it is reached.
+  std::string folder() const { return folder_.path(); }
+
+  /// Ends it as a failing machine would, whatever its clients are doing; it does not look after its files.
+  void stopAtOnce() {
+    kill(server_, SIGQUIT);
+    wait(server_);
+  }
+  /// Starts it, after it was stopped: it mends its files and answers.
+  void startAgain() {
+    server_ = start({program("postgres"), "-D", data(), "-k", folder_.path(), "-c", "listen_addresses=", "-c",
+                     "unix_socket_permissions=0777", "-c",
+                     disk_ == Disk::AwaitedByCommits ? "fsync=on" : "fsync=off"});
+    awaitReady();
+  }
 
   /// Makes a new, empty database and returns the text of a file data source for it.
   std::string newDatabase() {
@@ -59,6 +74,11 @@ class PostgresServer {
       throw std::runtime_error("no database " + name);
     return "[ODBC]\nDRIVER=PostgreSQL Unicode\nSERVER=" + folder_.path() + "\nDATABASE=" + name +
            "\nUID=" + user + "\n";
+  }
+
+  /// Runs statements of the server's own SQL in the database that was made last.
+  void run(const std::string& sql) const {
+    if (wait(psql("job" + std::to_string(databases_), sql)) != 0) throw std::runtime_error("refused: " + sql);
   }
 
  private:
@@ -81,7 +101,8 @@ class PostgresServer {
   std::string data() const { return folder_.path("data"); }
 
   pid_t psql(const std::string& database, const std::string& sql) const {
-    return start({program("psql"), "-q", "-h", folder_.path(), "-U", user, "-d", database, "-c", sql});
+    return start({program("psql"), "-q", "-v", "ON_ERROR_STOP=1", "-h", folder_.path(), "-U", user, "-d",
+                  database, "-c", sql});
   }
 
   void awaitReady() const {
@@ -116,6 +137,7 @@ class PostgresServer {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128;
   }
 
+  Disk disk_;
   TemporaryFolder folder_;
   pid_t server_ = 0;
   int databases_ = 0;
