@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/display_fit.h"
 #include "qt/house_style.h"
 #include "qt/keyboard_ways.h"
 #include "qt/look.h"
@@ -26,6 +27,7 @@ Application::Application(std::string programName)
   setUpTranslation();
   setUpIcon();
   new KeyboardWays(this);
+  installEventFilter(new DisplayFit(this));
 }
 
 /// The font of the house where the system has it, else the nearest Japanese one of fixed width.

@@ -10,7 +10,6 @@ namespace qt {
 namespace {
 
 constexpr QSize firstSize(420, 440);
-constexpr int leastWidth = 420;
 
 }  // namespace
 
@@ -23,7 +22,6 @@ SavedDialog::SavedDialog(QWidget& parent, const report::SavedResults& results, W
       box_(*new QDialogButtonBox(QDialogButtonBox::Close, this)) {
   auto* column = new QVBoxLayout(this);
   setWindowTitle(what == What::Routes ? QStringLiteral("保存した路線の出力") : QStringLiteral("成果一覧"));
-  setMinimumWidth(leastWidth);
   what == What::Routes ? offerRoutes() : offerProjects();
   addActs();
   column->addWidget(&box_);
@@ -33,6 +31,7 @@ SavedDialog::SavedDialog(QWidget& parent, const report::SavedResults& results, W
 void SavedDialog::offerRoutes() {
   resize(firstSize);
   routes_ = new QListWidget(this);
+  routes_->setAccessibleName(QStringLiteral("保存した路線"));
   for (const std::string& route : results_.savedRoutes()) {
     auto* item = new QListWidgetItem(toQString(route), routes_);
     item->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
@@ -50,6 +49,7 @@ void SavedDialog::offerRoutes() {
 
 void SavedDialog::offerProjects() {
   projects_ = new QComboBox(this);
+  projects_->setAccessibleName(QStringLiteral("事業番号"));
   projects_->addItem(QStringLiteral("すべての事業番号"));
   for (const std::string& project : results_.resultProjects()) projects_->addItem(toQString(project), true);
   projects_->setCurrentIndex(std::max(0, projects_->findText(toQString(results_.chosenProject()))));

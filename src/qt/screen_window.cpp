@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/display_fit.h"
 #include "qt/edit_menu.h"
 #include "qt/screen_commands.h"
 #include "text/error.h"
@@ -35,8 +36,9 @@ ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<v
     : screen_(&screen), host_(host), status_(*new StatusLine(this)) {
   setUp(*this);
   setStatusBar(&status_);
-  least_ = centralWidget()->minimumSize();
-  centralWidget()->setMinimumSize(0, 0);
+  client_ = centralWidget();
+  least_ = client_->minimumSize();
+  client_->setMinimumSize(0, 0);
   new ScreenCommands(*this, toQString(screen.name()));
   setWindowTitle(toQString(screen.caption()));
   for (ui::Control* control : screen.controls()) bindings_.push_back(bind(*control, *this, host));
@@ -45,7 +47,7 @@ ScreenWindow::ScreenWindow(ui::Screen& screen, Host& host, const std::function<v
   if (hasGrid()) new EditMenu(*this);
   nameCells();
   if (hasGrid()) setUpFindings();
-  centralWidget()->installEventFilter(this);
+  client_->installEventFilter(this);
   output_ = std::make_unique<OutputMenu>(*this, screen, host);
 }
 
@@ -69,7 +71,7 @@ void ScreenWindow::setUpTabs() {
 
 /// The findings stand where the form has room for them, else along the lower edge of the window.
 void ScreenWindow::setUpFindings() {
-  pane_ = centralWidget()->findChild<FindingsPane*>();
+  pane_ = client_->findChild<FindingsPane*>();
   if (pane_ == nullptr) {
     auto* dock = new QDockWidget(this);
     pane_ = new FindingsPane(dock);
@@ -149,15 +151,9 @@ void ScreenWindow::tell() {
 
 QString ScreenWindow::caption() const { return windowTitle().section(afterCaption, 0, 0); }
 
-void ScreenWindow::keepMinimum() { centralWidget()->setMinimumSize(least_); }
-
-void ScreenWindow::fitInto(const QRect& room) {
-  const QSize over = (frameGeometry().size() - room.size()).expandedTo(QSize(0, 0));
-  if (!over.isNull()) resize(size() - over);
-  const QRect frame = frameGeometry();
-  const int left = std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width()));
-  const int top = std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height()));
-  if (frame.topLeft() != QPoint(left, top)) move(left, top);
+void ScreenWindow::keepMinimum(const QSize& room) {
+  client_->setMinimumSize(least_);
+  scrollWhereTooLarge(*this, room);
 }
 
 QList<GridView*> ScreenWindow::tables() const { return findChildren<GridView*>(); }
@@ -172,10 +168,9 @@ void ScreenWindow::open(const QSize& client, bool maximised) {
 
 /// Keys go to the first field or button at once; the tabs of a tab control come later.
 void ScreenWindow::focusFirst() {
-  for (QWidget* at = centralWidget()->nextInFocusChain(); at != centralWidget();
-       at = at->nextInFocusChain()) {
+  for (QWidget* at = client_->nextInFocusChain(); at != client_; at = at->nextInFocusChain()) {
     const bool takesKeys = (at->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && at->isEnabled();
-    if (takesKeys && at->isVisibleTo(this) && centralWidget()->isAncestorOf(at) &&
+    if (takesKeys && at->isVisibleTo(this) && client_->isAncestorOf(at) &&
         qobject_cast<QTabBar*>(at) == nullptr && qobject_cast<QTabWidget*>(at) == nullptr)
       return at->setFocus(Qt::OtherFocusReason);
   }
@@ -259,7 +254,7 @@ void ScreenWindow::nameCells() {
 }
 
 bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == centralWidget() && event->type() == QEvent::Resize) clientResized();
+  if (watched == client_ && event->type() == QEvent::Resize) clientResized();
   return QMainWindow::eventFilter(watched, event);
 }
 

@@ -16,7 +16,8 @@ namespace qt {
 
 /// The window of a screen: its form, with every control tied to the widget of its name.
 ///
-/// The client size is that of the central widget, without the menu bar. Sizes of the screen are in twips.
+/// The client size is that of the form, without menu bar, status line and what docks along its edges. Sizes
+/// of the screen are in twips.
 class ScreenWindow : public QMainWindow {
   Q_OBJECT
 
@@ -37,16 +38,15 @@ class ScreenWindow : public QMainWindow {
 
   /// The screen's caption, with which the window's title begins.
   QString caption() const;
-  /// From now on the window cannot be made smaller than its form says.
-  void keepMinimum();
-  /// Makes the open window no larger than `room` and puts it inside, in pixels of the display.
-  void fitInto(const QRect& room);
+  /// From now on the window cannot be made smaller than its form says; where the form is larger than `room`,
+  /// in pixels of the display, it scrolls.
+  void keepMinimum(const QSize& room);
   /// The tables of the window.
   QList<GridView*> tables() const;
 
   /// Opens the window with this client size in pixels.
   void open(const QSize& client, bool maximised);
-  QSize clientSize() const { return centralWidget()->size(); }
+  QSize clientSize() const { return client_->size(); }
   /// The operator gives the window another client size, in twips.
   void resizeClient(float width, float height);
 
@@ -85,6 +85,7 @@ class ScreenWindow : public QMainWindow {
   ui::Screen* screen_;
   Host& host_;
   StatusLine& status_;
+  QWidget* client_ = nullptr;
   QSize least_;
   std::vector<std::unique_ptr<Binding>> bindings_;
   std::unique_ptr<OutputMenu> output_;

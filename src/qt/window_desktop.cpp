@@ -2,11 +2,11 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <QScreen>
 #include <algorithm>
 #include <utility>
 
 #include "qt/convert.h"
+#include "qt/display_fit.h"
 #include "qt/input_stop.h"
 #include "qt/look_menu.h"
 #include "qt/settings_menu.h"
@@ -203,20 +203,18 @@ platform::Settings& WindowDesktop::settings() { return owner_.settings == nullpt
 void WindowDesktop::open(ScreenWindow& window) {
   const QSize design = toPixels(window.screen()->width(), window.screen()->height());
   if (opening_ == Opening::Design) return window.open(design, false);
-  const QScreen* display = last_ ? QApplication::screenAt(last_->center()) : nullptr;
-  if (display == nullptr) display = QApplication::primaryScreen();
-  const QRect room = display->availableGeometry();
+  const QRect room = displayFor(last_);
   const std::string key = windowKey(window);
   QSize client(settings().number(key + "width", 0), settings().number(key + "height", 0));
   if (client.isEmpty()) client = comfortable(window, room.size());
-  window.keepMinimum();
   if (window.hasGrid()) new LookMenu(window, settings());
   if (window.hasGrid()) new SettingsMenu(window, settings());
   if (owner_.dress) owner_.dress(window);
   if (window.findingsPane() != nullptr) rememberFolding(*window.findingsPane());
+  window.keepMinimum(room.size());
   if (last_) window.move(last_->topLeft());
   window.open(client, settings().flag(key + "maximised", false));
-  if (!window.isMaximized()) window.fitInto(room);
+  if (!window.isMaximized()) fitInto(window, room);
   restoreColumns(window);
 }
 

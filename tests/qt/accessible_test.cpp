@@ -7,6 +7,7 @@
 
 #include "qt/forms.h"
 #include "qt/grid_view.h"
+#include "qt/seen.h"
 #include "qt/window_desktop.h"
 #include "shell/calculations.h"
 #include "shell/menu.h"
@@ -14,43 +15,6 @@
 // What a screen reader finds in the windows.
 
 namespace {
-
-/// Something that a screen reader names when it comes there.
-bool isControl(QAccessible::Role role) {
-  switch (role) {
-    case QAccessible::PushButton:
-    case QAccessible::RadioButton:
-    case QAccessible::CheckBox:
-    case QAccessible::EditableText:
-    case QAccessible::ComboBox:
-    case QAccessible::List:
-    case QAccessible::Table:
-    case QAccessible::PageTab:
-    case QAccessible::MenuItem:
-    case QAccessible::StaticText:
-    case QAccessible::Grouping:
-      return true;
-    default:
-      return false;
-  }
-}
-
-/// Walks the tree; what has no name goes to `nameless`. The inside of lists, tables and combo boxes is
-/// theirs.
-void walk(QAccessibleInterface& at, int& controls, std::vector<std::string>& nameless) {
-  if (at.state().invisible) return;
-  const QAccessible::Role role = at.role();
-  const bool separator = role == QAccessible::Separator;
-  if (isControl(role) && !separator) {
-    ++controls;
-    if (at.text(QAccessible::Name).trimmed().isEmpty())
-      nameless.push_back(
-          (at.object() == nullptr ? QString::number(role) : at.object()->objectName()).toStdString());
-  }
-  if (role == QAccessible::List || role == QAccessible::Table || role == QAccessible::ComboBox) return;
-  for (int i = 0; i < at.childCount(); ++i)
-    if (QAccessibleInterface* child = at.child(i)) walk(*child, controls, nameless);
-}
 
 class AccessibleScreens : public testing::Test {
  protected:
@@ -83,11 +47,9 @@ TEST_F(AccessibleScreens, HaveNoNamelessControl) {
     for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
       if (tabs != nullptr) tabs->setCurrentIndex(page);
       QApplication::processEvents();
-      int controls = 0;
-      std::vector<std::string> nameless;
-      walk(*QAccessible::queryAccessibleInterface(&window), controls, nameless);
-      EXPECT_GE(controls, 6) << "page " << page;
-      EXPECT_EQ(nameless, std::vector<std::string>{}) << "page " << page;
+      const test::Announced found = test::announced(window);
+      EXPECT_GE(found.controls, 6) << "page " << page;
+      EXPECT_EQ(found.nameless, std::vector<std::string>{}) << "page " << page;
     }
     desktop_.hide(*screen);
   }
