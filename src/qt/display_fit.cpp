@@ -1,8 +1,8 @@
 #include "qt/display_fit.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QLayout>
 #include <QMainWindow>
 #include <QScreen>
@@ -15,6 +15,8 @@
 
 namespace qt {
 namespace {
+
+const QString scrollName = QStringLiteral("displayScroll");
 
 /// What stands around a window that is not open yet, as far as it can be told.
 QSize frameOf(const QWidget& window) {
@@ -57,8 +59,8 @@ QRect displayFor(const std::optional<QRect>& place, const std::vector<QRect>& di
 }
 
 QRect displayFor(const std::optional<QRect>& place) {
-  std::vector<QRect> displays{QGuiApplication::primaryScreen()->availableGeometry()};
-  for (const QScreen* screen : QGuiApplication::screens()) displays.push_back(screen->availableGeometry());
+  std::vector<QRect> displays{QApplication::primaryScreen()->availableGeometry()};
+  for (const QScreen* screen : QApplication::screens()) displays.push_back(screen->availableGeometry());
   return displayFor(place, displays);
 }
 
@@ -84,16 +86,25 @@ void scrollWhereTooLarge(QWidget& window, const QSize& room) {
   QWidget* const contents = contentsOf(window);
   contents->setMinimumSize(contents->minimumSizeHint().expandedTo(contents->minimumSize()));
   auto* area = new QScrollArea;
-  area->setObjectName(QStringLiteral("displayScroll"));
+  area->setObjectName(scrollName);
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
   area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(contents);
   putInto(window, area);
+  QObject::connect(qApp, &QApplication::focusChanged, area, [area](const QWidget*, QWidget* now) {
+    if (now != nullptr && area->isAncestorOf(now)) area->ensureWidgetVisible(now);
+  });
   contents->show();
   area->show();
   window.setMinimumSize(QSize(0, 0));
   window.resize(before.boundedTo(most));
+}
+
+void keepKeysInSight(const QWidget& window) {
+  auto* area = window.findChild<QScrollArea*>(scrollName);
+  QWidget* const keys = window.focusWidget();
+  if (area != nullptr && keys != nullptr && area->isAncestorOf(keys)) area->ensureWidgetVisible(keys);
 }
 
 bool DisplayFit::eventFilter(QObject* watched, QEvent* event) {

@@ -28,6 +28,9 @@ void fitInto(QWidget& window, const QRect& room);
 /// widget of a main window, all that a dialog holds. The window can then be made as small as the room.
 void scrollWhereTooLarge(QWidget& window, const QSize& room);
 
+/// Brings the cell or control that keys go to into sight, where it lies in what scrolls.
+void keepKeysInSight(const QWidget& window);
+
 /// Lets each window and dialog that opens by itself, without a place of its own, fit its display.
 class DisplayFit : public QObject {
  public:

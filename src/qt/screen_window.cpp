@@ -127,6 +127,7 @@ void ScreenWindow::refresh() {
   if (output_) output_->refresh();
   if (pane_ != nullptr) rest_.start();
   tell();
+  keepKeysInSight(*this);
 }
 
 /// The title and the line along the lower edge.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QTabWidget>
 #include <memory>
@@ -95,7 +96,8 @@ TEST_F(Fit, AsSmallAsTheyCanBeMade) {
 TEST_F(Fit, WhereverTabLeads) {
   for (const auto& screen : screens_) {
     SCOPED_TRACE(screen->name());
-    screen == screens_.front() ? desktop_.show(*screen) : screen->load();
+    if (screen != screens_.front()) screen->load();
+    desktop_.show(*screen);
     qt::ScreenWindow& window = *desktop_.windowOf(*screen);
     auto* tabs = window.findChild<QTabWidget*>();
     for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
@@ -105,6 +107,33 @@ TEST_F(Fit, WhereverTabLeads) {
     desktop_.hide(*screen);
     settle();
   }
+}
+
+/// The cell that keys go to is seen, also where table and form both scroll.
+TEST_F(Fit, WhereverTheKeyCellGoes) {
+  ui::Screen& screen = *screens_.back();
+  screen.load();
+  desktop_.show(screen);
+  qt::ScreenWindow& window = *desktop_.windowOf(screen);
+  auto& grid = dynamic_cast<ui::Grid&>(*screen.find("Grid1"));
+  desktop_.act([&] { grid.setRows(200); });
+  auto& view = *window.findChild<qt::GridView*>(QStringLiteral("Grid1"));
+  auto* tabs = window.findChild<QTabWidget*>();
+  for (int page = 0; page < tabs->count(); ++page)
+    if (tabs->widget(page)->isAncestorOf(&view)) tabs->setCurrentIndex(page);
+  view.setFocus();
+  settle();
+  desktop_.act([&] { grid.moveTo(1, 1); });
+  for (int row = 1; row <= 40; ++row) {
+    settle();
+    EXPECT_EQ(grid.keyRow(), row);
+    const QRect cell = view.visualRect(view.model()->index(row - grid.fixedRows(), 1));
+    const QPoint at = view.viewport()->mapTo(&window, cell.center());
+    EXPECT_TRUE(test::seenPart(*view.viewport(), window).contains(at)) << row;
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(&view, &down);
+  }
+  desktop_.hide(screen);
 }
 
 TEST_F(Fit, AsLargeAsTheDisplay) {
