@@ -10,8 +10,9 @@ packages_window=(qt6-base-dev qt6-translations-l10n libgl-dev libopengl-dev libe
 # Showing the windows on a Wayland desktop that offers no X.
 packages_wayland=(qt6-wayland)
 
-# Building and running the tests; what is printed is read back; those of other database engines need their drivers, a server and its client library.
-packages_test=(libgtest-dev zlib1g-dev poppler-utils libsqliteodbc odbc-postgresql odbc-mdbtools postgresql libpq-dev)
+# Building and running the tests; what is printed is read back, and spreadsheets are recalculated; those of other database
+# engines need their drivers, a server and its client library.
+packages_test=(libgtest-dev zlib1g-dev poppler-utils libreoffice-calc-nogui libsqliteodbc odbc-postgresql odbc-mdbtools postgresql libpq-dev)
 
 # Compiling the Windows program: cross compiler, what unpacks and builds the toolkit's and the database's sources, the
 # toolkit's own tools for this machine.

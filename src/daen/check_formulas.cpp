@@ -22,7 +22,8 @@ enum CheckColumn : int {
   latitudeSum,
   meanHeight,
   sectionCorrection,
-  accumulated
+  accumulated,
+  total
 };
 
 constexpr double coefficient = 5.28;                    // mm for a metre of height and a radian
@@ -52,10 +53,12 @@ class Sections {
                       {"B1+B2", 1, secSum},
                       {"平均標高", 1, secMeanHeight},
                       {"楕円計算値", 1, secCorrection},
-                      {"楕円補正値", 1, secAccumulated}};
+                      {"楕円補正値", 1, secAccumulated},
+                      {"区間の距離", 1, -1}};
   }
 
   report::Check check() {
+    for (int row = 1; row < sections_.rows() - 1; ++row) take(row);
     for (int row = 1; row < sections_.rows() - 1; ++row) section(row);
     for (const auto& [row, formula] : corrections_)
       if (!route_.text(row, colCorrection).empty()) add(correction, row, formula);
@@ -74,9 +77,19 @@ class Sections {
     return 0;
   }
 
-  void section(int row) {
+  /// Finds the ends of a section, and notes for each bench mark that it reaches it; a later one takes it
+  /// over.
+  void take(int row) {
     const Ends ends{rowOf(sections_.text(row, secStartBenchMark)),
                     rowOf(sections_.text(row, secEndBenchMark))};
+    ends_[row] = ends;
+    if (ends.start == 0 || ends.end == 0 || ends.start == ends.end) return;
+    const int step = ends.start < ends.end ? 2 : -2;
+    for (int at = ends.start; at != ends.end;) lastSection_[at += step] = row;
+  }
+
+  void section(int row) {
+    const Ends ends = ends_[row];
     add(b1, row, Formula::minutes({1, row - 1, secStartLatitude}));
     add(b2, row, Formula::minutes({1, row - 1, secEndLatitude}));
     add(latitudeDifference, row, reckonedSection(row, b1) - reckonedSection(row, b2));
@@ -111,22 +124,31 @@ class Sections {
   }
 
   void distribute(int row, Ends ends) {
-    const int step = ends.start < ends.end ? 1 : -1;
-    const int beyond = step < 0 && ends.end > 1 ? ends.end - 1 : 0;
+    const int step = ends.start < ends.end ? 2 : -2;
     set(ends.start, joins(row, ends.start) ? base(row) : Formula(0));
-    Formula behind(0);
-    for (int at = ends.start; at != ends.end; at += 2 * step) {
-      const int target = at + 2 * step;
-      behind = behind + given(at + step, colDistance);
-      add(covered, target, behind);
-      behind = Formula::reckoned(route::cellPlace(target, covered));
+    add(total, row, distance(ends.start, step < 0 && ends.end > 1 ? ends.end - 2 : ends.end));
+    bool chained = false;
+    for (int at = ends.start + step; at != ends.end + step; at += step) {
+      const bool last = lastSection_[at] == row;
+      if (last)
+        share(row, at,
+              chained ? behind(at - step) + given(at - step / 2, colDistance) : distance(ends.start, at));
+      chained = last;
     }
-    const Formula total = beyond > 0 ? behind + given(beyond, colDistance) : behind;
-    for (int at = ends.start; at != ends.end; at += 2 * step) {
-      const int target = at + 2 * step;
-      const Formula share = Formula::reckoned(route::cellPlace(target, covered)) / total;
-      set(target, (share * ofSection(row, secCorrection)).rounded(1) + base(row));
-    }
+  }
+
+  static Formula behind(int row) { return Formula::reckoned(route::cellPlace(row, covered)); }
+
+  /// The distance between two bench marks.
+  static Formula distance(int a, int b) {
+    return Formula::sum(route::cellPlace(std::min(a, b) + 1, colDistance), std::max(a, b) - 2);
+  }
+
+  /// The correction of a bench mark by its share of a section.
+  void share(int row, int at, const Formula& length) {
+    add(covered, at, length);
+    const Formula part = behind(at) / reckonedSection(row, total);
+    set(at, (part * ofSection(row, secCorrection)).rounded(1) + base(row));
   }
 
   void set(int row, const Formula& formula) { corrections_.insert_or_assign(row, formula); }
@@ -140,6 +162,8 @@ class Sections {
   const ui::Grid& route_;
   const ui::Grid& sections_;
   report::Check check_;
+  std::map<int, Ends> ends_;            // of a section
+  std::map<int, int> lastSection_;      // that reaches a bench-mark row
   std::map<int, Formula> corrections_;  // of a bench-mark row, as the last section leaves it
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "text/decimal.h"
 #include "text/number.h"
 
 namespace report {
@@ -51,7 +52,7 @@ double difference(std::string_view shown, double reckoned) {
   const Decimals decimals = decimalsOf(shown);
   const int places = decimals.exponent ? significantDecimals(reckoned, decimals.count) : decimals.count;
   const double units = std::pow(10, places);
-  const double apart = text::readNumber(shown) - text::roundHalfAway(reckoned, units);
+  const double apart = text::readNumber(shown) - text::roundHalfAway(text::Decimal(reckoned).value(), units);
   return text::roundHalfAway(apart, units);
 }
 

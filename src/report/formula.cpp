@@ -104,6 +104,10 @@ class Reckoner {
   std::vector<double> stack_;
 };
 
+/// Decimals behind those of a rounded number. A half is one where its decimal of 15 digits reads so; what a
+/// spreadsheet leaves behind these is noise of binary sums and products of lengths below 1,000,000.
+constexpr int noiseDecimals = 9;
+
 /// Writes a formula piece by piece in the same way.
 class Writer {
  public:
@@ -175,7 +179,8 @@ class Writer {
     const std::string decimals = text::numberText(piece.number);
     switch (piece.op) {
       case Op::Round:
-        return "ROUND(" + x + "," + decimals + ")";
+        return "ROUND(ROUND(" + x + "," + text::numberText(piece.number + noiseDecimals) + ")," + decimals +
+               ")";
       case Op::HalfUp:
         return "INT(ROUND((" + x + ")*10^" + decimals + ",6)+0.5)/10^" + decimals;
       case Op::Truncate:

@@ -2,6 +2,7 @@
 
 #include "report/check.h"
 #include "report/xlsx_book.h"
+#include "text/decimal.h"
 
 namespace report {
 namespace {
@@ -103,20 +104,29 @@ class CheckSheet {
     const std::string& words =
         tables_[static_cast<std::size_t>(shown.sheet)].rows[static_cast<std::size_t>(shown.row)].cell(
             static_cast<std::size_t>(shown.col));
-    formula(row, col + 1, differenceText(given(shown), cellName(row, col), decimalsOf(words)),
+    formula(row, col + 1, differenceText(given(shown), cellName(row, col), value.reckoned, decimalsOf(words)),
             value.difference, book_.look({numberFormat(words), false, false}));
     largest_ = std::max(largest_, std::abs(value.difference));
     last_ = std::max(last_, row);
   }
 
-  /// What is shown less what was reckoned, to the decimals that are shown.
-  static std::string differenceText(const std::string& shown, const std::string& reckoned,
+  /// What is shown less what was reckoned, to the decimals that are shown. Cells show the decimal of 15
+  /// digits of a number, rounded; a spreadsheet is told to go the same way, or the noise of binary sums would
+  /// turn some halves into less.
+  static std::string differenceText(const std::string& shown, const std::string& cell, double reckoned,
                                     Decimals decimals) {
     std::string places = std::to_string(decimals.count);
-    if (decimals.exponent)
-      places = "IF(" + reckoned + "=0," + places + "," + places + "-INT(LOG10(ABS(" + reckoned + "))))";
-    return "ROUND(N(" + shown + ")-ROUND(" + reckoned + "," + places + ")," + places + ")";
+    std::string all = std::to_string(decimalsOfDigits(reckoned));
+    if (decimals.exponent) {
+      const std::string magnitude = "INT(LOG10(ABS(" + cell + ")))";
+      all = "IF(" + cell + "=0," + places + ",14-" + magnitude + ")";
+      places = "IF(" + cell + "=0," + places + "," + places + "-" + magnitude + ")";
+    }
+    return "ROUND(N(" + shown + ")-ROUND(ROUND(" + cell + "," + all + ")," + places + ")," + places + ")";
   }
+
+  /// The decimals of a number's decimal of 15 digits.
+  static int decimalsOfDigits(double number) { return 14 - text::Decimal(number).exponent; }
 
   /// The largest difference of all, above the table.
   void summary() {

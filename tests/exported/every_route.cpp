@@ -1,5 +1,8 @@
 #include "every_route.h"
 
+#include <numeric>
+
+#include "route/selection_screen.h"
 #include "sample/sample.h"
 
 namespace test {
@@ -24,6 +27,12 @@ std::vector<std::string> visibleCells(const ui::Grid& grid, int row) {
   for (int col = 0; col < grid.cols(); ++col)
     if (grid.colWidth(col) > 0) cells.push_back(grid.text(row, col));
   return cells;
+}
+
+report::Document savedDocument(const report::SavedResults& saved) {
+  std::vector<std::size_t> all(saved.savedRoutes().size());
+  std::iota(all.begin(), all.end(), 0);
+  return saved.savedDocument(all, {});
 }
 
 EveryRoute::EveryRoute(int grade, unsigned seed)
@@ -53,6 +62,7 @@ void EveryRoute::visitScreen(const std::string& button, const std::string& open,
       visitRoutes(open, look);
     }
   }
+  if (lookSaved_) visitSaved();
   program_.screen()->unload();
   program_.sweep();
 }
@@ -65,7 +75,7 @@ void EveryRoute::visitRoutes(const std::string& open, const std::function<void(c
     if (route % 3 == 0) tell(look);
     calculate();
     tell(look);
-    if (program_.screen()->name() == "fSHsei") saveFew();
+    if (lookSaved_ || program_.screen()->name() == "fSHsei") save();
   }
 }
 
@@ -92,7 +102,7 @@ void EveryRoute::typeCorrections() {
   for (int row = 1; row < grid.rows(); ++row) {
     if (!grid.clickable(row, 2) || grid.cellUse(row, 2) != ui::CellUse::Number) continue;
     grid.click(row, 2);
-    typeIn(grid, std::to_string(random(-30, 30)));
+    typeIn(grid, std::to_string(random(-30, 30)) + (random(0, 2) == 0 ? ".5" : ""));
     grid.pressKey(ui::key::enter);
   }
 }
@@ -117,7 +127,20 @@ void EveryRoute::computeSections() {
   }
 }
 
-void EveryRoute::saveFew() { control<ui::MenuItem>("mitem(1)").press(); }
+void EveryRoute::save() { dynamic_cast<route::SelectionScreen&>(*program_.screen()).saveItem.press(); }
+
+void EveryRoute::visitSaved() {
+  const int categories = has("LstDataKubun1") ? 5 : 1;
+  for (int category = 0; category < categories; ++category) {
+    if (has("LstDataKubun1")) control<ui::ListBox>("LstDataKubun1").choose(category);
+    auto& projects = control<ui::ComboBox>("cmbJIgyoBango2");
+    for (int project = 0; project < projects.count(); ++project) {
+      projects.choose(project);
+      const auto& saved = dynamic_cast<const report::SavedResults&>(*program_.screen());
+      if (!saved.savedRoutes().empty()) lookSaved_(saved);
+    }
+  }
+}
 
 void EveryRoute::visitBook(const std::function<void(const Shown&)>& look) {
   control<ui::Button>("Command6").press();

@@ -3,7 +3,9 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 
+#include "report/saved_results.h"
 #include "report/source.h"
 #include "shell/program.h"
 #include "support/recording_desktop.h"
@@ -31,6 +33,10 @@ class EveryRoute {
   /// there were.
   int visit(const std::function<void(const Shown&)>& look);
 
+  /// Lets every screen save what it calculates, and `visit` call `look` for the saved routes of each category
+  /// and project of a screen, all of them chosen.
+  void alsoSaved(std::function<void(const report::SavedResults&)> look) { lookSaved_ = std::move(look); }
+
  private:
   void visitScreen(const std::string& button, const std::string& open,
                    const std::function<void(const Shown&)>& look);
@@ -40,7 +46,8 @@ class EveryRoute {
   void calculate();
   void typeCorrections();
   void computeSections();
-  void saveFew();
+  void save();
+  void visitSaved();
 
   template <class Kind>
   Kind& control(const std::string& name) {
@@ -54,7 +61,11 @@ class EveryRoute {
   shell::Program program_;
   std::mt19937 chance_;
   int visited_ = 0;
+  std::function<void(const report::SavedResults&)> lookSaved_;
 };
+
+/// All saved routes in one document.
+report::Document savedDocument(const report::SavedResults& saved);
 
 /// The texts of a grid row's visible columns.
 std::vector<std::string> visibleCells(const ui::Grid& grid, int row);

@@ -18,6 +18,10 @@ TEST(Difference, IsTakenToTheDecimalsShown) {
   EXPECT_EQ(difference("10.001", 10.0005), 0);  // the half rounds up to what is shown
   EXPECT_EQ(difference("10.002", 10.0005), 0.001);
   EXPECT_EQ(difference("-3", -2.5), 0);  // and away from zero
+  // Of 15 digits this is 6.16255000000000, which is shown as 6.1626; in units of the last place it would be
+  // 61625.4999999999510, whose 15 digits are less than a half.
+  EXPECT_EQ(difference("6.1626", 6.1625499999999951), 0);
+  EXPECT_EQ(difference("-6.1626", -6.1625499999999951), 0);
   EXPECT_EQ(difference("0.00E+00", 0), 0);
   EXPECT_EQ(difference("2.00E-05", 1.9957e-5), 0);  // 1.9957 rounds to 2.00 with two decimals
   EXPECT_EQ(difference("2.01E-05", 1.9957e-5), 1e-7);
