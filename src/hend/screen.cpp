@@ -10,6 +10,7 @@
 #include "hend/data.h"
 #include "hend/entries.h"
 #include "hend/tables.h"
+#include "route/checks.h"
 #include "route/picture_paste.h"
 #include "route/records.h"
 #include "text/date.h"
@@ -85,6 +86,7 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
   onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) {
     for (const auto& [row, col] : cells)
       if (col == colCorrection) FcHendCalcResult(Grid1, row, context_.grade());
+    note("計算");
   });
 }
 
@@ -188,6 +190,7 @@ void fHHsei::Grid1_KeyPress(char32_t code) {
   if (cellUse(Grid1.keyCol()) == ui::CellUse::Shown) return;
   if (Grid1.keyCol() == colCorrection && code == ui::key::enter) {
     takeCorrection(row);
+    note("計算", route::placeName(Grid1, row));
     Grid1.setCurrent(nextCorrectionRow(Grid1, row), colCorrection);
   } else {
     ui::FcGridKeyEdit(Grid1, code);

@@ -5,6 +5,7 @@
 
 #include "hksnb/calculation.h"
 #include "hksnb/columns.h"
+#include "hksnb/saved_checks.h"
 #include "route/checks.h"
 #include "route/selection.h"
 #include "text/error.h"
@@ -28,7 +29,7 @@ bool isHeight(std::string_view text) {
 class BookCheck {
  public:
   BookCheck(const ui::Grid& grid, job::Grade grade, const BookState& state)
-      : grid_(grid), formats_(FcHHKSB_DefToColNo(grade)), state_(state) {}
+      : grid_(grid), grade_(grade), formats_(FcHHKSB_DefToColNo(grade)), state_(state) {}
 
   ui::Findings run() {
     if (!state_.whole)
@@ -36,7 +37,10 @@ class BookCheck {
           "もう一度「次へ」で読み込んでください。");
     for (int row = 1; row < grid_.rows(); row += 2)
       if (!isBlank(row, colBenchMark)) benchMark(row);
-    if (hasBenchMarks_) number();
+    if (hasBenchMarks_) {
+      number();
+      findDifferencesToSaved(grid_, state_, grade_, findings_);
+    }
     ui::sortFindings(findings_);
     return std::move(findings_);
   }
@@ -115,6 +119,7 @@ class BookCheck {
   }
 
   const ui::Grid& grid_;
+  const job::Grade grade_;
   const Formats formats_;
   const BookState& state_;
   ui::Findings findings_;

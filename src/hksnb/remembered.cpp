@@ -6,13 +6,42 @@
 
 namespace hksnb {
 
-const std::vector<BookPoint>& Remembered::points(const ui::Grid& grid) {
-  std::vector<std::string> names;
+namespace {
+
+constexpr int namingColumns = colBenchMark + 1;
+
+std::size_t place(int row, int col) { return static_cast<std::size_t>(row / 2 * namingColumns + col); }
+
+bool same(const std::vector<std::string>& names, const ui::Grid& grid) {
+  if (names.size() != place(grid.rows(), 0)) return false;
+  for (int col = 0; col < namingColumns; ++col)
+    for (int row = 1; row < grid.rows(); row += 2)
+      if (names[place(row, col)] != grid.text(row, col)) return false;
+  return true;
+}
+
+}  // namespace
+
+/// Forgets what was read for other bench marks than those in the grid.
+void Remembered::look(const ui::Grid& grid) {
+  if (same(names_, grid)) return;
+  points_.reset();
+  saved_.reset();
+  names_.assign(place(grid.rows(), 0), {});
   for (int row = 1; row < grid.rows(); row += 2)
-    for (int col = 0; col <= colBenchMark; ++col) names.push_back(grid.text(row, col));
-  if (names != names_) points_ = measuredPoints(grid, context_);
-  names_ = std::move(names);
-  return points_;
+    for (int col = 0; col < namingColumns; ++col) names_[place(row, col)] = grid.text(row, col);
+}
+
+const std::vector<BookPoint>& Remembered::points(const ui::Grid& grid) {
+  look(grid);
+  if (!points_) points_ = measuredPoints(grid, context_);
+  return *points_;
+}
+
+const SavedResults& Remembered::saved(const ui::Grid& grid, Kind kind) {
+  look(grid);
+  if (!saved_) saved_ = savedResults(grid, kind, context_);
+  return *saved_;
 }
 
 const ui::Grid& Remembered::book(Kind kind, const std::string& number) {
@@ -28,7 +57,8 @@ const ui::Grid& Remembered::book(Kind kind, const std::string& number) {
 
 void Remembered::forget() {
   names_.clear();
-  points_.clear();
+  points_.reset();
+  saved_.reset();
   books_.clear();
 }
 

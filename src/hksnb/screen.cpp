@@ -6,6 +6,7 @@
 #include "hksnb/calculation.h"
 #include "hksnb/checks.h"
 #include "hksnb/columns.h"
+#include "hksnb/distances.h"
 #include "hksnb/grid_set_up.h"
 #include "platform/files.h"
 #include "route/limits.h"
@@ -112,11 +113,11 @@ void fHHksb::Form_Load() {
 
 /// The months of a new book grow out of what the boxes hold: nothing typed there is lost.
 void fHHksb::newBook() {
-  if (mayLoseBook(false)) showBook(optSeika0, &fHHksb::fillFromRoutes);
+  if (mayLoseBook(false)) showBook("読込", optSeika0, &fHHksb::fillFromRoutes);
 }
 
 void fHHksb::storedBook() {
-  if (mayLoseBook(true)) showBook(optSeika20, &fHHksb::fillFromStore);
+  if (mayLoseBook(true)) showBook("再読込", optSeika20, &fHHksb::fillFromStore);
 }
 
 bool fHHksb::mayLeave() { return mayLoseBook(true); }
@@ -135,7 +136,7 @@ int fHHksb::changedMonths() const {
          (now.yearTo != keptPeriod_.yearTo) + (now.monthTo != keptPeriod_.monthTo);
 }
 
-void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
+void fHHksb::showBook(const char* what, const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
   kind_ = kindOf(orthometric);
   history().restart();
   remembered_.forget();
@@ -149,6 +150,13 @@ void fHHksb::showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill
     ui::goToFirstEntry(Grid1);
   }
   SSTab1.setCurrent(pageBook);
+  note(what, opening_.isWhole() ? countText() : "途中で終わりました");
+}
+
+/// How many bench marks the book has, and its number where it has one.
+std::string fHHksb::countText() const {
+  const std::string number = watch_.number().empty() ? "" : "番号 " + watch_.number() + "、";
+  return number + "水準点 " + std::to_string(bookPoints(Grid1).size()) + " 点";
 }
 
 Status fHHksb::fillFromRoutes() {
@@ -199,12 +207,16 @@ bool fHHksb::replaceStored() {
   history().markSaved();
   watch_.own(desktop(), kind_, number);
   keptPeriod_ = presentPeriod();
+  note("保存", countText());
   return true;
 }
 
 ui::Findings fHHksb::findings() const {
   BookState state{kind_, opening_.isWhole(), txtHksnbNo.text(), watch_.number()};
   state.farAway = route::limitsOf(desktop()).variation;
+  state.present = presentPeriod();
+  if (opening_.isWhole() && !Grid1.text(1, colBenchMark).empty())
+    state.saved = &remembered_.saved(Grid1, kind_);
   if (kindOf(optSeika20) == kind_) state.stored = LstHksnbNo.items();
   return checks(Grid1, context_.grade(), state);
 }

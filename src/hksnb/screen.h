@@ -97,7 +97,8 @@ class fHHksb : public ui::Screen, public report::Source {
 
   void newBook();
   void storedBook();
-  void showBook(const ui::OptionButton& orthometric, Status (fHHksb::*fill)());
+  void showBook(const char* what, const ui::OptionButton& orthometric, Status (fHHksb::*fill)());
+  std::string countText() const;
   int changedMonths() const;
   bool mayLeave() override;
   bool mayLoseBook(bool periodToo);

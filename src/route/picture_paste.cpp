@@ -7,6 +7,7 @@
 #include "platform/bitmap_file.h"
 #include "platform/files.h"
 #include "platform/process.h"
+#include "route/safeguards.h"
 #include "text/error.h"
 #include "ui/error_trap.h"
 
@@ -89,14 +90,6 @@ void file(const job::JobContext& context, const std::string& made, const std::st
   platform::removeFile(made);
 }
 
-/// False where the operator wants to keep the picture that is there.
-bool mayReplace(ui::Desktop& desktop, const std::string& target, const std::string& name) {
-  if (!desktop.safeguards() || !platform::isFile(target)) return true;
-  return desktop.ask({"画像「" + name + "」はもう登録されています。この図に置き換えますか。",
-                      {"置き換える", "やめる"},
-                      1}) == 0;
-}
-
 }  // namespace
 
 bool FcPicturePaste(ui::Desktop& desktop, const job::JobContext& context, std::string_view tool,
@@ -126,7 +119,7 @@ void filePicture(ui::Desktop& desktop, const job::JobContext& context, const std
     const std::string name(file);
     checkName(name);
     const std::string target = madeFolder(context) + name;
-    if (!mayReplace(desktop, target, name)) return;
+    if (platform::isFile(target) && !mayReplacePicture(desktop, name)) return;
     put(target, picture.size(), "前の画像は残っています。", [&] { platform::writeFile(target, picture); });
     desktop.message({{}, "図を「" + name + "」として登録しました", ui::Icon::None});
   });

@@ -120,4 +120,12 @@ bool mayReplaceBook(ui::Desktop& desktop, std::string_view what, std::string_vie
               "置き換える");
 }
 
+bool mayReplacePicture(ui::Desktop& desktop, std::string_view name) {
+  return !desktop.safeguards() ||
+         goOn(desktop,
+              "画像「" + std::string(name) +
+                  "」はもう登録されています。\nこの図を登録すると、前の画像は失われます。",
+              "置き換える");
+}
+
 }  // namespace route

@@ -42,4 +42,7 @@ bool mayStoreWithoutNumber(ui::Desktop& desktop);
 bool mayReplaceBook(ui::Desktop& desktop, std::string_view what, std::string_view year,
                     std::size_t benchMarks);
 
+/// Asks before a drawing takes the place of the picture that is filed as `name`.
+bool mayReplacePicture(ui::Desktop& desktop, std::string_view name);
+
 }  // namespace route

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "job/names.h"
+#include "route/checks.h"
 #include "route/records.h"
 #include "tanrosen/calculation.h"
 #include "tanrosen/checks.h"
@@ -68,6 +69,7 @@ fTHsei::fTHsei(const job::JobContext& context, ui::Desktop& desktop)
   onBlock(Grid1, [this](const std::vector<ui::CellPlace>& cells) {
     for (const auto& [row, col] : cells)
       if (isCorrectionCell(Grid1, row, col)) takeCorrection(row);
+    note("計算");
   });
 }
 
@@ -172,6 +174,7 @@ void fTHsei::Grid1_KeyPress(char32_t code) {
   const int col = Grid1.keyCol();
   if (code == ui::key::enter && isCorrectionCell(Grid1, row, col)) {
     takeCorrection(row);
+    note("計算", route::placeName(Grid1, row));
     Grid1.setCurrent(nextCorrectionRow(Grid1, row), colCorrection);
   } else if (cellUse(row, col) != ui::CellUse::Shown) {
     ui::FcGridKeyEdit(Grid1, code);

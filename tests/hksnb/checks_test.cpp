@@ -135,4 +135,88 @@ TEST_F(BookChecks, NoTextInTheGridRaisesAnything) {
       }
 }
 
+/// A book held against what is saved of its routes.
+class BookAgainstSaved : public BookChecks {
+ protected:
+  BookAgainstSaved() {
+    grid.setText(1, hksnb::colRoute, "R1");
+    saved.results = {{10.0000}, {11.0005}, {13.0005}};
+    saved.firstMonth = "202206";
+    saved.lastMonth = "202210";
+    state.saved = &saved;
+    state.present = {"2022", "6", "2022", "10"};
+  }
+
+  hksnb::SavedResults saved;
+};
+
+TEST_F(BookAgainstSaved, ASoundBookHasNone) { EXPECT_EQ(found(), Lines{}); }
+
+// Two sections down the walk may be off by 1 + 2 × 0.5 = 2 units: 13.0003 is 2 units below 13.0005, 13.0002
+// is 3. Above, at B, 1 + 0.5 units may be hidden.
+TEST_F(BookAgainstSaved, AHeightThatIsNotTheSavedOne) {
+  saved.results[2] = {13.0003};
+  EXPECT_EQ(found(), Lines{});
+  saved.results[2] = {13.0002};
+  EXPECT_EQ(found(),
+            Lines{"注意 5,8 路線 R1 の水準点 C の今回の標高 13.0005 は、保存されている正標高補正の結果 "
+                  "13.0002 と 0.3 mm 違います。"});
+  saved.results[1] = {11.0003, 10.9};
+  EXPECT_EQ(found(),
+            Lines{"注意 3,8 路線 R1 の水準点 B の今回の標高 11.0005 は、保存されている正標高補正の結果 "
+                  "11.0003 と 0.2 mm 違います。この路線でほかに 1 点。"})
+      << "of two records the nearer one counts";
+}
+
+// An orthometric result may be the corrected difference of the section below, here 2.0000 m behind B.
+TEST_F(BookAgainstSaved, ASavedDifferenceIsNoHeight) {
+  saved.results[1] = {2.0000};
+  EXPECT_EQ(found(), Lines{});
+  saved.results[1] = {};
+  EXPECT_EQ(found(), Lines{}) << "nor is there anything to differ from";
+}
+
+// A copied result is the saved one to the last digit: half a unit (0.05 mm) is a rounding, more is not.
+TEST_F(BookAgainstSaved, AnEllipsoidalHeightIsACopy) {
+  state.kind = Kind::Ellipsoidal;
+  saved.results[2] = {13.00046};
+  EXPECT_EQ(found(), Lines{});
+  saved.results[2] = {13.0004};
+  EXPECT_EQ(found(),
+            Lines{"注意 5,8 路線 R1 の水準点 C の今回の標高 13.0005 は、保存されている楕円補正の結果 "
+                  "13.0004 と 0.1 mm 違います。"});
+}
+
+// Two routes tell their first height each.
+TEST_F(BookAgainstSaved, EveryRouteIsToldOnce) {
+  grid.setText(5, hksnb::colRoute, "R2");
+  saved.results = {{10.5}, {11.5}, {13.5}};
+  const Lines lines = found();
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_TRUE(lines[0].starts_with("注意 1,8 路線 R1 の水準点 A の今回の標高 10.0000 は、")) << lines[0];
+  EXPECT_TRUE(lines[0].ends_with(" -500 mm 違います。この路線でほかに 1 点。")) << lines[0];
+  EXPECT_TRUE(lines[1].starts_with("注意 5,8 路線 R2 の水準点 C の今回の標高 13.0005 は、")) << lines[1];
+}
+
+TEST_F(BookAgainstSaved, AListOfOtherBenchMarksSaysNothing) {
+  saved.results = {{99.0}};
+  EXPECT_EQ(found(), Lines{});
+}
+
+TEST_F(BookAgainstSaved, MonthsBeyondThoseOfTheObservations) {
+  for (const hksnb::Period& sound : {hksnb::Period{"2022", "07", "2022", "9"}, hksnb::Period{"", "", "", ""},
+                                     hksnb::Period{"9999", "99", "0000", "00"}}) {
+    state.present = sound;
+    EXPECT_EQ(found(), Lines{});
+  }
+  state.present = {"2021", "10", "2022", "10"};
+  EXPECT_EQ(found(),
+            Lines{"注意 -1,-1 新観測年月 2021年10月～2022年10月 は、観測年月日の 2022年6月～2022年10月 "
+                  "より広くなっています。"});
+  state.present = {"2022", "6", "2022", "11"};
+  EXPECT_EQ(found().size(), 1U);
+  saved.firstMonth = saved.lastMonth = "";
+  EXPECT_EQ(found(), Lines{}) << "no observation has a date";
+}
+
 }  // namespace

@@ -69,7 +69,7 @@ TEST_F(PicturePaste, AsksBeforeAPictureIsReplacedByADrawing) {
   route::filePicture(asking, context, "second", "成果表楕円補正.bmp");
   ASSERT_EQ(asking.questions.size(), 1U);
   EXPECT_EQ(asking.questions[0].text,
-            "画像「成果表楕円補正.bmp」はもう登録されています。この図に置き換えますか。");
+            "画像「成果表楕円補正.bmp」はもう登録されています。\nこの図を登録すると、前の画像は失われます。");
   EXPECT_EQ(filed(), "first") << "the safe answer keeps it";
   asking.answers = {"置き換える"};
   route::filePicture(asking, context, "third", "成果表楕円補正.bmp");
