@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Walks over the screens at random, then the same way in real windows, and compares the transcripts.
 #
-#   walk.sh SEED STEPS RANDOM_WALK SEIKAHYOU_SAMPLE SEIKAHYOU_SCRIPT WORK_FOLDER WINDOWS(0|1)
+#   walk.sh SEED STEPS RANDOM_WALK SEIKAHYOU_SAMPLE SEIKAHYOU_SCRIPT WORK_FOLDER WINDOWS(0|1) [--safeguards]
 set -euo pipefail
 seed="$1" steps="$2" walk="$3" sample="$4" script="$5" work="$6" windows="$7"
+safeguards=(${8:+"$8"})
 
 rm -rf -- "$work"
 mkdir -p -- "$work/program"
@@ -13,7 +14,7 @@ echo "$((1 + seed % 2))$((1 + seed % 2))" >program/JobSel.txt
 "$sample" headless >/dev/null
 rm -rf headless/data/map_app  # a picture tool that nobody answers would be waited for
 status=0
-"$walk" "$seed" "$steps" program headless/job.sqlite walk.script.txt >headless.txt || status=$?
+"$walk" "${safeguards[@]}" "$seed" "$steps" program headless/job.sqlite walk.script.txt >headless.txt || status=$?
 [[ $status == 0 || $status == 1 ]] || { echo "the walk ended with status $status" >&2; tail -n 5 headless.txt >&2; exit 1; }
 [[ $windows == 1 ]] || exit 0
 
@@ -23,6 +24,6 @@ rm -rf window/data/map_app
 mv headless walked
 mv window headless
 again=0
-"$script" --window --program-folder program walk.script.txt headless/job.sqlite >window.txt || again=$?
+"$script" "${safeguards[@]}" --window --program-folder program walk.script.txt headless/job.sqlite >window.txt || again=$?
 [[ $again == "$status" ]] || { echo "status $again in windows, $status without" >&2; exit 1; }
 cmp headless.txt window.txt || { diff -u headless.txt window.txt | head -n 40 >&2; exit 1; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace test {
 namespace {
@@ -46,9 +47,16 @@ std::string quoted(std::string_view text) {
 
 }  // namespace
 
+void Walker::finish(const ui::Screen* screen) {
+  if (questions_ && broken_.empty()) broken_ = typing_.after(screen, questions_());
+}
+
 Walker::int_type Walker::underflow() {
+  finish(screen_());
   if (!broken_.empty() || steps_-- <= 0 || screen_() == nullptr) return traits_type::eof();
-  line_ = nextLine() + "\n";
+  line_ = nextLine();
+  if (questions_) typing_.before(*screen_(), line_, questions_());
+  line_ += "\n";
   record_ << line_ << std::flush;
   setg(line_.data(), line_.data(), line_.data() + line_.size());
   return traits_type::to_int_type(line_.front());
@@ -64,6 +72,7 @@ std::string Walker::nextLine() {
   if (screen.history().undoName().empty() && screen.history().redoName().empty())
     atBeginning_ = shown(screen);
   if (rewinding_ != Rewinding::No) return rewind(screen);
+  if (!next_.empty()) return std::exchange(next_, {});
   switch (below(40)) {
     case 0:
       return "messages";
@@ -72,7 +81,7 @@ std::string Walker::nextLine() {
     case 2:
       return "resize " + std::to_string(3000 + below(20000)) + " " + std::to_string(3000 + below(12000));
     case 3:
-      return below(8) == 0 && screen.name() != "SeikMenu" ? "close" : "screen";
+      return answered(screen, below(8) == 0 && screen.name() != "SeikMenu" ? "close" : "screen");
     case 4:
       if (screen.history().redoName().empty() && !screen.history().undoName().empty()) {
         rewinding_ = Rewinding::Back;
@@ -85,7 +94,19 @@ std::string Walker::nextLine() {
   }
   const ui::Control& control =
       *screen.controls()[static_cast<std::size_t>(below(static_cast<int>(screen.controls().size())))];
-  return below(5) == 0 ? look(control) : act(screen, control);
+  return answered(screen, below(5) == 0 ? look(control) : act(screen, control));
+}
+
+/// A line that gives up what is unsaved gets, mostly, the answer to the question that comes then ahead of it.
+std::string Walker::answered(const ui::Screen& screen, std::string line) {
+  static constexpr std::array<std::string_view, 3> answers = {"破棄", "破棄", "取消"};
+  // A route is open where both its project and its number are told; a book needs neither.
+  const bool open = screen.name() == "fHHksb" || screen.situation().open.find(' ') != std::string::npos;
+  if (!questions_ || !open || screen.history().unsavedCells() == 0 || below(4) == 0) return line;
+  const auto is = [&line](std::string_view name) { return line == "click " + std::string(name); };
+  if (line != "close" && !is("mitem(2)") && !is("m1item(2)") && !is("m1item")) return line;
+  next_ = std::move(line);
+  return "answer " + std::string(answers[static_cast<std::size_t>(below(static_cast<int>(answers.size())))]);
 }
 
 std::string Walker::look(const ui::Control& control) {

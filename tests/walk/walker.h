@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "typing_watch.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
 #include "ui/screen.h"
@@ -25,7 +26,14 @@ class Walker : public std::streambuf {
   Walker(std::uint32_t seed, int steps, std::function<ui::Screen*()> screen, std::ostream& record)
       : state_(seed), steps_(steps), screen_(std::move(screen)), record_(record) {}
 
+  /// With safeguards: looks for what was typed (TypingWatch), and gives answers to questions. `questions`
+  /// counts those asked so far.
+  void watchTyping(std::function<int()> questions) { questions_ = std::move(questions); }
+  /// The walk has ended; `screen` is null where the program has.
+  void finish(const ui::Screen* screen);
+
   /// What a table showed instead of what it had to show; empty where all was well.
+  /// Or what was lost.
   const std::string& broken() const { return broken_; }
 
  protected:
@@ -47,6 +55,7 @@ class Walker : public std::streambuf {
   std::string rewind(const ui::Screen& screen);
   void expect(const std::string& wanted, const ui::Screen& screen);
   std::string keys();
+  std::string answered(const ui::Screen& screen, std::string line);
 
   std::uint32_t state_;
   int steps_;
@@ -60,6 +69,10 @@ class Walker : public std::streambuf {
   std::string atBeginning_;  // what the tables showed when their history began
   std::string before_;       // and before they were taken back
   std::string broken_;
+
+  std::function<int()> questions_;  // none without safeguards
+  TypingWatch typing_;
+  std::string next_;  // the line that the answer just given is for
 };
 
 }  // namespace test
