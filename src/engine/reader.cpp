@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "db/reading.h"
+
 namespace db {
 
 Reader::Reader(std::shared_ptr<Link> link, std::unique_ptr<Cursor> cursor, ResultColumns columns)
@@ -13,6 +15,7 @@ Reader::Reader(std::shared_ptr<Link> link, std::unique_ptr<Cursor> cursor, Resul
 void Reader::moveNext() {
   requireRecord();
   eof_ = !cursor_->next();
+  ReadingWatch::tell();
 }
 
 Value Reader::value(Column column) const {

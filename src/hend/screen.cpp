@@ -135,6 +135,13 @@ void fHHsei::clear() {
   source_ = Source::None;
 }
 
+std::function<void()> fHHsei::knowledge() {
+  return [this, source = source_, carriedTo = carriedTo_] {
+    source_ = source;
+    carriedTo_ = carriedTo;
+  };
+}
+
 /// The walk along the grid ends on its last bench mark, mostly a route end. Where it leaves the operator in a
 /// cell that takes keys and is no entry, the next key would go astray: he stays where he was.
 void fHHsei::calculateAgain() {

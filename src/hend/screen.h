@@ -53,6 +53,7 @@ class fHHsei : public route::SelectionScreen {
   report::Document tables(const std::string& route) const override;
   report::Diagram profile() const override;
   void clear() override;
+  std::function<void()> knowledge() override;
 
   /// What keeps a calculation from its end.
   struct Trouble {

@@ -21,15 +21,16 @@ std::size_t countBenchMarks(const ui::Grid& grid) {
 
 route::SavedParts BookWatch::parts(Kind kind, const std::string& number, std::size_t benchMarks) const {
   const std::string what = "計算簿 " + number;
-  return {{what, context_.tables.gTblKansokuSeikaDataHKSNB, bookRowsSql(context_, kind, number), benchMarks},
-          {what + " の期間", "KansokuKikan", bookPeriodsSql(context_, kind, number), 1}};
+  return {
+      {what, context_->tables.gTblKansokuSeikaDataHKSNB, bookRowsSql(*context_, kind, number), benchMarks},
+      {what + " の期間", "KansokuKikan", bookPeriodsSql(*context_, kind, number), 1}};
 }
 
 void BookWatch::look(ui::Desktop& desktop, const route::SavedParts& parts) {
   stored_.forget();
   if (!desktop.safeguards()) return;
   try {
-    stored_.look(context_.gDbPath, parts);
+    stored_.look(context_->gDbPath, parts);
   } catch (const db::Error&) {
     return;
   }
@@ -54,14 +55,14 @@ bool BookWatch::mayStore(ui::Desktop& desktop, Kind kind, const std::string& num
   if (!desktop.safeguards()) return true;
   if (text::trimmed(number).empty() && !route::mayStoreWithoutNumber(desktop)) return false;
   const bool own = owned_ && text::trimmedRight(number) == text::trimmedRight(number_);
-  return own ? stored_.maySave(desktop, context_.gDbPath, parts(kind, number, countBenchMarks(grid)))
+  return own ? stored_.maySave(desktop, context_->gDbPath, parts(kind, number, countBenchMarks(grid)))
              : mayReplaceOther(desktop, kind, number);
 }
 
 bool BookWatch::mayReplaceOther(ui::Desktop& desktop, Kind kind, const std::string& number) const {
   std::size_t benchMarks = 0;
   std::string year;
-  route::readRecords(context_.gDbPath, bookRowsSql(context_, kind, number),
+  route::readRecords(context_->gDbPath, bookRowsSql(*context_, kind, number),
                      [&](db::Database&, db::Recordset& records) {
                        for (; !records.eof(); records.moveNext())
                          if (++benchMarks == 1) year = db::FcNullToBlank(records.field("今回観測日付"));

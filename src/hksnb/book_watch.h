@@ -14,7 +14,7 @@ namespace hksnb {
 /// away that is not the one on the screen. Nothing is read and nothing asked without safeguards.
 class BookWatch {
  public:
-  explicit BookWatch(const job::JobContext& context) : context_(context) {}
+  explicit BookWatch(const job::JobContext& context) : context_(&context) {}
 
   /// The book on the screen is the stored one of this kind and number, as it is stored now. Where that cannot
   /// be read nothing is known of what others store.
@@ -38,7 +38,7 @@ class BookWatch {
   void look(ui::Desktop& desktop, const route::SavedParts& parts);
   bool mayReplaceOther(ui::Desktop& desktop, Kind kind, const std::string& number) const;
 
-  const job::JobContext& context_;
+  const job::JobContext* context_;  ///< never null
   bool owned_ = false;
   std::string number_;
   route::SavedWatch stored_;

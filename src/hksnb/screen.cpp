@@ -9,6 +9,7 @@
 #include "hksnb/distances.h"
 #include "hksnb/grid_set_up.h"
 #include "platform/files.h"
+#include "route/giving_up.h"
 #include "route/limits.h"
 #include "route/picture_paste.h"
 #include "route/safeguards.h"
@@ -136,21 +137,33 @@ int fHHksb::changedMonths() const {
          (now.yearTo != keptPeriod_.yearTo) + (now.monthTo != keptPeriod_.monthTo);
 }
 
-void fHHksb::showBook(const char* what, const ui::OptionButton& orthometric, Status (fHHksb::*fill)()) {
+/// Where the operator gives it up, the book that stood there before stands there again.
+void fHHksb::showBook(const char* what, const ui::OptionButton& orthometric, Fill fill) {
+  const ui::Hourglass wait(desktop());
+  const auto bringBack = [this, kind = kind_, places = places_, opening = opening_, watched = watch_,
+                          period = keptPeriod_] {
+    kind_ = kind;
+    places_ = places;
+    opening_ = opening;
+    watch_ = watched;
+    keptPeriod_ = period;
+  };
+  const auto work = [&] { layOut(orthometric, fill); };
+  if (!route::runUnlessGivenUp(*this, "読み込んでいます", work, bringBack)) return note(what, "中止しました");
+  SSTab1.setCurrent(pageBook);
+  note(what, opening_.isWhole() ? countText() : "途中で終わりました");
+}
+
+void fHHksb::layOut(const ui::OptionButton& orthometric, Fill fill) {
   kind_ = kindOf(orthometric);
   history().restart();
   remembered_.forget();
-  {
-    const ui::Hourglass wait(desktop());
-    FcHHKSB_InitGrid1(Grid1, kind_);
-    Form_Resize();
-    opening_.run([&] { return (this->*fill)() == Status::Done; });
-    HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
-    keptPeriod_ = presentPeriod();
-    ui::goToFirstEntry(Grid1);
-  }
-  SSTab1.setCurrent(pageBook);
-  note(what, opening_.isWhole() ? countText() : "途中で終わりました");
+  FcHHKSB_InitGrid1(Grid1, kind_);
+  Form_Resize();
+  opening_.run([&] { return (this->*fill)() == Status::Done; });
+  HKsnbSetFcGrid1ToHyousekiNo(Grid1, LstHyousekiNo);
+  keptPeriod_ = presentPeriod();
+  ui::goToFirstEntry(Grid1);
 }
 
 /// How many bench marks the book has, and its number where it has one.

@@ -97,7 +97,9 @@ class fHHksb : public ui::Screen, public report::Source {
 
   void newBook();
   void storedBook();
-  void showBook(const char* what, const ui::OptionButton& orthometric, Status (fHHksb::*fill)());
+  using Fill = Status (fHHksb::*)();
+  void showBook(const char* what, const ui::OptionButton& orthometric, Fill fill);
+  void layOut(const ui::OptionButton& orthometric, Fill fill);
   std::string countText() const;
   int changedMonths() const;
   bool mayLeave() override;

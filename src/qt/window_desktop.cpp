@@ -9,6 +9,7 @@
 #include "qt/display_fit.h"
 #include "qt/input_stop.h"
 #include "qt/look_menu.h"
+#include "qt/reading_bar.h"
 #include "qt/settings_menu.h"
 #include "ui/act_witness.h"
 
@@ -105,6 +106,12 @@ void WindowDesktop::showBox(QMessageBox& box) {
   if (wasHourglass) setMousePointer(ui::Pointer::Hourglass);
 }
 
+/// A desk that opens its windows as designed belongs to a script, which nobody looks at.
+std::unique_ptr<ui::WorkBar> WindowDesktop::workBar(const std::string& words) {
+  if (opening_ == Opening::Design) return nullptr;
+  return std::make_unique<ReadingBar>(front(), toQString(words), owner_.patience);
+}
+
 void WindowDesktop::setMousePointer(ui::Pointer pointer) {
   const bool hourglass = pointer == ui::Pointer::Hourglass;
   if (std::exchange(hourglass_, hourglass) == hourglass) return;
@@ -176,6 +183,8 @@ void WindowDesktop::later(void (WindowDesktop::*what)()) {
 
 void WindowDesktop::refresh() {
   refreshWaits_ = false;
+  const bool halfFilled = !windows_.empty() && !windows_.back()->updatesEnabled();
+  if (halfFilled) return;  // the end of the act shows all of it
   for (const auto& window : windows_) window->refresh();
 }
 

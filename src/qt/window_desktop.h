@@ -46,6 +46,8 @@ struct DesktopOwner {
   /// Remembers how the operator has left windows and columns; null: nothing is remembered beyond the desk's
   /// own life.
   platform::Settings* settings = nullptr;
+  /// Milliseconds that a work may take before it shows how it goes on.
+  int patience = 300;
 };
 
 /// The desk of real windows.
@@ -60,6 +62,7 @@ class WindowDesktop : public ui::Desktop, public Host {
   std::string setting(std::string_view key) const override;
   void note(const ui::WorkNote& note) override;
   ui::ActWitness* witness() override { return owner_.witness ? owner_.witness() : nullptr; }
+  std::unique_ptr<ui::WorkBar> workBar(const std::string& words) override;
   void setMousePointer(ui::Pointer pointer) override;
   void breathe() override;
   void show(ui::Screen& screen) override;

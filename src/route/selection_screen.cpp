@@ -2,6 +2,7 @@
 
 #include "job/names.h"
 #include "report/measure.h"
+#include "route/giving_up.h"
 #include "route/heading.h"
 #include "route/safeguards.h"
 #include "text/padding.h"
@@ -47,9 +48,25 @@ ui::Situation SelectionScreen::situation() const {
           project.empty() || route.empty() ? project + route : project + " " + route, watch_.notice()};
 }
 
+/// Where the operator gives the opening up, what stood there before stands there again.
 void SelectionScreen::open(const SelectionSet& set, Reader read) {
   if (!mayLoseWork()) return;
   const ui::Hourglass wait(desktop());
+  const auto bringBack = [this, opening = opening_, watched = watch_, known = knowledge()] {
+    opening_ = opening;
+    watch_ = watched;
+    known();
+  };
+  if (!runUnlessGivenUp(
+          *this, "読み込んでいます", [&] { fill(set, read); }, bringBack))
+    note(noteOf(set), "中止しました");
+}
+
+const char* SelectionScreen::noteOf(const SelectionSet& set) const {
+  return &set == &saved_ ? "再読込" : "読込";
+}
+
+void SelectionScreen::fill(const SelectionSet& set, Reader read) {
   const Selection selection = set.selection();
   history().restart();
   watch(selection);
@@ -60,7 +77,7 @@ void SelectionScreen::open(const SelectionSet& set, Reader read) {
   });
   ui::goToFirstEntry(Grid1);
   SSTab1.setCurrent(dataPage());
-  note(&set == &saved_ ? "再読込" : "読込", opening_.isWhole() ? countText() : "途中で終わりました");
+  note(noteOf(set), opening_.isWhole() ? countText() : "途中で終わりました");
 }
 
 std::string SelectionScreen::countText() const {

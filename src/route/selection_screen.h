@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -108,6 +109,10 @@ class SelectionScreen : public ui::Screen, public report::Source, public report:
   static constexpr int selectionPage = 1;
   /// The page of SSTab1 to which opening data leads.
   virtual int dataPage() const { return 0; }
+  /// Gives what brings back, when it is called, all that the screen itself knows of what stands in its grids.
+  virtual std::function<void()> knowledge() {
+    return [] {};
+  }
   /// Empties the grids and the labels of the opened route.
   virtual void clear();
 
@@ -142,6 +147,9 @@ class SelectionScreen : public ui::Screen, public report::Source, public report:
 
   using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);
+  void fill(const SelectionSet& set, Reader read);
+  /// What an opening from that set is called in the record of the work.
+  const char* noteOf(const SelectionSet& set) const;
   bool save();
   bool replaceSaved();
   void watch(const Selection& selection);

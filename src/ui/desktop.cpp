@@ -1,6 +1,10 @@
 #include "ui/desktop.h"
 
+#include "ui/work_bar.h"
+
 namespace ui {
+
+std::unique_ptr<WorkBar> Desktop::workBar(const std::string&) { return nullptr; }
 
 void FcSetMousePointer(Desktop& desktop, Pointer pointer) { desktop.setMousePointer(pointer); }
 

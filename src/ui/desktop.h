@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@ namespace ui {
 
 class ActWitness;
 class Screen;
+class WorkBar;
 
 /// The sign that a message box carries.
 enum class Icon { None, Information, Critical };
@@ -69,6 +71,11 @@ class Desktop {
 
   /// Who writes down what the operator does to controls; null for nobody.
   virtual ActWitness* witness() { return nullptr; }
+
+  /// What shows the operator that a work goes on which may take long, called `words` ("読み込んでいます"),
+  /// and lets him give it up; null where nobody is shown anything. Only for works that leave no trace when
+  /// they are given up.
+  virtual std::unique_ptr<WorkBar> workBar(const std::string& words);
 
   /// Sets the mouse pointer everywhere on the desktop.
   virtual void setMousePointer(Pointer pointer) = 0;

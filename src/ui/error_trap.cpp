@@ -4,6 +4,7 @@
 #include <new>
 #include <string>
 
+#include "text/cancelled.h"
 #include "ui/desktop.h"
 
 namespace ui {
@@ -12,6 +13,8 @@ void reportTrapped(Desktop* desktop, std::string_view procedure) {
   if (desktop == nullptr) throw;
   Message report{std::string(procedure), {}, Icon::Critical};
   try {
+    throw;
+  } catch (const text::Cancelled&) {
     throw;
   } catch (const std::bad_alloc&) {
     report.text = "メモリが不足しています。";

@@ -8,7 +8,8 @@ namespace ui {
 class Desktop;
 
 /// Reports the exception being handled in a message box: its description as the text, `procedure` as the
-/// title, the critical icon. Without a desktop the exception passes on. Call it from a catch block only.
+/// title, the critical icon. Without a desktop the exception passes on, and so does text::Cancelled. Call it
+/// from a catch block only.
 void reportTrapped(Desktop* desktop, std::string_view procedure);
 
 /// Runs `action` under the error trap that every named procedure carries: a run-time error is reported under

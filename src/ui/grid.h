@@ -130,6 +130,12 @@ class Grid : public Control {
   /// went to.
   void selectWholeRow();
 
+  /// Shape, texts, looks of the columns and place, as they are at one time.
+  class Contents;
+  Contents contents() const;
+  /// Brings such contents back. No history is told of it.
+  void setContents(Contents contents);
+
   /// All of it: current cell, selection and key cell. Set to where it lay before the grid became smaller, it
   /// moves into the grid.
   GridPlace place() const { return place_; }
@@ -246,6 +252,20 @@ class Grid : public Control {
   std::optional<std::string> typedOver_;  // what the key cell held before it was typed into
   bool replacesTyped_ = false;
   GridObserver* gridObserver_ = nullptr;
+};
+
+class Grid::Contents {
+ private:
+  friend class Grid;
+
+  int rows = 0;
+  int cols = 0;
+  int fixedRows = 0;
+  int fixedCols = 0;
+  int rowHeight = 0;
+  GridPlace place;
+  std::vector<std::vector<std::string>> columns;
+  std::vector<ColumnLook> looks;
 };
 
 }  // namespace ui

@@ -137,4 +137,30 @@ void Grid::selectColumnsTo(int col) {
   const Witnessed seen(desktop(), [this] { return going("mark", *this, selection().top, selection().left); });
 }
 
+Grid::Contents Grid::contents() const {
+  Contents kept;
+  kept.rows = rows_;
+  kept.cols = cols_;
+  kept.fixedRows = fixedRows_;
+  kept.fixedCols = fixedCols_;
+  kept.rowHeight = rowHeight_;
+  kept.place = place_;
+  kept.columns = columns_;
+  kept.looks = looks_;
+  return kept;
+}
+
+void Grid::setContents(Contents contents) {
+  rows_ = contents.rows;
+  cols_ = contents.cols;
+  fixedRows_ = contents.fixedRows;
+  fixedCols_ = contents.fixedCols;
+  rowHeight_ = contents.rowHeight;
+  place_ = contents.place;
+  columns_ = std::move(contents.columns);
+  looks_ = std::move(contents.looks);
+  endTyping();
+  notify();
+}
+
 }  // namespace ui

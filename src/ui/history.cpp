@@ -130,6 +130,25 @@ void History::forget(bool saved) {
   for (Grid* grid : grids_) grid->endTyping();
 }
 
+History::Past History::setAside() {
+  Past past;
+  past.done = done_;
+  past.saved = saved_;
+  past.bytes = bytes_;
+  past.steps = std::move(steps_);
+  forget(true);
+  return past;
+}
+
+/// Of the act under way nothing is kept.
+void History::bringBack(Past past) {
+  forget(true);
+  steps_ = std::move(past.steps);
+  done_ = past.done;
+  saved_ = past.saved;
+  bytes_ = past.bytes;
+}
+
 void History::changedByItself() {
   if (depth_ == 0 && !moving_ && !steps_.empty()) forget(unsavedCells() == 0);
 }

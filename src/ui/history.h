@@ -89,6 +89,13 @@ class History {
   /// The key cell is another: the next key typed begins a step of its own.
   void stopTyping() { typingGoesOn_ = false; }
 
+  /// All that can be taken back, as it is at one time.
+  class Past;
+  /// Takes it out and begins anew, as restart does.
+  Past setAside();
+  /// Puts it in again: the grids hold what they held when it was taken out.
+  void bringBack(Past past);
+
   /// Forgets everything: what the grids hold, or will hold when the present act is over, is the beginning.
   void restart();
   /// How often it has started anew.
@@ -200,6 +207,16 @@ class History {
   bool moving_ = false;
   bool typingGoesOn_ = false;
   unsigned beginnings_ = 0;
+};
+
+class History::Past {
+ private:
+  friend class History;
+
+  std::deque<Step> steps;
+  std::size_t done = 0;
+  std::optional<std::size_t> saved;
+  std::size_t bytes = 0;
 };
 
 }  // namespace ui
