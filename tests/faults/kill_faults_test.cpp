@@ -4,10 +4,15 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <random>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "counting.h"
@@ -15,13 +20,14 @@
 #include "exchange/create.h"
 #include "exchange/csv_file.h"
 #include "failing_files.h"
+#include "intake/command.h"
 #include "screen_work.h"
 #include "support/database_test.h"
 #include "support/recording_desktop.h"
 
-// A process is killed at its k-th call of the system. The law: the file is sound and holds all that was there
-// or all that is new; a file that was being made is there whole or not at all; the next call of the same kind
-// succeeds and leaves nothing but what it makes.
+// A process is killed at its k-th call of the system, or at a moment by chance. The law: the file is sound
+// and holds all that was there or all that is new; a file that was being made is there whole or not at all;
+// the next call of the same kind succeeds and leaves nothing but what it makes.
 
 namespace {
 
@@ -33,11 +39,12 @@ class Kills : public testing::Test {
   std::string path() const { return job_.context().gDbPath; }
   std::string place(const std::string& name) const { return job_.folder().path(name); }
 
-  /// Works in a child that is killed at its k-th call of the kind; true where it was.
-  bool isKilled(const std::function<void()>& act, Call call, std::int64_t k) {
+  /// Works in a child, `arm` first; true where it was killed. `meanwhile` gets the child's number.
+  bool isKilled(const std::function<void()>& act, const std::function<void()>& arm,
+                const std::function<void(pid_t)>& meanwhile) {
     const pid_t child = fork();
     if (child == 0) {
-      files_.arm({call, 0, false, true}, k);
+      arm();
       try {
         act();
       } catch (const std::exception&) {
@@ -45,27 +52,64 @@ class Kills : public testing::Test {
       }
       _exit(0);
     }
+    meanwhile(child);
     int status = 0;
     waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0) << "call " << k;
+    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
     return WIFSIGNALED(status);
   }
 
-  /// Kills `act` at one call after the other, each time after `before`, and has `check` look at what is left.
+  /// Kills `act` at one call after the other and at moments by chance, each time after `before`, and has
+  /// `check` look at what is left.
   void killEach(const std::function<void()>& before, const std::function<void()>& act,
                 const std::function<void()>& check) {
-    const std::int64_t step = test::isLong() ? 1 : 2;
+    killAtCalls(before, act, check);
+    killAtMoments(before, act, check);
+    EXPECT_GT(kills_, 10);
+    test::tellCount("kills", kills_);
+  }
+
+  void killAtCalls(const std::function<void()>& before, const std::function<void()>& act,
+                   const std::function<void()>& check) {
+    const std::int64_t step = test::isLong() ? 1 : 4;
     for (const Call call : {Call::Open, Call::Write, Call::Sync, Call::Delete, Call::Lock, Call::Access})
       for (std::int64_t k = 1;; k += step) {
         SCOPED_TRACE("kind " + std::to_string(static_cast<int>(call)) + ", call " + std::to_string(k));
         before();
-        const bool killed = isKilled(act, call, k);
+        const bool killed = isKilled(
+            act,
+            [&] {
+              files_.arm({call, 0, false, true}, k);
+            },
+            [](pid_t) {});
         if (killed) ++kills_;
         check();
         if (!killed || HasFailure()) break;
       }
-    EXPECT_GT(kills_, 10);
-    test::tellCount("kills", kills_);
+  }
+
+  void killAtMoments(const std::function<void()>& before, const std::function<void()>& act,
+                     const std::function<void()>& check) {
+    const auto now = [] { return std::chrono::steady_clock::now(); };
+    before();
+    const auto start = now();
+    isKilled(
+        act, [] {}, [](pid_t) {});
+    const auto whole = std::chrono::duration_cast<std::chrono::microseconds>(now() - start);
+    std::uniform_int_distribution<std::int64_t> moments(0, whole.count());
+    for (int i = test::share(10, 1500); i > 0 && !HasFailure(); --i) {
+      before();
+      const std::chrono::microseconds wait(moments(chance_));
+      SCOPED_TRACE("after " + std::to_string(wait.count()) + " microseconds");
+      const bool killed = isKilled(
+          act, [] {},
+          [wait](pid_t child) {
+            std::this_thread::sleep_for(wait);
+            kill(child, SIGKILL);
+          });
+      if (killed) ++kills_;
+      check();
+    }
   }
 
   /// The names of what stands in the folder besides `expected`.
@@ -87,17 +131,32 @@ class Kills : public testing::Test {
 
   test::FailingFiles files_;
   test::WorkedJob job_;
+  std::mt19937 chance_{20261122};
   int kills_ = 0;
 };
 
-TEST_F(Kills, ASaveLeavesTheOldRouteOrTheNewOne) {
-  const test::ScreenWork& work = test::screenWorks().front();
-  const auto save = [&] {
+class SaveKills : public Kills, public testing::WithParamInterface<std::size_t> {
+ protected:
+  const test::ScreenWork& work() const { return test::screenWorks()[GetParam()]; }
+
+  void save() const {
     test::RecordingDesktop desktop;
-    work.openAndSave(job_.context(), desktop);
-  };
+    desktop.guarded = true;
+    work().openAndSave(job_.context(), desktop);
+  }
+
+  std::string count(const std::string& table, const std::string& condition) const {
+    return ask(path(), "SELECT count(*) FROM " + table + " WHERE " + condition);
+  }
+};
+
+TEST_P(SaveKills, ASaveLeavesTheOldResultsOrTheNewOnes) {
   save();
-  job_.sql("UPDATE KansokuSeikaDataSeihyou SET JobId = '3 '");
+  std::vector<std::string> counts;
+  for (const std::string& table : work().tables) {
+    job_.sql("UPDATE " + table + " SET JobId = '3 '");  // an old record is known by its blank
+    counts.push_back(count(table, "length(JobId) = 2"));
+  }
   const std::string original = place("original");
   put(path(), original);
   killEach(
@@ -105,16 +164,22 @@ TEST_F(Kills, ASaveLeavesTheOldRouteOrTheNewOne) {
         std::filesystem::remove(path() + "-journal");
         put(original, path());
       },
-      save,
+      [this] { save(); },
       [&] {
         EXPECT_EQ(ask(path(), "PRAGMA integrity_check"), "ok");
-        EXPECT_EQ(ask(path(), "SELECT count(*) FROM KansokuSeikaDataSeihyou"), "6");
-        EXPECT_EQ(ask(path(), "SELECT count(DISTINCT length(JobId)) FROM KansokuSeikaDataSeihyou"), "1");
+        const bool old = count(work().tables.front(), "length(JobId) = 2") != "0";
+        for (std::size_t i = 0; i < counts.size(); ++i) {
+          EXPECT_EQ(count(work().tables[i], old ? "length(JobId) = 2" : "length(JobId) = 1"), counts[i]);
+          EXPECT_EQ(count(work().tables[i], "1"), counts[i]);
+        }
         save();
-        EXPECT_EQ(ask(path(), "SELECT count(*) FROM KansokuSeikaDataSeihyou WHERE JobId = '3'"), "6");
+        EXPECT_EQ(count(work().tables.front(), "length(JobId) = 1"), counts.front());
         EXPECT_EQ(others({path(), original}), "");
       });
 }
+
+INSTANTIATE_TEST_SUITE_P(Screens, SaveKills, testing::Range<std::size_t>(0, 5),
+                         [](const auto& one) { return test::screenWorks()[one.param].name; });
 
 TEST_F(Kills, ACopyMakesTheWholeFileOrNone) {
   const std::string to = place("写し.sqlite");
@@ -175,6 +240,32 @@ TEST_F(Kills, AnImportAddsAllRecordsOrNone) {
         EXPECT_TRUE(count == "6" || count == "9") << count;
         import();
         EXPECT_EQ(others({path(), original, csv}), "");
+      });
+}
+
+TEST_F(Kills, ObservationsAreTakenInWholeOrNotAtAll) {
+  const std::string file = job_.folder().write(
+      "観測.csv", "事業番号,路線番号,標石番号,中数\r\n1001,R9,A,1.5\r\n,,B,1.5\r\n,,C,\r\n");
+  const std::string original = place("original");
+  put(path(), original);
+  const auto import = [&] {
+    std::ostringstream out;
+    EXPECT_EQ(intake::run({"import-observations", path(), file, "--job", "3", "--over"}, out, out), 0)
+        << out.str();
+  };
+  killEach(
+      [&] {
+        std::filesystem::remove(path() + "-journal");
+        put(original, path());
+      },
+      import,
+      [&] {
+        EXPECT_EQ(ask(path(), "PRAGMA integrity_check"), "ok");
+        const std::string count = ask(path(), "SELECT count(*) FROM KansokuSeikaData");
+        EXPECT_TRUE(count == "6" || count == "9") << count;
+        import();
+        EXPECT_EQ(ask(path(), "SELECT count(*) FROM KansokuSeikaData"), "9");
+        EXPECT_EQ(others({path(), original, file}), "");
       });
 }
 
