@@ -20,7 +20,12 @@ enum : int {
   Constraint = 19,
   Mismatch = 20,
   Authorization = 23,
-  NotADatabase = 26
+  NotADatabase = 26,
+  ReadOnlyRecovery = ReadOnly | 1 << 8,
+  ReadOnlyCannotLock = ReadOnly | 2 << 8,
+  ReadOnlyRollback = ReadOnly | 3 << 8,
+  ReadOnlyMoved = ReadOnly | 4 << 8,
+  ReadOnlyFolder = ReadOnly | 6 << 8
 };
 
 std::string quoted(std::string_view name) { return "「" + std::string(name) + "」"; }
@@ -63,6 +68,22 @@ std::string statementFault(std::string_view words, const std::string& database) 
   return database + "で SQL 文を実行できません";
 }
 
+/// Why a file that can be read is not written to.
+std::string readOnly(int code, const std::string& database) {
+  switch (code) {
+    case ReadOnlyFolder:
+      return database + "のフォルダーに書き込む権限がないため、データベースにも書き込めません";
+    case ReadOnlyRecovery:
+    case ReadOnlyCannotLock:
+    case ReadOnlyRollback:
+      return database + "には途中で終わった書き込みが残っていて、読み取り専用のため元に戻せません";
+    case ReadOnlyMoved:
+      return database + "は、開いたあとで移されたか消されたため書き込めません";
+    default:
+      return database + "は読み取り専用のため書き込めません";
+  }
+}
+
 std::string sentence(int code, std::string_view words, const std::string& database, std::string_view table) {
   const std::string target = table.empty() ? database : database + "のテーブル" + quoted(table);
   switch (code & 0xff) {
@@ -71,7 +92,7 @@ std::string sentence(int code, std::string_view words, const std::string& databa
     case Protocol:
       return database + "は他のプログラムが使用中です";
     case ReadOnly:
-      return database + "は読み取り専用のため書き込めません";
+      return readOnly(code, database);
     case Full:
       return "ディスクの空き容量が足りないため、" + database + "に書き込めません";
     case InputOutput:

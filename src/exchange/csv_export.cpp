@@ -3,6 +3,7 @@
 #include "exchange/tables.h"
 #include "open/open.h"
 #include "platform/files.h"
+#include "platform/write_obstacle.h"
 #include "text/csv.h"
 
 namespace exchange {
@@ -64,26 +65,12 @@ class Content {
   std::int64_t record_ = 0;
 };
 
-const char* wordsFor(platform::WriteObstacle obstacle) {
-  switch (obstacle) {
-    case platform::WriteObstacle::NoFolder:
-      return "フォルダがありません。";
-    case platform::WriteObstacle::IsFolder:
-      return "その名前のフォルダがあります。";
-    case platform::WriteObstacle::Full:
-      return "ディスクの空き容量が足りません。";
-    case platform::WriteObstacle::Locked:
-      break;
-  }
-  return "書き込みが許されていないか、他のプログラムが使用中です。";
-}
-
 void save(const std::string& file, const std::string& bytes) {
   try {
     platform::writeFile(file, bytes);
   } catch (const text::RuntimeError&) {
     throw db::Error("CSV ファイル「" + file + "」に書き込めません。" +
-                    wordsFor(platform::writeObstacle(file, bytes.size())));
+                    platform::wordsFor(platform::writeObstacle(file, bytes.size())));
   }
 }
 

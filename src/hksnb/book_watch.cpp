@@ -26,26 +26,16 @@ route::SavedParts BookWatch::parts(Kind kind, const std::string& number, std::si
       {what + " の期間", "KansokuKikan", bookPeriodsSql(*context_, kind, number), 1}};
 }
 
-void BookWatch::look(ui::Desktop& desktop, const route::SavedParts& parts) {
-  stored_.forget();
-  if (!desktop.safeguards()) return;
-  try {
-    stored_.look(context_->gDbPath, parts);
-  } catch (const db::Error&) {
-    return;
-  }
-}
-
 void BookWatch::own(ui::Desktop& desktop, Kind kind, const std::string& number) {
   owned_ = true;
   number_ = number;
-  look(desktop, parts(kind, number, 0));
+  stored_.lookBehind(desktop, context_->gDbPath, parts(kind, number, 0));
 }
 
 void BookWatch::disown(ui::Desktop& desktop) {
   owned_ = false;
   number_.clear();
-  look(desktop, {});
+  stored_.lookBehind(desktop, context_->gDbPath, {});
 }
 
 std::string BookWatch::name() const { return number_.empty() ? "新しい計算簿" : "計算簿 " + number_; }

@@ -35,7 +35,6 @@ class BookWatch {
 
  private:
   route::SavedParts parts(Kind kind, const std::string& number, std::size_t benchMarks) const;
-  void look(ui::Desktop& desktop, const route::SavedParts& parts);
   bool mayReplaceOther(ui::Desktop& desktop, Kind kind, const std::string& number) const;
 
   const job::JobContext* context_;  ///< never null

@@ -7,6 +7,7 @@
 
 #include "platform/files.h"
 #include "platform/input_file.h"
+#include "platform/write_obstacle.h"
 #include "sqlite/database.h"
 #include "text/padding.h"
 #ifdef SEIKAHYOU_ODBC
@@ -119,7 +120,13 @@ bool isDatabase(std::string_view path) {
 std::unique_ptr<Database> createDatabase(std::string_view path) {
   requirePath(path);
   if (exists(path)) throw Error("「" + std::string(path) + "」はすでにあるため、データベースを作れません。");
-  return createSqliteDatabase(path);
+  try {
+    return createSqliteDatabase(path);
+  } catch (const Error&) {
+    const platform::WriteObstacle obstacle = platform::writeObstacle(path, 1);
+    if (obstacle == platform::WriteObstacle::Failed) throw;
+    throw Error(named(path) + "を作れません。" + platform::wordsFor(obstacle));
+  }
 }
 
 }  // namespace db

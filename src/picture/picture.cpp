@@ -11,6 +11,7 @@
 #include "picture/large_bitmap.h"
 #include "platform/bitmap_file.h"
 #include "platform/files.h"
+#include "platform/write_obstacle.h"
 
 namespace picture {
 namespace {
@@ -49,16 +50,7 @@ QString fault(QImageReader::ImageReaderError error) {
 QString obstacle(const QString& path, const QSize& size) {
   const auto bytes =
       static_cast<std::uintmax_t>(size.width()) * static_cast<std::uintmax_t>(size.height()) * 3;
-  switch (platform::writeObstacle(path.toStdString(), bytes)) {
-    case platform::WriteObstacle::NoFolder:
-      return QStringLiteral("フォルダがありません。");
-    case platform::WriteObstacle::IsFolder:
-      return QStringLiteral("同じ名前のフォルダがあります。");
-    case platform::WriteObstacle::Full:
-      return QStringLiteral("ディスクの空きが足りません。");
-    default:
-      return QStringLiteral("書き込みが許されていないか、途中で失敗しました。");
-  }
+  return QString::fromStdString(platform::wordsFor(platform::writeObstacle(path.toStdString(), bytes)));
 }
 
 /// The size of a picture in its file. Of a bitmap its head tells it, which may be larger than the reader

@@ -18,12 +18,6 @@ namespace {
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
-/// The folder that a path leads into.
-std::filesystem::path folderOf(std::string_view path) {
-  const std::filesystem::path folder = nativePath(path).parent_path();
-  return folder.empty() ? std::filesystem::path(".") : folder;
-}
-
 }  // namespace
 
 #ifdef _WIN32
@@ -187,15 +181,6 @@ void writeFile(std::string_view path, std::string_view content) {
   file.close();
   if (!file) throw text::RuntimeError(text::ErrorCode::PathNotFound);
   growing.finish();
-}
-
-WriteObstacle writeObstacle(std::string_view path, std::uintmax_t bytes) {
-  std::error_code error;
-  const std::filesystem::path folder = folderOf(path);
-  if (!std::filesystem::is_directory(folder, error)) return WriteObstacle::NoFolder;
-  if (isFolder(path)) return WriteObstacle::IsFolder;
-  const std::filesystem::space_info room = std::filesystem::space(folder, error);
-  return !error && room.available < bytes ? WriteObstacle::Full : WriteObstacle::Locked;
 }
 
 void makeFolder(std::string_view path) {

@@ -63,17 +63,6 @@ std::optional<FileState> fileState(std::string_view path);
 /// is complete. Raises PathNotFound where it cannot be written.
 void writeFile(std::string_view path, std::string_view content);
 
-/// What keeps a file from being written.
-enum class WriteObstacle {
-  NoFolder,  ///< the folder that it should stand in is not there
-  IsFolder,  ///< a folder of that name is there
-  Full,      ///< the medium has no room for it
-  Locked     ///< the medium, the folder or the file refuses: read-only, or open in another program
-};
-
-/// Why a file of `bytes` bytes could not be written to `path`, looked at after the attempt has failed.
-WriteObstacle writeObstacle(std::string_view path, std::uintmax_t bytes);
-
 /// Makes the folder at `path` and those above it that are missing. Raises PathNotFound where that fails.
 void makeFolder(std::string_view path);
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/files.h"
+#include "platform/write_obstacle.h"
 #include "report/csv_writer.h"
 #include "report/svg_writer.h"
 #include "report/xlsx_writer.h"
@@ -38,20 +39,6 @@ std::string nameOf(std::string_view path) {
   throw text::RuntimeError(text::ErrorCode::PathNotFound, "ファイル「" + path + "」に書き込めません。" + why);
 }
 
-std::string wordsFor(platform::WriteObstacle obstacle) {
-  switch (obstacle) {
-    case platform::WriteObstacle::NoFolder:
-      return "フォルダーがありません。";
-    case platform::WriteObstacle::IsFolder:
-      return "同じ名前のフォルダーがあります。";
-    case platform::WriteObstacle::Full:
-      return "空き容量が足りません。";
-    case platform::WriteObstacle::Locked:
-      break;
-  }
-  return "書き込みが禁止されているか、ほかのプログラムが開いています。";
-}
-
 /// The least that a medium must have free for a file to be written; libraries do not tell how much they
 /// wanted.
 constexpr std::uintmax_t leastRoom = 1U << 20U;
@@ -68,7 +55,7 @@ void replace(const std::string& path, const Write& write) {
     throw;
   } catch (const text::RuntimeError& error) {
     if (error.code() != text::ErrorCode::PathNotFound) throw;
-    refuse(path, wordsFor(platform::writeObstacle(path, leastRoom)));
+    refuse(path, platform::wordsFor(platform::writeObstacle(path, leastRoom)));
   }
 }
 

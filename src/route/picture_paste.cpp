@@ -7,6 +7,7 @@
 #include "platform/bitmap_file.h"
 #include "platform/files.h"
 #include "platform/process.h"
+#include "platform/write_obstacle.h"
 #include "route/safeguards.h"
 #include "text/error.h"
 #include "ui/error_trap.h"
@@ -57,10 +58,8 @@ void put(const std::string& target, std::uintmax_t wanted, const std::string& le
   try {
     write();
   } catch (const text::RuntimeError&) {
-    const bool isFull = platform::writeObstacle(target, wanted) == platform::WriteObstacle::Full;
-    throw failure(std::string(isFull ? "ディスクの空きが足りないため、"
-                                     : "書き込みが許されていないか、途中で失敗したため、") +
-                  "画像「" + target + "」を保存できませんでした。" + left);
+    throw failure(platform::wordsFor(platform::writeObstacle(target, wanted)) + "画像「" + target +
+                  "」を保存できませんでした。" + left);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "route/saved_watch.h"
 
+#include <new>
 #include <utility>
 
 #include "open/open.h"
@@ -33,6 +34,18 @@ void SavedWatch::look(std::string_view dbPath, const SavedParts& parts) {
   bar_ = database->writeBar();
   seen_ = read(*database, parts);
   database->close();
+}
+
+void SavedWatch::lookBehind(const ui::Desktop& desktop, std::string_view dbPath, const SavedParts& parts) {
+  forget();
+  if (!desktop.safeguards()) return;
+  try {
+    look(dbPath, parts);
+  } catch (const db::Error&) {
+    forget();
+  } catch (const std::bad_alloc&) {
+    forget();
+  }
 }
 
 void SavedWatch::forget() {

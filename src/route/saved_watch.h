@@ -38,6 +38,9 @@ class SavedWatch {
   /// Remembers what is saved now. Raises db::Error; then, and before the first call, nothing is known of what
   /// others save.
   void look(std::string_view dbPath, const SavedParts& parts);
+  /// The same behind a loading or a save, which has told all that there is to tell: without safeguards
+  /// nothing is looked at, and what cannot be read, for want of memory too, is not known.
+  void lookBehind(const ui::Desktop& desktop, std::string_view dbPath, const SavedParts& parts);
   /// Nothing is open any more.
   void forget();
   /// What the operator should know of the job, looked at along with the records: that nothing can be saved to

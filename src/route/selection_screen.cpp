@@ -145,15 +145,9 @@ bool SelectionScreen::replaceSaved() {
   return true;
 }
 
-/// Remembers what is saved of the route now. Where that cannot be read the loading or the save tells.
+/// Remembers what is saved of the route now.
 void SelectionScreen::watch(const Selection& selection) {
-  watch_.forget();
-  if (!desktop().safeguards()) return;
-  try {
-    watch_.look(context_.gDbPath, savedParts(selection));
-  } catch (const db::Error&) {
-    return;
-  }
+  watch_.lookBehind(desktop(), context_.gDbPath, savedParts(selection));
 }
 
 std::string SelectionScreen::routeName() const {

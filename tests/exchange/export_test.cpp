@@ -71,7 +71,7 @@ TEST_F(Export, NeverWritesOverTheJob) {
 TEST_F(Export, NamesAFileThatCannotBeWritten) {
   const std::string nowhere = job_.folder().path("ない/a.csv");
   EXPECT_EQ(errorOf([&] { exchange::exportCsv(job_.path(), "JobData", nowhere, Encoding::Utf8); }),
-            "CSV ファイル「" + nowhere + "」に書き込めません。フォルダがありません。");
+            "CSV ファイル「" + nowhere + "」に書き込めません。フォルダーがありません。");
 }
 
 TEST_F(Export, ReplacesNothingButAFileOfTexts) {

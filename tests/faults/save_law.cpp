@@ -15,6 +15,7 @@ void judge(const TableStates& states, const std::vector<ui::Message>& told, bool
   const bool isSaved = std::find(told.begin(), told.end(), savedMessage) != told.end();
   const bool failsBehind = isSaved && !(told.back() == savedMessage);
   const bool claimsOld = last.find("保存前の成果はそのまま残っています") != std::string::npos;
+  EXPECT_FALSE(failsBehind && guarded) << where << ": after the save: " << last;
   for (const std::string& state : states) {
     const bool isFirst = &state == &states.front();
     EXPECT_TRUE(state == "old" || state == "new") << where << ": " << state << ": " << last;

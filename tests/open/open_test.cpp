@@ -116,7 +116,7 @@ TEST_F(OpenDatabase, CreatingSparesWhatIsThere) {
             "「" + path + "」はすでにあるため、データベースを作れません。");
   EXPECT_EQ(platform::readFile(path), "old");
   EXPECT_EQ(failure([&] { db::createDatabase(folder_.path("no/such")); }),
-            "データベース「" + folder_.path("no/such") + "」を開けません: unable to open database file");
+            "データベース「" + folder_.path("no/such") + "」を作れません。フォルダーがありません。");
   EXPECT_EQ(failure([&] { db::createDatabase(""); }), "データベースのパスが指定されていません。");
 }
 

@@ -1,4 +1,5 @@
 #include "platform/files.h"
+#include "platform/write_obstacle.h"
 
 #include <gtest/gtest.h>
 
@@ -235,7 +236,7 @@ TEST(WriteObstacle, SaysWhatStandsInTheWay) {
   EXPECT_EQ(platform::writeObstacle(folder.path("nowhere/a.pdf"), 1), WriteObstacle::NoFolder);
   EXPECT_EQ(platform::writeObstacle(folder.path(), 1), WriteObstacle::IsFolder);
   EXPECT_EQ(platform::writeObstacle(folder.path("a.pdf"), UINTMAX_MAX), WriteObstacle::Full);
-  EXPECT_EQ(platform::writeObstacle(folder.path("a.pdf"), 1), WriteObstacle::Locked);
+  EXPECT_EQ(platform::writeObstacle(folder.path("a.pdf"), 1), WriteObstacle::Failed);
 }
 
 }  // namespace

@@ -113,4 +113,17 @@ TEST_F(SavedWatches, AskAnewAboutWhatIsSavedWhileTheyAsk) {
   EXPECT_NE(busy.questions[1].text.find("(1 行が違います)"), std::string::npos);
 }
 
+// What is looked at behind a save is known for the next one, or nothing is: no error follows "saved".
+TEST_F(SavedWatches, LookBehindASaveWithoutAWord) {
+  insert("4");
+  parts[0].writes = 4;
+  watch.lookBehind(desktop, path(), parts);
+  EXPECT_TRUE(maySave());
+  watch.lookBehind(desktop, job.folder().path("nowhere"), parts);
+  insert("5");
+  parts[0].writes = 5;
+  EXPECT_TRUE(maySave());
+  EXPECT_TRUE(desktop.questions.empty());
+}
+
 }  // namespace
