@@ -104,7 +104,8 @@ void LimitsDialog::addBounds(QGridLayout& grid) {
 
 void LimitsDialog::addTolerances(QGridLayout& grid) {
   for (int col = 0; col < static_cast<int>(kinds.size()); ++col)
-    grid.addWidget(new QLabel(QString::fromUtf8(kinds[static_cast<std::size_t>(col)].words)), 0, col + 1);
+    grid.addWidget(new QLabel(QString::fromUtf8(kinds[static_cast<std::size_t>(col)].words)), 0, col + 1,
+                   Qt::AlignRight);
   for (int grade = 1; grade <= static_cast<int>(before_.tolerances.grades.size()); ++grade) {
     const QString name = QStringLiteral("%1級").arg(grade);
     grid.addWidget(new QLabel(name), grade, 0);

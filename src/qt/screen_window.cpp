@@ -152,9 +152,12 @@ void ScreenWindow::tell() {
 
 QString ScreenWindow::caption() const { return windowTitle().section(afterCaption, 0, 0); }
 
+/// Where the form scrolls the findings leave it all the room that they can.
 void ScreenWindow::keepMinimum(const QSize& room) {
   client_->setMinimumSize(least_);
   scrollWhereTooLarge(*this, room);
+  if (centralWidget() == client_) return;
+  if (auto* dock = findChild<QDockWidget*>()) resizeDocks({dock}, {0}, Qt::Vertical);
 }
 
 QList<GridView*> ScreenWindow::tables() const { return findChildren<GridView*>(); }

@@ -1,5 +1,6 @@
 #include "start/choose_job_dialog.h"
 
+#include <QHeaderView>
 #include <utility>
 
 #include "qt/convert.h"
@@ -15,14 +16,20 @@ ChooseJobDialog::ChooseJobDialog(std::vector<jobs::JobEntry> entries, QWidget* p
     new QTreeWidgetItem(form_->jobs, {qt::toQString(entry.id), qt::toQString(entry.title),
                                       QStringLiteral("%1級").arg(entry.grade),
                                       entry.executed ? QStringLiteral("あり") : QString()});
-  form_->jobs->setColumnWidth(0, 60);
-  form_->jobs->setColumnWidth(1, 220);
-  form_->jobs->setColumnWidth(2, 60);
+  showColumns();
   form_->jobs->setCurrentItem(form_->jobs->topLevelItem(0));
   connect(form_->jobs, &QTreeWidget::itemDoubleClicked, this, &ChooseJobDialog::choose);
   connect(form_->open, &QPushButton::clicked, this, &ChooseJobDialog::choose);
   connect(form_->cancel, &QPushButton::clicked, this, &QDialog::reject);
   form_->jobs->setFocus();
+}
+
+/// The name of the work takes the room that the others leave.
+void ChooseJobDialog::showColumns() {
+  QHeaderView& header = *form_->jobs->header();
+  header.setStretchLastSection(false);
+  for (const int column : {0, 2, 3}) header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+  header.setSectionResizeMode(1, QHeaderView::Stretch);
 }
 
 ChooseJobDialog::~ChooseJobDialog() { becomeDeaf(*this); }

@@ -25,6 +25,7 @@ class ChooseJobDialog : public QDialog {
   void whenChosen(std::function<void(const jobs::JobEntry&)> chosen) { chosen_ = std::move(chosen); }
 
  private:
+  void showColumns();
   void choose();
 
   std::unique_ptr<Ui::ChooseJob> form_;
