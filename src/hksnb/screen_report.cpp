@@ -2,6 +2,7 @@
 
 #include "hksnb/data.h"
 #include "hksnb/distances.h"
+#include "hksnb/reference_dates.h"
 #include "hksnb/screen.h"
 #include "hksnb/tables.h"
 #include "hksnb/variation_diagram.h"
@@ -39,7 +40,9 @@ report::Document fHHksb::document() const {
       periodText({txtOldYearFr.text(), txtOldMonFr.text(), txtOldYearTo.text(), txtOldMonTo.text()}));
   add("観測成果年度", txtKansokuNen.text());
   add("平均成果年度", txtHeikinNen.text());
-  report::Document document = tables(Grid1, kind_, context_.grade(), remembered_.points(Grid1), fields);
+  const std::vector<BookPoint>& points = remembered_.points(Grid1);
+  report::Document document =
+      tables(Grid1, kind_, context_.grade(), points, fields, referenceDates(points, context_));
   document.fields = route::routeHeading(context_, {}, {});
   if (auto picture = route::filedPicture(context_, pictureName()))
     document.parts.back().items.emplace_back(std::move(*picture));

@@ -62,10 +62,20 @@ report::Table publicForm(const ui::Grid& grid, const std::vector<BookPoint>& poi
   return table;
 }
 
+/// The heading of the public form: with the reference dates, where there are any.
+std::vector<report::Field> formFields(std::vector<report::Field> fields,
+                                      const std::vector<std::string>& referenceDates) {
+  std::string dates;
+  for (const std::string& date : referenceDates) dates += (dates.empty() ? "" : "、") + date;
+  if (!dates.empty()) fields.push_back({"基準日", dates});
+  return fields;
+}
+
 }  // namespace
 
 report::Document tables(const ui::Grid& Grid1, Kind kind, job::Grade grade,
-                        const std::vector<BookPoint>& points, const std::vector<report::Field>& fields) {
+                        const std::vector<BookPoint>& points, const std::vector<report::Field>& fields,
+                        const std::vector<std::string>& referenceDates) {
   std::vector<report::Column> columns = {
       {"事業番号", "", Side::Left, false},
       {"路線番号", "", Side::Left, false},
@@ -84,7 +94,8 @@ report::Document tables(const ui::Grid& Grid1, Kind kind, job::Grade grade,
   report::Part book{"", fields, {}};
   book.items.emplace_back(route::gridTable({Grid1, std::move(columns), colBenchMark, colEndMark, colRoute}));
   document.parts.push_back(std::move(book));
-  if (!points.empty()) document.parts.push_back({"変動計算簿", fields, {publicForm(Grid1, points)}});
+  if (!points.empty())
+    document.parts.push_back({"変動計算簿", formFields(fields, referenceDates), {publicForm(Grid1, points)}});
   document.check = checkFormulas(Grid1, kind);
   return document;
 }
