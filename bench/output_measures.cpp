@@ -34,7 +34,10 @@ struct Output : MeasuredRoute {
     seihyou::FcCalcSeihyou(grid, 1, context.grade());
     folder = (std::filesystem::temp_directory_path() / "seikahyou-measure").string();
     std::filesystem::create_directories(folder);
-    pages = report::paginate(document(), {}, qt::pageWriter()->measure());
+    const report::Document whole = document();
+    pages = report::paginate(whole, {}, qt::pageWriter()->measure());
+    for (const report::CheckCell& cell : whole.check.cells)
+      formulas.push_back("=" + report::spreadsheetText(cell.formula, {given, reckoned}));
   }
   ~Output() { std::filesystem::remove_all(folder); }
   Output(const Output&) = delete;
@@ -47,7 +50,13 @@ struct Output : MeasuredRoute {
                            {.pageWriter = [] { return qt::pageWriter(); }});
   }
 
-  /// The same cells, and as many formulas of the same kind.
+  static std::string given(report::CellPlace cell) {
+    return "成果表!$" + std::string(1, static_cast<char>('A' + cell.col)) + "$" +
+           std::to_string(cell.row + 11);
+  }
+  static std::string reckoned(report::CellPlace cell) { return "$B$" + std::to_string(cell.row + 11); }
+
+  /// The same cells with the same formulas.
   void bareXlsx() const {
     lxw_workbook* const book = workbook_new((folder + "/bare.xlsx").c_str());
     lxw_worksheet* const sheet = workbook_add_worksheet(book, "cells");
@@ -56,13 +65,13 @@ struct Output : MeasuredRoute {
     format_set_num_format(number, "0.0000");
     for (int row = 1; row < grid.rows(); ++row)
       for (int col = 0; col < 5; ++col) bareCell(sheet, row, col, number);
-    for (const report::CheckCell& cell : document().check.cells) {
-      const auto at = static_cast<lxw_row_t>(cell.row + 10);
-      const auto col = static_cast<lxw_col_t>(2 * cell.column + 1);
-      worksheet_write_formula_num(check, at, col, "=ROUND(成果表!$B$100+成果表!$C$100/10000,4)", nullptr,
-                                  1.5);
-      worksheet_write_formula_num(check, at, static_cast<lxw_col_t>(col + 1),
-                                  "=ROUND(N(成果表!$D$100)-ROUND($B$100,4),4)", number, 0);
+    for (std::size_t i = 0; i < formulas.size(); ++i) {
+      const auto at = static_cast<lxw_row_t>(i + 10);
+      const std::string place = "$" + std::to_string(i + 11);
+      worksheet_write_formula_num(check, at, 1, formulas[i].c_str(), nullptr, 1.5);
+      worksheet_write_formula_num(
+          check, at, 2, ("=ROUND(N(成果表!$D" + place + ")-ROUND(ROUND($B" + place + ",12),4),4)").c_str(),
+          number, 0);
     }
     workbook_close(book);
   }
@@ -104,6 +113,7 @@ struct Output : MeasuredRoute {
 
   std::string folder;
   std::vector<report::Drawing> pages;
+  std::vector<std::string> formulas;  // of the check
 };
 
 }  // namespace

@@ -99,18 +99,36 @@ DrawingPainter::DrawingPainter(QPainter& painter)
   painter_.setRenderHint(QPainter::SmoothPixmapTransform);
 }
 
-void DrawingPainter::paint(const report::Drawing& drawing) {
+void DrawingPainter::begin() {
   penChosen_ = false;
-  size_ = 0;
+  fontChosen_ = false;
+  page_ = painter_.worldTransform();
+}
+
+void DrawingPainter::paint(const report::Drawing& drawing) {
+  begin();
   for (const report::Shape& shape : drawing.shapes) std::visit(*this, shape);
+  leaveText();
 }
 
 void DrawingPainter::paint(const report::Drawing& drawing, const report::Box& seen) {
   const QRectF box = toolkitBox(seen);
-  penChosen_ = false;
-  size_ = 0;
+  begin();
   for (const report::Shape& shape : drawing.shapes)
     if (std::visit(Reach(), shape).intersects(box)) std::visit(*this, shape);
+  leaveText();
+}
+
+void DrawingPainter::enterText(double scale) {
+  if (scale == textScale_) return;
+  textScale_ = scale;
+  painter_.setWorldTransform(QTransform::fromScale(scale, scale) * page_);
+}
+
+void DrawingPainter::leaveText() {
+  if (textScale_ == 0) return;
+  textScale_ = 0;
+  painter_.setWorldTransform(page_);
 }
 
 void DrawingPainter::choose(const report::Pen& pen) {
@@ -121,9 +139,9 @@ void DrawingPainter::choose(const report::Pen& pen) {
   painter_.setPen(made);
 }
 
-void DrawingPainter::choose(double size, bool bold) {
-  if (size == size_ && bold == bold_) return;
-  size_ = size;
+void DrawingPainter::chooseFont(bool bold) {
+  if (fontChosen_ && bold == bold_) return;
+  fontChosen_ = true;
   bold_ = bold;
   font_.setPixelSize(measuredSize);
   font_.setBold(bold);
@@ -131,6 +149,7 @@ void DrawingPainter::choose(double size, bool bold) {
 }
 
 void DrawingPainter::operator()(const report::Line& line) {
+  leaveText();
   choose(line.pen);
   if (line.points.size() == 2)
     return painter_.drawLine(toolkitPoint(line.points[0]), toolkitPoint(line.points[1]));
@@ -140,10 +159,12 @@ void DrawingPainter::operator()(const report::Line& line) {
 }
 
 void DrawingPainter::operator()(const report::Area& area) {
+  leaveText();
   painter_.fillRect(toolkitBox(area.box), toolkitColour(area.fill));
 }
 
 void DrawingPainter::operator()(const report::Mark& mark) {
+  leaveText();
   const double r = mark.size / 2;
   const QPointF at = toolkitPoint(mark.at);
   const bool hollow = mark.sign == report::Sign::Circle || mark.sign == report::Sign::Triangle;
@@ -176,23 +197,29 @@ void DrawingPainter::operator()(const report::Mark& mark) {
 }
 
 /// Letters are drawn in one large size and scaled, so that their widths on every device are those measured.
+/// Texts of one size follow each other on a page; they share the scale.
 void DrawingPainter::operator()(const report::Words& words) {
-  choose(words.size, words.bold);
+  chooseFont(words.bold);
   choose({1, words.colour, report::Dash::Solid});
   const double scale = words.size / measuredSize;
   double before = 0;
   if (words.anchor != report::Anchor::Left)
     before = measure_(words.text) * measuredSize * (words.anchor == report::Anchor::Middle ? 0.5 : 1);
-  const QTransform world = painter_.worldTransform();
+  if (!words.upright) {
+    enterText(scale);
+    return painter_.drawText(QPointF(words.at.x / scale - before, words.at.y / scale), toQString(words.text));
+  }
+  leaveText();
   painter_.translate(words.at.x, words.at.y);
-  if (words.upright) painter_.rotate(-90);
+  painter_.rotate(-90);
   painter_.scale(scale, scale);
   painter_.drawText(QPointF(-before, 0), toQString(words.text));
-  painter_.setWorldTransform(world);
+  painter_.setWorldTransform(page_);
 }
 
 /// A picture that cannot be shown is told, not left out.
 void DrawingPainter::operator()(const report::Picture& picture) {
+  leaveText();
   QImageReader::setAllocationLimit(mostPictureMegabytes);
   QByteArray bytes = QByteArray::fromRawData(picture.bytes->data(), static_cast<int>(picture.bytes->size()));
   QBuffer buffer(&bytes);

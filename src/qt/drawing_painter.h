@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPainter>
 #include <QString>
+#include <QTransform>
 #include <unordered_map>
 
 #include "report/drawing.h"
@@ -33,15 +34,21 @@ class DrawingPainter {
   void operator()(const report::Picture& picture);
 
  private:
+  void begin();
   void choose(const report::Pen& pen);
-  void choose(double size, bool bold);
+  void chooseFont(bool bold);
+  /// From here on a unit is `scale` units of the page, as large letters are drawn; leaveText ends that.
+  void enterText(double scale);
+  void leaveText();
 
   QPainter& painter_;
   report::Measure measure_;
   QFont font_;
   report::Pen pen_;
-  double size_ = 0;
+  QTransform page_;       // of the painter, in which a unit is 0.1 mm
+  double textScale_ = 0;  // in force beside it; 0 for none
   bool bold_ = false;
+  bool fontChosen_ = false;
   bool penChosen_ = false;
 };
 

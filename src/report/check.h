@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,7 +14,7 @@ struct Decimals {
   int count = 0;
   bool exponent = false;
 
-  bool operator==(const Decimals&) const = default;
+  auto operator<=>(const Decimals&) const = default;
 };
 
 /// The decimals of a cell that holds a number; none for any other.

@@ -172,7 +172,14 @@ class Writer {
     if (op == Op::Add) a = "(" + a + "+" + b + ")";
     if (op == Op::Subtract) a = "(" + a + "-" + b + ")";
     if (op == Op::Multiply) a = a + "*" + b;
-    if (op == Op::Divide) a = "IF(" + b + "=0,0," + a + "/" + b + ")";
+    if (op == Op::Divide) a = divided(a, b);
+  }
+
+  static std::string divided(const std::string& a, const std::string& b) {
+    const bool neverZero = text::isNumeric(b) && text::readNumber(b) != 0;
+    if (neverZero) return a + "/" + b;
+    const bool isProduct = b.find_first_of("*/") != std::string::npos;
+    return "IF(" + b + "=0,0," + a + "/" + (isProduct ? "(" + b + ")" : b) + ")";
   }
 
   static std::string unary(const Piece& piece, const std::string& x) {

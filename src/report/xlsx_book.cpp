@@ -2,8 +2,7 @@
 
 #include <utility>
 
-#include "report/check.h"
-#include "text/number.h"
+#include "text/error.h"
 
 namespace report {
 namespace {
@@ -11,6 +10,13 @@ namespace {
 [[noreturn]] void refuse(lxw_error error) {
   throw text::RuntimeError(text::ErrorCode::PathNotFound,
                            std::string("Excel ファイルに書き込めません。(") + lxw_strerror(error) + ")");
+}
+
+/// The number format that shows these decimals.
+std::string numberFormat(Decimals decimals) {
+  std::string format = "0";
+  if (decimals.count > 0) format += "." + std::string(static_cast<std::size_t>(decimals.count), '0');
+  return decimals.exponent ? format + "E+00" : format;
 }
 
 }  // namespace
@@ -38,7 +44,7 @@ lxw_format* XlsxBook::look(const CellLook& look) {
   if (made != nullptr) return made;
   made = workbook_add_format(book_);
   format_set_border(made, LXW_BORDER_HAIR);
-  if (!look.numbers.empty()) format_set_num_format(made, look.numbers.c_str());
+  if (look.numbers) format_set_num_format(made, numberFormat(*look.numbers).c_str());
   if (look.ruleBelow) format_set_bottom(made, LXW_BORDER_MEDIUM);
   if (look.heading) {
     format_set_bold(made);
@@ -65,14 +71,6 @@ void XlsxBook::describe(const std::string& title) {
 }
 
 void XlsxBook::finish() { require(workbook_close(std::exchange(book_, nullptr))); }
-
-std::string numberFormat(std::string_view cell) {
-  if (!text::isNumeric(cell)) return {};
-  const Decimals decimals = decimalsOf(cell);
-  std::string format = "0";
-  if (decimals.count > 0) format += "." + std::string(static_cast<std::size_t>(decimals.count), '0');
-  return decimals.exponent ? format + "E+00" : format;
-}
 
 int rowsAboveHeadings(const Document& document) {
   std::size_t fields = document.fields.size();

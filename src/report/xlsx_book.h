@@ -3,9 +3,10 @@
 #include <xlsxwriter.h>
 
 #include <map>
+#include <optional>
 #include <string>
-#include <string_view>
 
+#include "report/check.h"
 #include "report/document.h"
 #include "report/progress.h"
 
@@ -13,7 +14,7 @@ namespace report {
 
 /// How a cell of a spreadsheet looks.
 struct CellLook {
-  std::string numbers;  ///< number format; "" for texts
+  std::optional<Decimals> numbers;  ///< what a number shows; nothing for texts
   bool heading = false;
   bool ruleBelow = false;
 
@@ -43,9 +44,6 @@ class XlsxBook {
   std::map<CellLook, lxw_format*> looks_;
   lxw_format* title_ = nullptr;
 };
-
-/// The number format that shows a cell's decimals; "" for a cell that holds no number.
-std::string numberFormat(std::string_view cell);
 
 /// Raises RuntimeError where the library could not write a cell.
 void require(lxw_error error);

@@ -3,6 +3,7 @@
 #include "report/check.h"
 #include "report/xlsx_book.h"
 #include "text/decimal.h"
+#include "text/number.h"
 
 namespace report {
 namespace {
@@ -104,8 +105,10 @@ class CheckSheet {
     const std::string& words =
         tables_[static_cast<std::size_t>(shown.sheet)].rows[static_cast<std::size_t>(shown.row)].cell(
             static_cast<std::size_t>(shown.col));
-    formula(row, col + 1, differenceText(given(shown), cellName(row, col), value.reckoned, decimalsOf(words)),
-            value.difference, book_.look({numberFormat(words), false, false}));
+    const Decimals decimals = decimalsOf(words);
+    formula(row, col + 1, differenceText(given(shown), cellName(row, col), value.reckoned, decimals),
+            value.difference,
+            book_.look({text::isNumeric(words) ? std::optional(decimals) : std::nullopt, false, false}));
     largest_ = std::max(largest_, std::abs(value.difference));
     last_ = std::max(last_, row);
   }

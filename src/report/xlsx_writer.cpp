@@ -73,7 +73,8 @@ class TableSheet {
     const auto row = static_cast<lxw_row_t>(line);
     const auto col = static_cast<lxw_col_t>(column);
     const bool isNumber = table_.columns[column].side == Side::Point && text::isNumeric(words);
-    lxw_format* const look = book_.look({isNumber ? numberFormat(words) : "", false, ruleBelow});
+    lxw_format* const look =
+        book_.look({isNumber ? std::optional(decimalsOf(words)) : std::nullopt, false, ruleBelow});
     if (words.empty())
       require(worksheet_write_blank(sheet_, row, col, look));
     else if (isNumber)

@@ -66,7 +66,9 @@ TEST(Formula, ReadsDatesAndLatitudes) {
 
 TEST(Formula, IsWrittenAsSpreadsheetsReadIt) {
   EXPECT_EQ(words((high + low) * 2), "(N(S!A1)+N(S!A2))*2");
-  EXPECT_EQ(words(high - low / 1000), "(N(S!A1)-IF(1000=0,0,N(S!A2)/1000))");
+  EXPECT_EQ(words(high - low / 1000), "(N(S!A1)-N(S!A2)/1000)");
+  EXPECT_EQ(words(high / low), "IF(N(S!A2)=0,0,N(S!A1)/N(S!A2))");
+  EXPECT_EQ(words(high / (low / 2)), "IF(N(S!A2)/2=0,0,N(S!A1)/(N(S!A2)/2))");
   EXPECT_EQ(words(Formula::reckoned({0, 4, 0}).rounded(4)), "ROUND(ROUND(B5,13),4)");
   EXPECT_EQ(words(Formula::sum({0, 0, 0}, 2)), "SUM(S!A1:A3)");
   EXPECT_EQ(words(Formula::sumWhere(1, {0, 0, 0}, 2)), "SUMIF(S!A1:A3,\"<>\",S!A1:A3)");
