@@ -21,7 +21,7 @@ packages_windows=(libxlsxwriter-dev g++-mingw-w64-x86-64-posix mingw-w64-x86-64-
 
 # Running it here and looking at it.
 packages_wine=(wine64 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
-  fonts-wine fonts-ipafont-gothic xvfb xdotool xclip x11-utils imagemagick unzip libodbc2 libsqliteodbc)
+  fonts-wine fonts-ipafont-gothic xvfb xdotool xclip x11-utils imagemagick unzip poppler-utils libodbc2 libsqliteodbc)
 
 # The sanitizer, fuzz and format runs.
 packages_ci=(clang libclang-rt-14-dev clang-format)

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 
 #include "platform/files.h"
 #include "qt/page_writer.h"
@@ -43,6 +45,27 @@ class FullMedium {
   void (*before_)(int);
 };
 
+/// A folder that nobody may write to, not even the administrator, who gives up his rights meanwhile.
+class ReadOnlyFolder {
+ public:
+  explicit ReadOnlyFolder(std::filesystem::path folder) : folder_(std::move(folder)) {
+    std::filesystem::permissions(folder_, readable);
+    if (administrator_ && seteuid(nobody) != 0) throw std::runtime_error("cannot give up rights");
+  }
+  ~ReadOnlyFolder() {
+    if (administrator_ && seteuid(0) != 0) std::abort();
+    std::filesystem::permissions(folder_, readable | std::filesystem::perms::owner_write);
+  }
+  ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+  ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+ private:
+  static constexpr uid_t nobody = 65534;
+  static constexpr std::filesystem::perms readable{0555};
+  std::filesystem::path folder_;
+  bool administrator_ = geteuid() == 0;
+};
+
 class Obstacle : public testing::TestWithParam<const char*> {
  protected:
   Obstacle() { platform::writeFile(path_, "old"); }
@@ -50,6 +73,16 @@ class Obstacle : public testing::TestWithParam<const char*> {
   void write(int rows, const report::Progress& progress = {}) const {
     report::exportDocument(documentOf(rows), path_,
                            {.pageWriter = [] { return qt::pageWriter(); }, .progress = progress});
+  }
+
+  /// What an export to `path` is refused with.
+  static std::string refusal(const std::string& path) {
+    try {
+      report::exportDocument(documentOf(3), path, {.pageWriter = [] { return qt::pageWriter(); }});
+    } catch (const text::RuntimeError& error) {
+      return error.what();
+    }
+    return "written";
   }
 
   /// The file that was there is what it was, and nothing else has been left.
@@ -74,6 +107,42 @@ TEST_P(Obstacle, AFullMediumLeavesTheOldFileAndSaysSo) {
         << error.what();
   }
   expectOld();
+}
+
+TEST_P(Obstacle, AReadOnlyFolderLeavesTheOldFileAndSaysSo) {
+  qt::pageWriter();
+  {
+    const ReadOnlyFolder folder(platform::nativePath(folder_.path()));
+    EXPECT_EQ(refusal(path_),
+              "ファイル「" + path_ +
+                  "」に書き込めません。書き込みが禁止されているか、ほかのプログラムが開いています。");
+  }
+  expectOld();
+}
+
+TEST_P(Obstacle, AFolderOfThatNameStays) {
+  const std::string path = folder_.path(std::string("簿") + GetParam());
+  platform::makeFolder(path);
+  platform::writeFile(path + "/inside", "old");
+  EXPECT_EQ(refusal(path), "ファイル「" + path + "」に書き込めません。同じ名前のフォルダーがあります。");
+  EXPECT_TRUE(platform::readFile(path + "/inside") == "old");
+  std::filesystem::remove_all(platform::nativePath(path));
+  expectOld();
+}
+
+TEST_P(Obstacle, AFileIsNoFolder) {
+  const std::string path = path_ + "/成果" + GetParam();
+  EXPECT_EQ(refusal(path), "ファイル「" + path + "」に書き込めません。フォルダーがありません。");
+  expectOld();
+}
+
+TEST_P(Obstacle, WhoHasTheOldFileOpenReadsItToItsEnd) {
+  std::ifstream reader(platform::nativePath(path_));
+  write(3);
+  std::string words;
+  reader >> words;
+  EXPECT_EQ(words, "old");
+  EXPECT_FALSE(platform::readFile(path_) == "old");
 }
 
 TEST_P(Obstacle, TheNewFileTakesThePlaceOfTheOld) {
