@@ -50,6 +50,7 @@ report::Document tables(const ui::Grid& Grid1, const ui::Grid& Grid2, const std:
 
 report::Diagram profile(const ui::Grid& Grid1, job::Grade grade) {
   route::ProfileLook look;
+  look.endCol = colEndMark;
   look.distanceCol = colDistance;
   look.distanceOnSection = true;
   look.heightCol = colHeight;

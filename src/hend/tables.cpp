@@ -34,6 +34,7 @@ report::Document tables(const ui::Grid& grid, std::string_view referenceDate, jo
 
 report::Diagram profile(const ui::Grid& grid, job::Grade grade) {
   route::ProfileLook look;
+  look.endCol = colMark;
   look.heightCol = colNewHeight;
   look.sums = true;
   look.correctionCol = colCorrection;

@@ -230,10 +230,8 @@ class Plot {
       run.clear();
     };
     for (std::size_t i = 0; i < line.values.size(); ++i) {
-      if (line.values[i])
-        run.push_back({xs_[i], y(*line.values[i], line.secondAxis ? second_ : first_)});
-      else
-        end();
+      if (line.values[i]) run.push_back({xs_[i], y(*line.values[i], line.secondAxis ? second_ : first_)});
+      if (!line.values[i] || diagram_.points[i].ends) end();
     }
     end();
     for (std::size_t i = 0; i < line.values.size(); ++i)

@@ -15,9 +15,11 @@ struct DiagramPoint {
   std::string name;   ///< its number
   std::string place;  ///< its places; neighbours with the same one share it
   int row = -1;       ///< grid row, −1 for none
+  bool ends = false;  ///< a route ends here: no line leads from it to the next one
 };
 
-/// A broken line of values, one for each point; a value that is missing leaves a gap.
+/// A broken line of values, one for each point; a value that is missing leaves a gap, as does the way from
+/// one route to the next.
 struct DiagramLine {
   std::string name;  ///< in the legend
   std::vector<std::optional<double>> values;

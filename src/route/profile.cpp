@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "route/selection.h"
 #include "text/number.h"
 #include "text/padding.h"
 
@@ -30,9 +31,10 @@ report::Diagram profileOf(const ui::Grid& grid, const ProfileLook& look) {
   for (int row = grid.fixedRows(); row < grid.rows(); ++row) {
     if (grid.text(row, look.benchMarkCol).empty()) continue;
     const int section = isSection(grid, row + 1, look.benchMarkCol) ? row + 1 : grid.rows();
-    diagram.points.push_back({0, grid.text(row, look.benchMarkCol), "", row});
+    const bool ends = look.endCol >= 0 && grid.text(row, look.endCol) == routeEnd;
+    diagram.points.push_back({0, grid.text(row, look.benchMarkCol), "", row, ends});
     heights.push_back(look.sums ? std::optional(sum) : number(grid, row, look.heightCol));
-    if (look.sums) sum += number(grid, section, look.heightCol).value_or(0);
+    if (look.sums) sum = ends ? 0 : sum + number(grid, section, look.heightCol).value_or(0);
     corrections.push_back(number(grid, look.correctionOnSection ? section : row, look.correctionCol));
     if (corrections.back()) *corrections.back() *= look.correctionFactor;
     sections.push_back(look.distanceCol < 0

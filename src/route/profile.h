@@ -13,6 +13,7 @@ struct ProfileLook {
   int benchMarkCol = 0;
   int distanceCol = -1;            ///< −1 where the grid has no distances (km)
   bool distanceOnSection = false;  ///< distances stand on section rows, else on bench-mark rows
+  int endCol = -1;                 ///< route flags of bench marks; −1 where the grid holds one route
   int heightCol = 0;               ///< heights (m) of bench marks; with `sums`, differences of sections (m)
   bool sums = false;               ///< heights are sums of differences, from 0 at the first bench mark
   int correctionCol = 0;
@@ -24,8 +25,9 @@ struct ProfileLook {
   int decimals = 3;  ///< of a height
 };
 
-/// The height profile of the route in a grid: heights on the left scale, corrections on the right one, a
-/// correction of a section at the bench mark where it begins.
+/// The height profile of the routes in a grid, one behind the other: heights on the left scale, corrections
+/// on the right one, a correction of a section at the bench mark where it begins. Sums begin anew with each
+/// route.
 report::Diagram profileOf(const ui::Grid& grid, const ProfileLook& look);
 
 }  // namespace route

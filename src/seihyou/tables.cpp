@@ -25,6 +25,7 @@ report::Document tables(const ui::Grid& grid, job::Grade grade, const std::strin
 
 report::Diagram profile(const ui::Grid& grid, job::Grade grade) {
   route::ProfileLook look;
+  look.endCol = colFlag;
   look.heightCol = colResult;
   look.correctionCol = colCorrection;
   look.correctionOnSection = true;

@@ -53,6 +53,7 @@ report::Document tables(const ui::Grid& grid, const TableInput& input) {
 
 report::Diagram profile(const ui::Grid& grid, job::Grade grade) {
   route::ProfileLook look;
+  look.endCol = colFlag;
   look.distanceCol = colDistance;
   look.heightCol = colHeight;
   look.correctionCol = colCorrection;

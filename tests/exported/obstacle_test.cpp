@@ -115,7 +115,7 @@ TEST_P(Obstacle, AReadOnlyFolderLeavesTheOldFileAndSaysSo) {
     const ReadOnlyFolder folder(platform::nativePath(folder_.path()));
     EXPECT_EQ(refusal(path_),
               "ファイル「" + path_ +
-                  "」に書き込めません。書き込みが禁止されているか、ほかのプログラムが開いています。");
+                  "」に書き込めません。書き込む権限がありません。");
   }
   expectOld();
 }

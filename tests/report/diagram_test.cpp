@@ -94,6 +94,16 @@ TEST(Draw, LeavesAGapWhereAValueIsMissing) {
   EXPECT_EQ(runs[1].points.size(), 2U);
 }
 
+TEST(Draw, LeavesAGapBetweenRoutes) {
+  Diagram family = five();
+  family.lines[0].values[2] = 1.0;
+  family.points[1].ends = true;
+  const auto runs = runsOf(draw(family, fixedPitch));
+  ASSERT_EQ(runs.size(), 2U);
+  EXPECT_EQ(runs[0].points.size(), 2U);
+  EXPECT_EQ(runs[1].points.size(), 3U);
+}
+
 TEST(Draw, KeepsMarksOffTheFrame) {
   // −5 to 10 in steps of 2 is −6 to 10. The mark at 10 would stand on the frame, so the scale goes on to 12;
   // that at −5 is 1 above it, more than 4 percent of 16.
