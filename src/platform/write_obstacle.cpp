@@ -75,8 +75,10 @@ WriteObstacle writeObstacle(std::string_view path, std::uintmax_t bytes) {
   const std::filesystem::path folder = folderOf(native);
   if (!std::filesystem::is_directory(folder, error)) return WriteObstacle::NoFolder;
   if (isFolder(path)) return WriteObstacle::IsFolder;
+  const WriteObstacle refused = refusal(native, folder);
+  if (refused != WriteObstacle::Failed) return refused;  // a medium that is only read has no room either
   const std::filesystem::space_info room = std::filesystem::space(folder, error);
-  return !error && room.available < bytes ? WriteObstacle::Full : refusal(native, folder);
+  return !error && room.available < bytes ? WriteObstacle::Full : WriteObstacle::Failed;
 }
 
 std::string wordsFor(WriteObstacle obstacle) {

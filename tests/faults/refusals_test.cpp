@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -13,6 +14,7 @@
 
 #include "failing_files.h"
 #include "intake/command.h"
+#include "platform/write_obstacle.h"
 #include "screen_work.h"
 #include "support/other_program.h"
 #include "support/recording_desktop.h"
@@ -117,6 +119,8 @@ TEST_F(Refusals, AFolderThatIsNotOursIsTold) {
     EXPECT_EQ(one.substr(0, one.find('\n')),
               "データベース「" + file + "」を作れません。書き込む権限がありません。");
   const std::string csv = job_.folder().path("出.csv");
+  EXPECT_EQ(platform::writeObstacle(csv, UINTMAX_MAX), platform::WriteObstacle::Denied)
+      << "where nobody may write it does not matter how much room there is";
   EXPECT_EQ(said({"export-csv", path(), "JobData", csv}),
             "CSV ファイル「" + csv + "」に書き込めません。書き込む権限がありません。\n");
 }

@@ -1,11 +1,12 @@
 #include "platform/files.h"
-#include "platform/write_obstacle.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <set>
 #include <string>
 
+#include "platform/write_obstacle.h"
 #include "support/temporary_folder.h"
 #include "text/error.h"
 
@@ -228,6 +229,16 @@ TEST(Standing, TellsWhatIsAtAPath) {
   EXPECT_EQ(platform::standingAt(folder.path("ない")), Standing::Nothing);
   EXPECT_EQ(platform::standingAt(folder.path()), Standing::Folder);
   EXPECT_EQ(platform::standingAt(folder.write("a.csv", "")), Standing::File);
+}
+
+TEST(WriteObstacle, HasWordsOfItsOwn) {
+  using platform::WriteObstacle;
+  std::set<std::string> words;
+  for (const auto obstacle :
+       {WriteObstacle::NoFolder, WriteObstacle::IsFolder, WriteObstacle::Full, WriteObstacle::ReadOnly,
+        WriteObstacle::Denied, WriteObstacle::InUse, WriteObstacle::Failed})
+    words.insert(platform::wordsFor(obstacle));
+  EXPECT_EQ(words.size(), 7U);
 }
 
 TEST(WriteObstacle, SaysWhatStandsInTheWay) {
