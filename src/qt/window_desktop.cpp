@@ -16,8 +16,10 @@
 namespace qt {
 namespace {
 
-constexpr double shareOfDisplay = 0.65;  // how much of the display a window may take at first
-constexpr double largestWork = 1.8;      // times the design size
+constexpr double shareOfDisplay = 0.65;       // how much of the display a window may take at first
+constexpr double shareOfSmallDisplay = 0.85;  // the same of one that is less than this wide, in pixels
+constexpr int smallDisplay = 1100;
+constexpr double largestWork = 1.8;  // times the design size
 constexpr double largestMenu = 1.2;
 constexpr const char* foldedKey = "findings.folded";
 
@@ -229,8 +231,9 @@ void WindowDesktop::open(ScreenWindow& window) {
 
 QSize WindowDesktop::comfortable(const ScreenWindow& window, const QSize& room) const {
   const QSize design = toPixels(window.screen()->width(), window.screen()->height());
-  const double across = room.width() * shareOfDisplay / design.width();
-  const double down = room.height() * shareOfDisplay / design.height();
+  const double share = room.width() < smallDisplay ? shareOfSmallDisplay : shareOfDisplay;
+  const double across = room.width() * share / design.width();
+  const double down = room.height() * share / design.height();
   const double largest = window.hasGrid() ? largestWork : largestMenu;
   return design * std::clamp(std::min(across, down), 1.0, largest);
 }

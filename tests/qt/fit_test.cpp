@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFrame>
+#include <QImage>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTabWidget>
@@ -11,6 +13,7 @@
 #include "platform/settings.h"
 #include "qt/fixed_columns.h"
 #include "qt/forms.h"
+#include "qt/house_style.h"
 #include "qt/seen.h"
 #include "qt/window_desktop.h"
 #include "shell/calculations.h"
@@ -47,6 +50,32 @@ class Fit : public testing::Test {
       settle();
       SCOPED_TRACE("page " + std::to_string(page));
       test::expectThatAllIsSeen(window);
+    }
+  }
+
+  /// The colour of a frame lies within a pixel of each edge, half way along it.
+  static void expectWholeFrames(const QImage& picture, const QWidget& window) {
+    const QPalette palette = QApplication::palette();
+    const auto isFrame = [&](QPointF at) {
+      const QPointF exact = at * picture.devicePixelRatio();
+      const QPoint pixel(static_cast<int>(exact.x()), static_cast<int>(exact.y()));
+      if (!picture.rect().contains(pixel)) return false;
+      const QRgb colour = picture.pixelColor(pixel).rgb();
+      return colour == qt::frameColour(palette).rgb() || colour == palette.color(QPalette::Highlight).rgb();
+    };
+    for (const QFrame* framed : window.findChildren<QFrame*>()) {
+      if (!framed->isVisible() || framed->frameShape() != QFrame::StyledPanel ||
+          test::seenPart(*framed, window).size() != framed->size())
+        continue;
+      const QRectF place(framed->mapTo(&window, QPoint(0, 0)), framed->size());
+      const auto edge = [&](QPointF middle, QPointF across) {
+        return isFrame(middle) || isFrame(middle + across * 0.4) || isFrame(middle - across * 0.4);
+      };
+      const QPointF centre = place.center();
+      const bool whole =
+          edge({centre.x(), place.top() + 0.5}, {0, 1}) && edge({centre.x(), place.bottom() - 0.5}, {0, 1}) &&
+          edge({place.left() + 0.5, centre.y()}, {1, 0}) && edge({place.right() - 0.5, centre.y()}, {1, 0});
+      EXPECT_TRUE(whole) << framed->objectName().toStdString();
     }
   }
 
@@ -144,6 +173,20 @@ TEST_F(Fit, AsLargeAsTheDisplay) {
     window.resize(room().size());
     settle();
     lookAtAllPages(window);
+    desktop_.hide(*screen);
+    settle();
+  }
+}
+
+/// All four edges of the frames around tables, lists and shown texts are seen, also at scales between whole
+/// ones.
+TEST_F(Fit, WithWholeFrames) {
+  for (const auto& screen : screens_) {
+    SCOPED_TRACE(screen->name());
+    desktop_.show(*screen);
+    settle();
+    const qt::ScreenWindow& window = *desktop_.windowOf(*screen);
+    expectWholeFrames(desktop_.windowOf(*screen)->grab().toImage(), window);
     desktop_.hide(*screen);
     settle();
   }
