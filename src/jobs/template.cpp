@@ -70,7 +70,7 @@ class Sheet {
   void number(std::size_t row, std::size_t col, std::string_view text) {
     report::require(worksheet_write_number(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(col),
                                            text::readNumber(text),
-                                           book_.look({.numbers = report::numberFormat(text)})));
+                                           book_.look({.numbers = report::decimalsOf(text)})));
   }
   void width(std::size_t first, std::size_t last, double letters) {
     report::require(worksheet_set_column(sheet_, static_cast<lxw_col_t>(first), static_cast<lxw_col_t>(last),
@@ -93,7 +93,7 @@ void writeRoute(report::XlsxBook& book) {
       if (fields[col].reading == intake::Reading::Number && !cell.empty())
         sheet.number(row + 1, col, cell);
       else
-        sheet.words(row + 1, col, std::string(cell), book.look({.numbers = "@"}));
+        sheet.words(row + 1, col, std::string(cell), book.look({.numbers = {}, .typedAsText = true}));
     }
   }
   sheet.width(0, width - 1, 12);

@@ -45,6 +45,7 @@ lxw_format* XlsxBook::look(const CellLook& look) {
   made = workbook_add_format(book_);
   format_set_border(made, LXW_BORDER_HAIR);
   if (look.numbers) format_set_num_format(made, numberFormat(*look.numbers).c_str());
+  if (look.typedAsText) format_set_num_format(made, "@");
   if (look.ruleBelow) format_set_bottom(made, LXW_BORDER_MEDIUM);
   if (look.heading) {
     format_set_bold(made);

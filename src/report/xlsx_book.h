@@ -17,6 +17,7 @@ struct CellLook {
   std::optional<Decimals> numbers;  ///< what a number shows; nothing for texts
   bool heading = false;
   bool ruleBelow = false;
+  bool typedAsText = false;  ///< what is typed into it stays a text, whatever it looks like
 
   auto operator<=>(const CellLook&) const = default;
 };
