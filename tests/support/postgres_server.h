@@ -76,9 +76,12 @@ class PostgresServer {
            "\nUID=" + user + "\n";
   }
 
-  /// Runs statements of the server's own SQL in the database that was made last.
-  void run(const std::string& sql) const {
-    if (wait(psql("job" + std::to_string(databases_), sql)) != 0) throw std::runtime_error("refused: " + sql);
+  /// Runs statements of the server's own SQL in the database of a data source that newDatabase has made.
+  void run(const std::string& source, const std::string& sql) const {
+    const std::string before = "DATABASE=";
+    const std::size_t name = source.find(before) + before.size();
+    if (wait(psql(source.substr(name, source.find('\n', name) - name), sql)) != 0)
+      throw std::runtime_error("refused: " + sql);
   }
 
  private:
