@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <variant>
 
 #include "platform/files.h"
 #include "platform/write_obstacle.h"
@@ -94,8 +95,12 @@ Exported exportPages(const std::vector<Drawing>& pages, const std::string& title
 }
 
 std::size_t gridRows(const Document& document) {
-  const std::vector<Table> tables = gathered(document);
-  return tables.empty() ? 0 : tables.front().rows.size();
+  std::size_t rows = 0;
+  for (const Part& part : document.parts)
+    for (const Item& item : part.items)
+      if (const auto* table = std::get_if<Table>(&item); table != nullptr && table->ofGrid())
+        rows += table->rows.size();
+  return rows;
 }
 
 }  // namespace
