@@ -13,6 +13,7 @@
 #include "daen/tables.h"
 #include "route/picture_paste.h"
 #include "text/number.h"
+#include "text/padding.h"
 #include "ui/grid_helpers.h"
 #include "ui/grid_look.h"
 
@@ -165,6 +166,19 @@ bool fDHsei::takeEntries(const ui::Findings&) {
 
 ui::Findings fDHsei::findings() const {
   return check(Grid1, Grid2, {section(), LstSanshouDaen.text()}, context_.grade());
+}
+
+/// The latitudes of a section that is not computed yet.
+int fDHsei::entriesBesideTable() const {
+  const ui::Findings open = findings();
+  const bool waits = std::any_of(open.begin(), open.end(), [](const ui::Finding& finding) {
+    return finding.mark == ui::CellMark::NotTaken && finding.row < 0;
+  });
+  if (!waits) return 0;
+  int boxes = 0;
+  for (const ui::TextBox* box : {&txtStartIdo, &txtStartFun, &txtEndIdo, &txtEndFun})
+    boxes += text::trimmed(box->text()).empty() ? 0 : 1;
+  return boxes;
 }
 
 void fDHsei::CmdDaenCal_Click() {

@@ -44,6 +44,7 @@ class fDHsei : public route::RouteScreen {
   bool openData(const route::Selection& selection) override;
   bool reopenData(const route::Selection& selection) override;
   bool saveData(const route::Selection& selection) override;
+  int entriesBesideTable() const override;
   route::SavedParts savedParts(const route::Selection& selection) const override;
   bool takeEntries(const ui::Findings& untaken) override;
   std::unique_ptr<route::SelectionScreen> another(ui::Desktop& desktop) const override;

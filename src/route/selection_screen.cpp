@@ -154,9 +154,9 @@ std::string SelectionScreen::routeName() const {
   return "路線 " + std::string(text::trimmed(lblRosenbango.text()));
 }
 
-bool SelectionScreen::mayLoseWork() {
+bool SelectionScreen::mayLoseWork(int besideTable) {
   if (!opened_.isOpen()) return true;
-  return mayLose(desktop(), routeName(), history().unsavedCells(), [this] { return save(); });
+  return mayLose(desktop(), routeName(), history().unsavedCells() + besideTable, [this] { return save(); });
 }
 
 }  // namespace route

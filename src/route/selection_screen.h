@@ -95,6 +95,8 @@ class SelectionScreen : public ui::Screen, public report::Source, public report:
   /// Takes up entries that no calculation has taken up yet, as the operator would: `untaken` are the findings
   /// that tell of them. Returns false where he has to look first, which he has been told then.
   virtual bool takeEntries(const ui::Findings&) { return true; }
+  /// How many boxes hold entries that are in no table yet and are lost when the screen is left.
+  virtual int entriesBesideTable() const { return 0; }
   /// What the opened route is called in questions: "路線 01A00101".
   std::string routeName() const;
   /// The grids as a document, without the heading of job and selection. `route`: number of the opened route.
@@ -153,8 +155,8 @@ class SelectionScreen : public ui::Screen, public report::Source, public report:
   bool save();
   bool replaceSaved();
   void watch(const Selection& selection);
-  bool mayLeave() override { return mayLoseWork(); }
-  bool mayLoseWork();
+  bool mayLeave() override { return mayLoseWork(entriesBesideTable()); }
+  bool mayLoseWork(int besideTable = 0);
 };
 
 }  // namespace route
