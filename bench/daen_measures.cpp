@@ -36,7 +36,7 @@ struct Ellipsoidal : MeasuredRoute {
     daen::FcSeiDaenCal(grid, sections, section, formats, [](const daen::SectionValues&) {});
   }
   void save() { daen::FcDHseiSave(selection, context, grid); }
-  void check() { findings = daen::check(grid, sections, {section, ""}, context.grade()).size(); }
+  void check() { findings = daen::check(grid, sections, {section, ""}, context.grade(), &memory).size(); }
 
   void takeNumbers() {
     for (int row = 1; row < grid.rows(); row += 2) {
@@ -69,6 +69,7 @@ struct Ellipsoidal : MeasuredRoute {
   const daen::Formats formats = daen::FcDaenInit(context.grade());
   ui::Grid sections{"Grid2"};
   daen::Section section;
+  route::CheckMemory memory;
   std::size_t findings = 0;        // of the last check
   std::vector<double> heights;     // m
   std::vector<double> distances;   // km, to the next bench mark

@@ -37,7 +37,7 @@ struct Variation : MeasuredRoute {
   }
   void compute() { hend::FcHendCalc(grid, referenceDate, context.grade()); }
   void save() { hend::FcHendDBSave(selection, context, grid, referenceDate); }
-  void check() { findings = hend::check(grid, referenceDate, context.grade()).size(); }
+  void check() { findings = hend::check(grid, referenceDate, context.grade(), {}, &memory).size(); }
 
   void takeNumbers() {
     const auto date = [this](int row, int col) { return text::Date::read(grid.text(row, col)); };
@@ -72,6 +72,7 @@ struct Variation : MeasuredRoute {
   }
 
   const std::string referenceDate = "2024/01/01";
+  route::CheckMemory memory;
   std::size_t findings = 0;  // of the last check
   std::vector<Epochs> sections;
   std::vector<std::string> cells;  // written by the bare pass

@@ -30,7 +30,14 @@ struct Orthometric : MeasuredRoute {
   void load() { seihyou::FcDBOpen(selection, context, grid); }
   void reopen() { seihyou::FcDBReOpen(selection, context, grid); }
   void recalculate() { seihyou::FcCalcSeihyou(grid, 1, context.grade()); }
-  void check() { findings = seihyou::checks(grid, context.grade()).size(); }
+  /// From another start height than before: every height changes.
+  void recalculateFromAnother() {
+    raised = !raised;
+    grid.setText(1, seihyou::colResult, raised ? "10.0001" : "10.0000");
+    recalculate();
+  }
+
+  void check() { findings = seihyou::checks(grid, context.grade(), {}, &memory).size(); }
   void save() { seihyou::FcDbSave(selection, context, grid); }
 
   void takeNumbers() {
@@ -55,6 +62,8 @@ struct Orthometric : MeasuredRoute {
     }
   }
 
+  route::CheckMemory memory;
+  bool raised = false;
   std::size_t findings = 0;         // of the last check
   std::vector<double> differences;  // m
   std::vector<double> corrections;  // m
@@ -80,7 +89,8 @@ std::vector<Measure> seihyouMeasures(const Job& job) {
        {},
        [route] { route->recalculate(); },
        [route] { route->addAndFormat(); }},
-      {"orthometric checks", 0.1, {}, [route] { route->check(); }, [route] { route->recalculate(); }},
+      {"orthometric checks", 0.1, [route] { route->recalculateFromAnother(); }, [route] { route->check(); },
+       [route] { route->recalculate(); }},
       {"orthometric save",
        2,
        {},

@@ -22,8 +22,6 @@ std::string_view trimmedText(const ui::Grid& grid, int row, int col) {
   return text::trimmed(grid.text(row, col));
 }
 
-double number(const ui::Grid& grid, int row, int col) { return text::readNumber(grid.text(row, col)); }
-
 /// Rounded to a tenth, half away from zero.
 double toTenths(double value) { return text::roundHalfAway(value, tenths); }
 
@@ -67,7 +65,7 @@ class Stretch {
   double meanHeight(const ui::Grid& grid) const {
     double sum = 0;
     int count = 0;
-    for (int row = start_; holds(row); row = next(row), ++count) sum += number(grid, row, colHeight);
+    for (int row = start_; holds(row); row = next(row), ++count) sum += grid.number(row, colHeight);
     return text::roundHalfUp(std::abs(sum / count), tenths);
   }
 
@@ -76,7 +74,7 @@ class Stretch {
   std::vector<double> distances(const ui::Grid& grid) const {
     std::vector<double> result;
     for (int row = start_; forward() ? row < end_ : row >= end_; row = next(row))
-      result.push_back(number(grid, segment(row), colDistance));
+      result.push_back(grid.number(segment(row), colDistance));
     return result;
   }
 
@@ -98,7 +96,7 @@ Start startOf(const ui::Grid& Grid1, int startRow, const ui::Grid& Grid2, const 
   const double taken = text::readNumber(reference);
   if (Grid2.rows() == 3) return {taken, taken};
   const int before = Grid2.rows() - 3;
-  const double base = number(Grid2, before, secAccumulated);
+  const double base = Grid2.number(before, secAccumulated);
   const bool joins =
       trimmedText(Grid2, before, secEndBenchMark) == trimmedText(Grid1, startRow, colBenchMark);
   return {joins ? base : 0, base};
@@ -107,7 +105,7 @@ Start startOf(const ui::Grid& Grid1, int startRow, const ui::Grid& Grid2, const 
 /// The corrected height takes the correction as it is shown.
 void writeResult(ui::Grid& grid, int row, double correction, const Formats& formats) {
   grid.setText(row, colCorrection, formats.correction.format(correction));
-  const double height = number(grid, row, colCorrection) / millimetres + number(grid, row, colHeight);
+  const double height = grid.number(row, colCorrection) / millimetres + grid.number(row, colHeight);
   grid.setText(row, colResult, formats.height.format(height));
 }
 

@@ -118,13 +118,14 @@ class RouteChecks {
 }  // namespace
 
 ui::Findings check(const ui::Grid& Grid1, const ui::Grid& Grid2, const CheckConditions& conditions,
-                   job::Grade grade) {
+                   job::Grade grade, route::CheckMemory* memory) {
   ui::Findings findings;
   RouteChecks(Grid1, Grid2.rows() > 2, findings).run();
   SectionChecks(Grid1, Grid2, grade, findings).run();
   EntryChecks(Grid1, Grid2, conditions, findings).run();
-  route::findTextsThatAreNoNumber(Grid1, {colDistance, colHeight, colCorrection, colResult}, findings);
-  route::findNamesTwice(Grid1, colEndMark, findings);
+  route::findTextsThatAreNoNumber(Grid1, {colDistance, colHeight, colCorrection, colResult}, findings,
+                                  memory);
+  route::findNamesTwice(Grid1, colEndMark, findings, memory);
   ui::sortFindings(findings);
   return findings;
 }

@@ -4,6 +4,7 @@
 
 #include "daen/calculation.h"
 #include "job/grade.h"
+#include "route/checks.h"
 #include "ui/finding.h"
 #include "ui/grid.h"
 
@@ -28,8 +29,8 @@ struct CheckConditions {
 /// - a family of routes of which a save keeps the first one alone.
 ///
 /// A finding about a section belongs to its start or end in the route grid. Returns the findings worst first.
-/// Raises nothing on any content of cells.
+/// Raises nothing on any content of cells. `memory`: of the same route grid, what earlier checks have kept.
 ui::Findings check(const ui::Grid& Grid1, const ui::Grid& Grid2, const CheckConditions& conditions,
-                   job::Grade grade);
+                   job::Grade grade, route::CheckMemory* memory = nullptr);
 
 }  // namespace daen

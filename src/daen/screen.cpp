@@ -165,7 +165,7 @@ bool fDHsei::takeEntries(const ui::Findings&) {
 }
 
 ui::Findings fDHsei::findings() const {
-  return check(Grid1, Grid2, {section(), LstSanshouDaen.text()}, context_.grade());
+  return check(Grid1, Grid2, {section(), LstSanshouDaen.text()}, context_.grade(), &checkMemory());
 }
 
 /// The latitudes of a section that is not computed yet.

@@ -46,9 +46,9 @@ void writeLatitudes(ui::Grid& grid, int row, const Section& section) {
 void accumulate(ui::Grid& grid, const std::string& reference) {
   double above = text::readNumber(reference);
   for (int row = 1; row < grid.rows() - 1; ++row) {
-    const double own = text::readNumber(grid.text(row, secCorrection));
+    const double own = grid.number(row, secCorrection);
     grid.setText(row, secAccumulated, tenthsOrHundredths().format(own + above));
-    above = text::readNumber(grid.text(row, secAccumulated));
+    above = grid.number(row, secAccumulated);
   }
 }
 

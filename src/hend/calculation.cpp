@@ -95,7 +95,7 @@ class Walk {
   }
 
  private:
-  double number(int row, int col) const { return text::readNumber(grid_.text(row, col)); }
+  double number(int row, int col) const { return grid_.number(row, col); }
   bool blank(int row, int col) const { return isBlank(grid_.text(row, col)); }
   void writeMetres(int row, int col, double metres) {
     grid_.setText(row, col, grade_.heights().format(metres));
@@ -219,8 +219,8 @@ void FcHendCalc(ui::Grid& grid, std::string_view referenceDate, job::Grade grade
 }
 
 void FcHendCalcResult(ui::Grid& grid, int row, job::Grade grade) {
-  const double height = text::readNumber(grid.text(row, colNewHeight));
-  const double correction = text::readNumber(grid.text(row, colCorrection));
+  const double height = grid.number(row, colNewHeight);
+  const double correction = grid.number(row, colCorrection);
   grid.setText(row, colResult, grade.heights().format(height + correction));
 }
 

@@ -24,7 +24,7 @@ bool isNameless(const ui::Grid& grid, int row) {
 }  // namespace
 
 ui::Findings check(const ui::Grid& grid, std::string_view referenceDate, job::Grade grade,
-                   const CheckBounds& bounds) {
+                   const CheckBounds& bounds, route::CheckMemory* memory) {
   ui::Findings findings;
   DateChecks(grid, referenceDate, findings).run();
   ValueChecks values(grid, grade, bounds, findings);
@@ -35,8 +35,8 @@ ui::Findings check(const ui::Grid& grid, std::string_view referenceDate, job::Gr
   route::findTextsThatAreNoNumber(grid,
                                   {colNewHeight, colOldHeight, colDifference, colDaysNewOld, colRate,
                                    colDaysReference, colCorrection, colResult},
-                                  findings);
-  route::findNamesTwice(grid, colMark, findings);
+                                  findings, memory);
+  route::findNamesTwice(grid, colMark, findings, memory);
   ui::sortFindings(findings);
   return findings;
 }

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "job/grade.h"
+#include "route/checks.h"
 #include "ui/finding.h"
 #include "ui/grid.h"
 
@@ -27,8 +28,9 @@ struct CheckBounds {
 /// - entries that no calculation has taken up, results that are not the sum of their row, corrections other
 ///   than those computed, daily changes beyond the bound, results that no save keeps.
 ///
-/// Returns the findings worst first. Raises nothing on any content of cells.
+/// Returns the findings worst first. Raises nothing on any content of cells. `memory`: of the same grid, what
+/// earlier checks have kept.
 ui::Findings check(const ui::Grid& grid, std::string_view referenceDate, job::Grade grade,
-                   const CheckBounds& bounds = {});
+                   const CheckBounds& bounds = {}, route::CheckMemory* memory = nullptr);
 
 }  // namespace hend

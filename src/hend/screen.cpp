@@ -167,8 +167,9 @@ route::SavedParts fHHsei::savedParts(const route::Selection& selection) const {
 }
 
 ui::Findings fHHsei::findings() const {
-  return source_ == Source::None ? ui::Findings()
-                                 : check(Grid1, txtKijunbi.text(), context_.grade(), {limits().rate});
+  return source_ == Source::None
+             ? ui::Findings()
+             : check(Grid1, txtKijunbi.text(), context_.grade(), {limits().rate}, &checkMemory());
 }
 
 void fHHsei::pastePicture() {

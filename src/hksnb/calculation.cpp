@@ -42,7 +42,7 @@ void setVariation(ui::Grid& Grid1, int row, const Formats& formats) {
     return;
   }
   const double q = text::readNumber(previous);
-  const double p = text::readNumber(Grid1.text(row, colPresent));
+  const double p = Grid1.number(row, colPresent);
   const std::string shown = formats.heights.format(q);
   Grid1.setText(row, colPrevious, shown);
   Grid1.setText(row, colVariation, amountFromShown(p, shown, formats));

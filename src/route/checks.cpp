@@ -29,16 +29,6 @@ std::optional<double> readable(std::string_view text) {
   }
 }
 
-/// True for the usual text of a number, a few digits with a point among them: told without reading it.
-bool isPlainNumber(std::string_view text) {
-  if (text.starts_with('-')) text.remove_prefix(1);
-  std::size_t digits = 0;
-  for (const char c : text)
-    if (c >= '0' && c <= '9') ++digits;
-  return digits > 0 && digits <= 15 &&
-         (digits == text.size() || (digits + 1 == text.size() && text.find('.') != text.npos));
-}
-
 /// The rows of bench-mark numbers already met in a route, looked up by number.
 class NamesMet {
  public:
@@ -113,6 +103,23 @@ class NamesTwice {
   bool repeated_ = false;  // the bench mark above is a repeated one
 };
 
+/// Looks through one column.
+void findTextsThatAreNoNumber(const ui::Grid& grid, int col, ui::Findings& findings) {
+  for (int row = grid.fixedRows(); row < grid.rows(); ++row) {
+    if (grid.isPlain(row, col)) continue;
+    const std::string& cell = grid.text(row, col);
+    if (text::trimmed(cell).empty()) continue;
+    const auto counts = readable(cell);
+    if (text::isNumeric(cell) && counts) continue;
+    const std::string what =
+        counts ? "は数ではありません。" + text::numberText(*counts) + " として計算されます。"
+               : "は大きすぎて計算できません。";
+    findings.push_back({ui::Severity::Error, row, col,
+                        placeName(grid, row) + "の" + cellName(grid, row, col) + what,
+                        "数だけを入力してください。"});
+  }
+}
+
 }  // namespace
 
 std::string placeName(const ui::Grid& grid, int row) {
@@ -129,29 +136,46 @@ std::string millimetres(double mm) {
   return text;
 }
 
-double numberIn(const ui::Grid& grid, int row, int col) { return readable(grid.text(row, col)).value_or(0); }
-
-void findTextsThatAreNoNumber(const ui::Grid& grid, std::initializer_list<int> columns,
-                              ui::Findings& findings) {
-  for (int row = grid.fixedRows(); row < grid.rows(); ++row)
-    for (const int col : columns) {
-      const std::string& cell = grid.text(row, col);
-      if (cell.empty() || isPlainNumber(cell) || text::trimmed(cell).empty()) continue;
-      if (text::isNumeric(cell) && readable(cell)) continue;
-      const auto counts = readable(cell);
-      const std::string what =
-          counts ? "は数ではありません。" + text::numberText(*counts) + " として計算されます。"
-                 : "は大きすぎて計算できません。";
-      findings.push_back({ui::Severity::Error, row, col,
-                          placeName(grid, row) + "の" + cellName(grid, row, col) + what,
-                          "数だけを入力してください。"});
-    }
+double numberIn(const ui::Grid& grid, int row, int col) {
+  try {
+    return grid.number(row, col);
+  } catch (const text::RuntimeError&) {
+    return 0;
+  }
 }
 
-void findNamesTwice(const ui::Grid& grid, int flagCol, ui::Findings& findings) {
-  NamesTwice names(grid, flagCol, findings);
-  for (int row = grid.fixedRows(); row < grid.rows(); ++row)
-    if (!grid.text(row, 0).empty()) names.benchMark(row);
+void CheckMemory::search(int key, const ui::Grid& grid, std::initializer_list<int> columns,
+                         ui::Findings& findings, const std::function<void(ui::Findings&)>& search) {
+  std::uint64_t version = 0;
+  for (const int col : columns) version += grid.columnVersion(col);
+  Kept& kept = kept_[key];
+  if (kept.grid != &grid || kept.version != version) {
+    kept = {};
+    search(kept.found);
+    kept.grid = &grid;
+    kept.version = version;
+  }
+  findings.insert(findings.end(), kept.found.begin(), kept.found.end());
+}
+
+void findTextsThatAreNoNumber(const ui::Grid& grid, std::initializer_list<int> columns,
+                              ui::Findings& findings, CheckMemory* memory) {
+  CheckMemory own;
+  CheckMemory& kept = memory != nullptr ? *memory : own;
+  for (const int col : columns)
+    kept.search(col, grid, {0, col}, findings,
+                [&](ui::Findings& found) { findTextsThatAreNoNumber(grid, col, found); });
+}
+
+void findNamesTwice(const ui::Grid& grid, int flagCol, ui::Findings& findings, CheckMemory* memory) {
+  constexpr int names = -1;  // no column
+  CheckMemory own;
+  CheckMemory& kept = memory != nullptr ? *memory : own;
+  kept.search(names, grid, {0, flagCol}, findings, [&](ui::Findings& found) {
+    NamesTwice search(grid, flagCol, found);
+    for (int row = grid.fixedRows(); row < grid.rows(); ++row)
+      if (!grid.text(row, 0).empty()) search.benchMark(row);
+  });
 }
 
 ui::Finding nameless(int row) {

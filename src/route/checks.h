@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -24,15 +27,36 @@ std::string millimetres(double mm);
 /// findTextsThatAreNoNumber tells). Raises nothing.
 double numberIn(const ui::Grid& grid, int row, int col);
 
+/// What the searches below have found in a grid, kept for as long as the texts that they look at stay: most
+/// acts change few columns.
+class CheckMemory {
+ public:
+  /// Runs `search` where one of these columns of the grid has changed since it was run under the same `key`
+  /// last, and adds what it found to `findings`.
+  void search(int key, const ui::Grid& grid, std::initializer_list<int> columns, ui::Findings& findings,
+              const std::function<void(ui::Findings&)>& search);
+
+ private:
+  struct Kept {
+    const ui::Grid* grid = nullptr;
+    std::uint64_t version = 0;  // of all its columns together
+    ui::Findings found;
+  };
+
+  std::map<int, Kept> kept_;
+};
+
 /// Texts in these columns that are no number and would count as what they begin with, or as 0, and numbers
 /// too large for any calculation.
+/// With a `memory` of the same grid only columns that have changed are looked at anew.
 void findTextsThatAreNoNumber(const ui::Grid& grid, std::initializer_list<int> columns,
-                              ui::Findings& findings);
+                              ui::Findings& findings, CheckMemory* memory = nullptr);
 
 /// Bench marks that come twice in one route. `flagCol` holds the route flags. A loop that ends on its first
 /// bench mark is none of them, nor is a bench mark that is observed a second time: its repeated rows ("-2"),
 /// and the row behind a repeated one on which the other run begins where the first began.
-void findNamesTwice(const ui::Grid& grid, int flagCol, ui::Findings& findings);
+/// A `memory` as above.
+void findNamesTwice(const ui::Grid& grid, int flagCol, ui::Findings& findings, CheckMemory* memory = nullptr);
 
 /// A bench mark without a number on `row`: it is never saved.
 ui::Finding nameless(int row);

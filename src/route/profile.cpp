@@ -13,7 +13,7 @@ using Values = std::vector<std::optional<double>>;
 
 std::optional<double> number(const ui::Grid& grid, int row, int col) {
   if (row >= grid.rows() || text::trimmed(grid.text(row, col)).empty()) return std::nullopt;
-  return text::readNumber(grid.text(row, col));
+  return grid.number(row, col);
 }
 
 bool isSection(const ui::Grid& grid, int row, int benchMarkCol) {

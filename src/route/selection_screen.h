@@ -8,6 +8,7 @@
 #include "report/diagram.h"
 #include "report/saved_results.h"
 #include "report/source.h"
+#include "route/checks.h"
 #include "route/limits.h"
 #include "route/opening.h"
 #include "route/result_list.h"
@@ -125,6 +126,8 @@ class SelectionScreen : public ui::Screen, public report::Source, public report:
 
   /// What the checks go by, as the operator has set it.
   Limits limits() const;
+  /// What earlier checks of Grid1 have kept.
+  CheckMemory& checkMemory() const { return checkMemory_; }
 
   const job::JobContext context_;
   const std::string menuProcedure_;  ///< under which errors of the menu items are reported
@@ -146,6 +149,8 @@ class SelectionScreen : public ui::Screen, public report::Source, public report:
   SavedWatch watch_;           ///< of what is saved of the opened route
   const std::string resultTable_;
   const int resultColumn_;
+
+  mutable CheckMemory checkMemory_;
 
   using Reader = bool (SelectionScreen::*)(const Selection&);
   void open(const SelectionSet& set, Reader read);

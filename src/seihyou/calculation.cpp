@@ -29,7 +29,7 @@ class Walk {
   }
 
  private:
-  double number(int row, int col) const { return text::readNumber(grid_.text(row, col)); }
+  double number(int row, int col) const { return grid_.number(row, col); }
 
   void write(int row, double metres) { grid_.setText(row, colResult, grade_.heights().format(metres)); }
 

@@ -171,7 +171,8 @@ int checkRoute(const ui::Grid& grid, int start, job::Grade grade, const CheckLim
 
 }  // namespace
 
-ui::Findings checks(const ui::Grid& grid, job::Grade grade, const CheckLimits& limits) {
+ui::Findings checks(const ui::Grid& grid, job::Grade grade, const CheckLimits& limits,
+                    route::CheckMemory* memory) {
   ui::Findings findings;
   try {
     for (int start = grid.fixedRows(); start < grid.rows();)
@@ -179,8 +180,8 @@ ui::Findings checks(const ui::Grid& grid, job::Grade grade, const CheckLimits& l
   } catch (const text::RuntimeError&) {
     // A number beyond any calculation, which findTextsThatAreNoNumber tells.
   }
-  route::findTextsThatAreNoNumber(grid, {colCorrection, colResult}, findings);
-  route::findNamesTwice(grid, colFlag, findings);
+  route::findTextsThatAreNoNumber(grid, {colCorrection, colResult}, findings, memory);
+  route::findNamesTwice(grid, colFlag, findings, memory);
   ui::sortFindings(findings);
   return findings;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "job/grade.h"
+#include "route/checks.h"
 #include "route/finding.h"
 #include "route/tolerance.h"
 #include "ui/grid.h"
@@ -29,6 +30,8 @@ struct CheckLimits {
 /// - corrections beyond the limit.
 ///
 /// Raises nothing for any text in the grid.
-ui::Findings checks(const ui::Grid& grid, job::Grade grade, const CheckLimits& limits = {});
+/// `memory`: of the same grid, what earlier checks have kept.
+ui::Findings checks(const ui::Grid& grid, job::Grade grade, const CheckLimits& limits = {},
+                    route::CheckMemory* memory = nullptr);
 
 }  // namespace seihyou

@@ -89,7 +89,8 @@ bool fSHsei::takeEntries(const ui::Findings& untaken) {
 
 ui::Findings fSHsei::findings() const {
   const route::Limits set = limits();
-  return checks(Grid1, context_.grade(), {set.correction, set.sectionKilometres, set.tolerances});
+  return checks(Grid1, context_.grade(), {set.correction, set.sectionKilometres, set.tolerances},
+                &checkMemory());
 }
 
 ui::CellUse fSHsei::cellUse(int row, int col) const {

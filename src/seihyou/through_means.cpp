@@ -34,7 +34,7 @@ class MeanWalk {
   }
 
  private:
-  double number(int row, int col) const { return text::readNumber(grid_.text(row, col)); }
+  double number(int row, int col) const { return grid_.number(row, col); }
 
   double heightAt(int row, double shown) const {
     if (row == start_) return shown;

@@ -9,11 +9,6 @@
 #include "text/number.h"
 
 namespace tanrosen {
-namespace {
-
-double number(const ui::Grid& grid, int row, int col) { return text::readNumber(grid.text(row, col)); }
-
-}  // namespace
 
 void FcCalcTanrosen(ui::Grid& grid, const std::vector<std::string>& knownPoints, job::Grade grade,
                     std::string_view dataKubun) {
@@ -22,12 +17,12 @@ void FcCalcTanrosen(ui::Grid& grid, const std::vector<std::string>& knownPoints,
 }
 
 void writeCorrectedHeight(ui::Grid& grid, int row, double units, job::Grade grade) {
-  const double height = correctedHeight(number(grid, row, colHeight), units, grade);
+  const double height = correctedHeight(grid.number(row, colHeight), units, grade);
   grid.setText(row, colResult, grade.heights().format(height));
 }
 
 void heightFromCorrection(ui::Grid& grid, int row, job::Grade grade) {
-  writeCorrectedHeight(grid, row, number(grid, row, colCorrection), grade);
+  writeCorrectedHeight(grid, row, grid.number(row, colCorrection), grade);
 }
 
 bool isCorrectionCell(const ui::Grid& grid, int row, int col) {

@@ -229,11 +229,12 @@ void checkLines(const ui::Grid& grid, const std::vector<LevellingLine>& lines, j
 }  // namespace
 
 ui::Findings checks(const ui::Grid& grid, const std::vector<std::string>& knownPoints, job::Grade grade,
-                    std::string_view dataKubun, const route::Tolerances& tolerances) {
+                    std::string_view dataKubun, const route::Tolerances& tolerances,
+                    route::CheckMemory* memory) {
   ui::Findings findings;
   const Points points = pointsOf(dataKubun);
-  route::findTextsThatAreNoNumber(grid, {colDistance, colCorrection, colResult}, findings);
-  route::findNamesTwice(grid, colFlag, findings);
+  route::findTextsThatAreNoNumber(grid, {colDistance, colCorrection, colResult}, findings, memory);
+  route::findNamesTwice(grid, colFlag, findings, memory);
   const bool sound = findListFaults(grid, knownPoints, points, findings);
   try {
     checkLines(grid, levellingLines(grid, knownPoints, grade, points), grade, points, sound,

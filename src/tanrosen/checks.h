@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "job/grade.h"
+#include "route/checks.h"
 #include "route/finding.h"
 #include "route/tolerance.h"
 #include "ui/grid.h"
@@ -29,8 +30,9 @@ namespace tanrosen {
 /// - sections without a difference, bench marks without a number or named twice.
 ///
 /// `knownPoints`: bench-mark numbers in the order of the list; `dataKubun`: code of the data category. Raises
-/// nothing for any text in the grid.
+/// nothing for any text in the grid. `memory`: of the same grid, what earlier checks have kept.
 ui::Findings checks(const ui::Grid& grid, const std::vector<std::string>& knownPoints, job::Grade grade,
-                    std::string_view dataKubun, const route::Tolerances& tolerances = {});
+                    std::string_view dataKubun, const route::Tolerances& tolerances = {},
+                    route::CheckMemory* memory = nullptr);
 
 }  // namespace tanrosen

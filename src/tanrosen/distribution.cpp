@@ -8,11 +8,6 @@
 #include "text/number.h"
 
 namespace tanrosen {
-namespace {
-
-double number(const ui::Grid& grid, int row, int col) { return text::readNumber(grid.text(row, col)); }
-
-}  // namespace
 
 Distribution::Distribution(ui::Grid& grid, job::Grade grade, Points points,
                            const std::vector<std::string>& knownPoints)
@@ -49,8 +44,7 @@ int Distribution::walkTo(const std::string& name) {
 
 /// Closes the segment at the known point on `known` and begins the next one.
 void Distribution::close(int known) {
-  const double closure =
-      closureError(number(grid_, known, colResult), number(grid_, known, colHeight), grade_);
+  const double closure = closureError(grid_.number(known, colResult), grid_.number(known, colHeight), grade_);
   if (known > 1) distribute(known, closure - closure_);
   closure_ = closure;
   grid_.setText(known, colCorrection, text::numberText(wholeUnits(closure, grade_)));

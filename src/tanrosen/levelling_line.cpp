@@ -13,8 +13,6 @@
 namespace tanrosen {
 namespace {
 
-double number(const ui::Grid& grid, int row, int col) { return text::readNumber(grid.text(row, col)); }
-
 /// Reads the lines of a grid from its top.
 class LineReader {
  public:
@@ -51,7 +49,7 @@ class LineReader {
     LinePoint point;
     point.row = row;
     point.distance = sectionDistance(grid_, row, points_);
-    point.observed = number(grid_, row, colHeight);
+    point.observed = grid_.number(row, colHeight);
     point.fixed = !grid_.text(row, colResult).empty() && known_.contains(grid_.text(row, colBenchMark));
     if (point.fixed) close(point);
     return point;
@@ -60,7 +58,7 @@ class LineReader {
   /// The distribution of changes leaves another height than the known one at a third known point, observed
   /// height + change, but its whole closure error beside it: that tells the known height.
   void close(LinePoint& point) {
-    point.closure = closureError(number(grid_, point.row, colResult), point.observed, grade_);
+    point.closure = closureError(grid_.number(point.row, colResult), point.observed, grade_);
     const std::string& shown = grid_.text(point.row, colCorrection);
     if (shown.empty()) {
       closureShown_.reset();

@@ -151,7 +151,8 @@ bool fTHsei::takeEntries(const ui::Findings& untaken) {
 }
 
 ui::Findings fTHsei::findings() const {
-  return checks(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun, limits().tolerances);
+  return checks(Grid1, lstKiti.items(), context_.grade(), opened_.selection().dataKubun, limits().tolerances,
+                &checkMemory());
 }
 
 ui::CellUse fTHsei::cellUse(int row, int col) const {

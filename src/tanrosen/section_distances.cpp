@@ -20,7 +20,7 @@ bool startsForwardRun(const ui::Grid& grid, int row) {
 }
 
 double sectionDistance(const ui::Grid& grid, int row, Points points) {
-  const double held = text::readNumber(grid.text(row, colDistance));
+  const double held = grid.number(row, colDistance);
   return points == Points::Every && startsForwardRun(grid, row) ? 0 : held;
 }
 

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
-#include <optional>
 
 #include "text/decimal.h"
 #include "text/error.h"
@@ -78,10 +77,11 @@ double convert(std::string_view text) {
   return number;
 }
 
-/// The number that a plain decimal of at most 15 digits stands for, such as "-12.3456"; nothing for any other
-/// text. Its digits as a whole number and the power of ten below them are exact in a double, so their
-/// quotient is the double nearest to it. Most cells hold such a number.
-std::optional<double> plainDecimal(std::string_view text) {
+}  // namespace
+
+/// Its digits as a whole number and the power of ten below them are exact in a double, so their quotient is
+/// the double nearest to it. Most cells hold such a number.
+std::optional<double> plainNumber(std::string_view text) {
   constexpr std::array<double, 16> powers = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                              1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   const bool negative = !text.empty() && text.front() == '-';
@@ -103,11 +103,9 @@ std::optional<double> plainDecimal(std::string_view text) {
   return negative ? -number : number;
 }
 
-}  // namespace
-
 double readNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  if (const auto number = plainDecimal(text)) return *number;
+  if (const auto number = plainNumber(text)) return *number;
   const std::size_t length = numericPrefix(text);
   return length == 0 ? 0.0 : convert(text.substr(0, length));
 }

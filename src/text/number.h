@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,10 @@ namespace text {
 /// digits, decimal point, digits, exponent (taken only where digits follow it) counts. No such prefix: 0.
 /// "1,234" is 1, "-.5" is −0.5. Raises Overflow where the number is outside the range of double.
 double readNumber(std::string_view text);
+
+/// The number of a plain decimal: an optional "-", at most 15 digits and perhaps a point among them or at an
+/// end, and nothing else. Nothing for any other text. readNumber gives the same for it.
+std::optional<double> plainNumber(std::string_view text);
 
 /// The decimal text of a number: at most 15 significant digits, shortest form, no trailing zeros, exponent as
 /// "1E-05". Raises Overflow for a number that is not finite.

@@ -2,17 +2,26 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "text/error.h"
 #include "text/number.h"
 
 namespace ui {
+namespace {
+
+constexpr double unknown = std::numeric_limits<double>::quiet_NaN();  // a number that was not read
+
+}  // namespace
+
 void raiseSubscript() { throw text::RuntimeError(text::ErrorCode::Subscript); }
 
 Grid::Grid(std::string name, Screen* screen)
     : Control(Kind::Grid, std::move(name), screen),
       columns_(static_cast<std::size_t>(cols_), std::vector<std::string>(static_cast<std::size_t>(rows_))),
+      numbers_(columns_.size()),
+      changes_(columns_.size()),
       looks_(static_cast<std::size_t>(cols_)) {
   if (history() != nullptr) history()->add(*this);
 }
@@ -40,10 +49,13 @@ void Grid::setRows(int rows) {
 
 /// Takes the memory for further rows in every column, by halves again as it grows: what follows cannot fail.
 void Grid::makeRoom(std::size_t count) {
-  for (std::vector<std::string>& column : columns_) {
+  const auto extend = [count](auto& column) {
     const std::size_t needed = column.size() + count;
     if (column.capacity() < needed) column.reserve(std::max(needed, column.size() + column.size() / 2));
-  }
+  };
+  for (std::vector<std::string>& column : columns_) extend(column);
+  for (std::vector<double>& known : numbers_)
+    if (!known.empty()) extend(known);
 }
 
 /// The cells of `count` rows from row `at` on, row by row.
@@ -68,7 +80,10 @@ void Grid::insertRows(int at, int count, const std::vector<std::string>& cells) 
     for (int row = 0; row < count; ++row)
       place[row] = std::move(added[static_cast<std::size_t>(row) * columns_.size() + col]);
   }
+  for (std::vector<double>& known : numbers_)
+    if (!known.empty()) known.insert(known.begin() + at, static_cast<std::size_t>(count), unknown);
   rows_ += count;
+  ++reshaped_;
   clampCurrent();
   if (recording()) history()->rowsAdded(*this, at, count);
   notify();
@@ -79,7 +94,10 @@ void Grid::eraseRows(int at, int count) {
   if (recording()) history()->rowsRemoved(*this, at, count, cellsOf(at, count));
   for (std::vector<std::string>& column : columns_)
     column.erase(column.begin() + at, column.begin() + at + count);
+  for (std::vector<double>& known : numbers_)
+    if (!known.empty()) known.erase(known.begin() + at, known.begin() + at + count);
   rows_ -= count;
+  ++reshaped_;
   clampCurrent();
   notify();
 }
@@ -90,6 +108,9 @@ void Grid::setCols(int cols) {
   if (cols == cols_) return;
   if (history() != nullptr) history()->restart();
   columns_.resize(static_cast<std::size_t>(cols), std::vector<std::string>(static_cast<std::size_t>(rows_)));
+  numbers_.resize(columns_.size());
+  changes_.resize(columns_.size());
+  ++reshaped_;
   looks_.resize(static_cast<std::size_t>(cols));
   cols_ = cols;
   clampCurrent();
@@ -128,6 +149,7 @@ void Grid::setText(int row, int col, std::string_view text) {
   } else {
     held = text;
   }
+  textChanged(row, col);
   if (gridObserver_ != nullptr) gridObserver_->cellChanged(row, col);
 }
 
@@ -138,8 +160,37 @@ void Grid::clearText() {
       if (held.empty()) continue;
       if (recording()) history()->textChanged(*this, row, col, held, {});
       held.clear();
+      textChanged(row, col);
     }
   notify();
+}
+
+void Grid::textChanged(int row, int col) {
+  std::vector<double>& known = numbers_[static_cast<std::size_t>(col)];
+  if (!known.empty()) known[static_cast<std::size_t>(row)] = unknown;
+  ++changes_[static_cast<std::size_t>(col)];
+}
+
+double Grid::readNumber(int row, int col) const {
+  const std::string& held = text(row, col);
+  const std::optional<double> plain = held.empty() ? 0 : text::plainNumber(held);
+  if (!plain) return text::readNumber(held);
+  std::vector<double>& known = numbers_[static_cast<std::size_t>(col)];
+  if (known.empty()) known.assign(static_cast<std::size_t>(rows_), unknown);
+  known[static_cast<std::size_t>(row)] = *plain;
+  return *plain;
+}
+
+bool Grid::readsPlain(int row, int col) const {
+  const std::string& held = text(row, col);
+  if (!held.empty() && !text::plainNumber(held)) return false;
+  readNumber(row, col);
+  return true;
+}
+
+std::uint64_t Grid::columnVersion(int col) const {
+  needCell(0, col);
+  return changes_[static_cast<std::size_t>(col)] + reshaped_;
 }
 
 void Grid::addItem(std::string_view text) { addItem(text, rows_); }

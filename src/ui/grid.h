@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -86,6 +88,25 @@ class Grid : public Control {
     return columns_[static_cast<std::size_t>(col)][static_cast<std::size_t>(row)];
   }
   void setText(int row, int col, std::string_view text);
+  /// The number that a cell's text begins with, as text::readNumber reads it; a plain one is remembered for
+  /// as long as the text stays, so that calculations and checks may ask again at little cost. Raises Overflow
+  /// as well.
+  double number(int row, int col) const {
+    needCell(row, col);
+    const std::vector<double>& known = numbers_[static_cast<std::size_t>(col)];
+    if (!known.empty() && !std::isnan(known[static_cast<std::size_t>(row)]))
+      return known[static_cast<std::size_t>(row)];
+    return readNumber(row, col);
+  }
+  /// True where a cell is empty or holds a plain number and nothing else (text::plainNumber).
+  bool isPlain(int row, int col) const {
+    needCell(row, col);
+    const std::vector<double>& known = numbers_[static_cast<std::size_t>(col)];
+    return (!known.empty() && !std::isnan(known[static_cast<std::size_t>(row)])) || readsPlain(row, col);
+  }
+  /// Counts the changes of a column's texts and of the grid's shape: the same as before where nothing has
+  /// changed.
+  std::uint64_t columnVersion(int col) const;
   /// Empties every cell, headers too; the shape stays.
   void clearText();
 
@@ -227,6 +248,9 @@ class Grid : public Control {
     if (row < 0 || row >= rows_ || col < 0 || col >= cols_) raiseSubscript();
   }
   std::string& cell(int row, int col);
+  double readNumber(int row, int col) const;
+  bool readsPlain(int row, int col) const;
+  void textChanged(int row, int col);
   void makeRoom(std::size_t count);
   std::vector<std::string> cellsOf(int at, int count) const;
   const ColumnLook& look(int col) const;
@@ -246,6 +270,11 @@ class Grid : public Control {
   // Column by column: a calculation runs down a few of them, and what it reads next lies beside what it has
   // read.
   std::vector<std::vector<std::string>> columns_;
+  // Column by column too, the numbers read so far, each no number where its text was not read since it
+  // changed or is no plain one; empty for a column that nobody has read.
+  mutable std::vector<std::vector<double>> numbers_;
+  std::vector<std::uint64_t> changes_;  // of a column's texts
+  std::uint64_t reshaped_ = 0;          // how often rows or columns came or went
   std::vector<ColumnLook> looks_;
   std::function<CellUse(int, int)> use_;
   std::function<bool(int, int)> entry_;

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "text/error.h"
+#include "text/number.h"
 
 namespace {
 
@@ -276,6 +278,82 @@ TEST_F(GridOfFive, TellsItsObserverOfCellsAndOfItself) {
   grid.setRows(7);
   EXPECT_EQ(watcher.cells.size(), 1U);
   EXPECT_EQ(watcher.whole, 3);
+}
+
+TEST(GridNumbers, AreThoseOfTheTextsWhateverHappensToThem) {
+  ui::Grid grid("Grid1", nullptr);
+  grid.setRows(4);
+  grid.setText(1, 0, "12.5");
+  grid.setText(2, 0, "-3m");
+  EXPECT_EQ(grid.number(1, 0), 12.5);
+  EXPECT_EQ(grid.number(2, 0), -3);
+  EXPECT_EQ(grid.number(3, 0), 0);
+  grid.setText(1, 0, "13");
+  EXPECT_EQ(grid.number(1, 0), 13) << "the text is another";
+  grid.insertRows(1, 2);
+  EXPECT_EQ(grid.number(1, 0), 0);
+  EXPECT_EQ(grid.number(3, 0), 13) << "its row has moved";
+  grid.eraseRows(1, 1);
+  EXPECT_EQ(grid.number(2, 0), 13);
+  grid.setCols(3);
+  EXPECT_EQ(grid.number(2, 0), 13);
+  EXPECT_EQ(grid.number(2, 2), 0);
+  grid.clearText();
+  EXPECT_EQ(grid.number(2, 0), 0);
+  grid.setText(2, 0, "1e999");
+  EXPECT_THROW(grid.number(2, 0), text::RuntimeError);
+  EXPECT_THROW(grid.number(2, 0), text::RuntimeError) << "an overflow is not remembered";
+  EXPECT_THROW(grid.number(99, 0), text::RuntimeError);
+}
+
+// Random acts on a grid that is read now and then: it must always give what its texts give.
+TEST(GridNumbers, FollowEveryActOnTheGrid) {
+  ui::Grid grid("Grid1", nullptr);
+  std::mt19937 random(5);
+  const auto below = [&random](int limit) {
+    return static_cast<int>(random() % static_cast<unsigned>(limit));
+  };
+  const std::vector<std::string> texts = {"", "1.5", "-0.0012", "abc", " 7", "1e3", "12345678901234567"};
+  for (int act = 0; act < 3000; ++act) {
+    const int row = below(grid.rows());
+    const int col = below(grid.cols());
+    switch (below(9)) {
+      case 0:
+        if (grid.rows() < 40) grid.insertRows(row, 1 + below(3));
+        break;
+      case 1:
+        if (grid.rows() > 4) grid.eraseRows(row, 1);
+        break;
+      case 2:
+        grid.setCols(2 + below(4));
+        break;
+      case 3:
+        if (below(10) == 0) grid.clearText();
+        break;
+      default:
+        grid.setText(row, col, texts[static_cast<std::size_t>(below(static_cast<int>(texts.size())))]);
+    }
+    for (int r = below(4); r < grid.rows(); ++r)
+      for (int c = 0; c < grid.cols(); ++c) {
+        const std::string& held = grid.text(r, c);
+        ASSERT_EQ(grid.number(r, c), text::readNumber(held)) << held;
+        ASSERT_EQ(grid.isPlain(r, c), held.empty() || text::plainNumber(held).has_value()) << held;
+      }
+  }
+}
+
+TEST(GridNumbers, TellWhetherAColumnHasChanged) {
+  ui::Grid grid("Grid1", nullptr);
+  grid.setText(1, 0, "1");
+  const auto first = grid.columnVersion(0);
+  const auto second = grid.columnVersion(1);
+  grid.setText(1, 0, "1");
+  EXPECT_EQ(grid.columnVersion(0), first) << "the same text is no change";
+  grid.setText(1, 0, "2");
+  EXPECT_NE(grid.columnVersion(0), first);
+  EXPECT_EQ(grid.columnVersion(1), second);
+  grid.setRows(3);
+  EXPECT_NE(grid.columnVersion(1), second);
 }
 
 }  // namespace
