@@ -30,7 +30,7 @@ toolkit_options=(
 
 database_flags=(-O2 -DSQLITE_THREADSAFE=1 -DSQLITE_ENABLE_COLUMN_METADATA=1)
 
-spreadsheet_flags=(-O2 -DUSE_SYSTEM_MINIZIP=0)
+spreadsheet_flags=(-O2)
 
 digest() { sha256sum | cut -c 1-12; }
 
@@ -125,27 +125,22 @@ build_database() {
   cp "$work/source/debian/copyright" "$target/debian-copyright.txt"
 }
 
-# The library for spreadsheets, with the compression that it needs beside it.
+# The library for spreadsheets. The compression that it needs comes as Debian's own package for this target.
 build_spreadsheets() {
   local file cc=x86_64-w64-mingw32-gcc-posix
   local -a objects
-  source_package zlib "$work/zlib"
   source_package libxlsxwriter "$work/source"
-  mkdir -p "$target/include" "$target/lib" "$work/z" "$work/x"
-  for file in "$work"/zlib/*.c; do "$cc" -O2 -c "$file" -o "$work/z/$(basename "$file" .c).o"; done
-  objects=("$work"/z/*.o)
-  x86_64-w64-mingw32-ar rcs "$target/lib/libz.a" "${objects[@]}"
+  mkdir -p "$target/include" "$target/lib" "$work/x"
   for file in "$work"/source/src/*.c "$work"/source/third_party/minizip/{ioapi,zip,iowin32}.c \
     "$work"/source/third_party/{tmpfileplus/tmpfileplus,md5/md5}.c; do
-    "$cc" "${spreadsheet_flags[@]}" -I "$work/source/include" -I "$work/zlib" -c "$file" \
-      -o "$work/x/$(basename "$file" .c).o"
+    "$cc" "${spreadsheet_flags[@]}" -I "$work/source/include" -c "$file" -o "$work/x/$(basename "$file" .c).o"
   done
   objects=("$work"/x/*.o)
   x86_64-w64-mingw32-ar rcs "$target/lib/libxlsxwriter.a" "${objects[@]}"
+  cp /usr/x86_64-w64-mingw32/lib/libz.a "$target/lib/"
   cp -r "$work"/source/include/* "$target/include/"
-  cp "$work"/zlib/{zlib,zconf}.h "$target/include/"
   cp "$work/source/debian/copyright" "$target/xlsxwriter-copyright.txt"
-  cp "$work/zlib/debian/copyright" "$target/zlib-copyright.txt"
+  cp /usr/share/doc/libz-mingw-w64-dev/copyright "$target/zlib-copyright.txt"
 }
 
 build_test_library() {
