@@ -16,8 +16,9 @@ packages_test=(libgtest-dev zlib1g-dev poppler-utils libreoffice-calc-nogui libs
 
 # Compiling the Windows program: cross compiler, what unpacks and builds the toolkit's and the database's sources, the
 # toolkit's own tools for this machine.
-packages_windows=(libxlsxwriter-dev libz-mingw-w64-dev g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev mingw-w64-common binutils-mingw-w64-x86-64
-  qt6-base-dev-tools libgtest-dev libsqlite3-dev dpkg-dev tclsh make gcc git zip)
+packages_windows=(libxlsxwriter-dev libz-mingw-w64-dev g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev
+  mingw-w64-common binutils-mingw-w64-x86-64 qt6-base-dev-tools libgtest-dev libsqlite3-dev dpkg-dev tclsh make gcc
+  git zip)
 
 # Running it here and looking at it.
 packages_wine=(wine64 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
