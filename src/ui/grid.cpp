@@ -109,8 +109,9 @@ void Grid::setCols(int cols) {
   if (history() != nullptr) history()->restart();
   columns_.resize(static_cast<std::size_t>(cols), std::vector<std::string>(static_cast<std::size_t>(rows_)));
   numbers_.resize(columns_.size());
-  changes_.resize(columns_.size());
-  ++reshaped_;
+  // Versions go on from the highest, whichever column it was.
+  reshaped_ += 1 + *std::max_element(changes_.begin(), changes_.end());
+  changes_.assign(columns_.size(), 0);
   looks_.resize(static_cast<std::size_t>(cols));
   cols_ = cols;
   clampCurrent();

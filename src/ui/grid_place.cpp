@@ -151,6 +151,11 @@ Grid::Contents Grid::contents() const {
 }
 
 void Grid::setContents(Contents contents) {
+  std::vector<std::vector<double>> numbers(contents.columns.size());
+  std::vector<std::uint64_t> changes(contents.columns.size());
+  numbers_ = std::move(numbers);
+  reshaped_ += 1 + *std::max_element(changes_.begin(), changes_.end());
+  changes_ = std::move(changes);
   rows_ = contents.rows;
   cols_ = contents.cols;
   fixedRows_ = contents.fixedRows;

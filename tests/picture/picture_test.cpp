@@ -200,7 +200,7 @@ TEST_F(PictureOnItsWay, AFileThatIsNoPictureChangesNothing) {
 
 TEST_F(PictureOnItsWay, WhereItCannotBeWrittenItSaysWhy) {
   EXPECT_EQ(picture.write(qt::toQString(folder.path("no folder/temp.bmp"))),
-            QStringLiteral("フォルダがありません。"));
+            QStringLiteral("フォルダーがありません。"));
 }
 
 }  // namespace

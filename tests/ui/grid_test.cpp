@@ -342,6 +342,26 @@ TEST(GridNumbers, FollowEveryActOnTheGrid) {
   }
 }
 
+TEST(GridNumbers, FollowContentsThatAreBroughtBack) {
+  ui::Grid grid("Grid1", nullptr);
+  grid.setText(1, 0, "12.5");
+  EXPECT_EQ(grid.number(1, 0), 12.5);
+  const ui::Grid::Contents kept = grid.contents();
+  const auto version = grid.columnVersion(0);
+  grid.setCols(7);
+  grid.setRows(300);
+  grid.setText(1, 0, "13");
+  grid.setText(299, 6, "14");
+  EXPECT_EQ(grid.number(1, 0) + grid.number(299, 6), 27);
+  grid.setContents(kept);
+  EXPECT_EQ(grid.number(1, 0), 12.5);
+  EXPECT_GT(grid.columnVersion(0), version);
+  grid.setCols(8);
+  grid.insertRows(1, 200);
+  EXPECT_EQ(grid.number(201, 0), 12.5);
+  EXPECT_EQ(grid.number(201, 7), 0);
+}
+
 TEST(GridNumbers, TellWhetherAColumnHasChanged) {
   ui::Grid grid("Grid1", nullptr);
   grid.setText(1, 0, "1");
