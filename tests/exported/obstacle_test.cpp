@@ -113,9 +113,7 @@ TEST_P(Obstacle, AReadOnlyFolderLeavesTheOldFileAndSaysSo) {
   qt::pageWriter();
   {
     const ReadOnlyFolder folder(platform::nativePath(folder_.path()));
-    EXPECT_EQ(refusal(path_),
-              "ファイル「" + path_ +
-                  "」に書き込めません。書き込む権限がありません。");
+    EXPECT_EQ(refusal(path_), "ファイル「" + path_ + "」に書き込めません。書き込む権限がありません。");
   }
   expectOld();
 }
