@@ -79,7 +79,7 @@ fHHsei::fHHsei(const job::JobContext& context, ui::Desktop& desktop)
   CmdSettei.onClick.handle([this] { guarded("CmdSettei_Click", [this] { calculateAgain(); }); });
   on(cmdMap.onClick, "cmdMap_Click", [this] { pastePicture(); });
   history().keep<std::string>([this] { return carriedTo_; },
-                              [this](const std::string& date) { carryBackTo(date); });
+                              [this](const std::string& day) { carryBackTo(day); });
   Grid1.setCellUse([this](int, int col) { return cellUse(col); });
   Grid1.setEntry([this](int row, int col) { return isEntry(Grid1, row, col); });
   onKeys(Grid1, [this](char32_t code) { Grid1_KeyPress(code); });
@@ -156,9 +156,9 @@ void fHHsei::calculateAgain() {
 }
 
 /// A calculation that is taken back takes the date with it by which it was made.
-void fHHsei::carryBackTo(const std::string& date) {
-  carriedTo_ = date;
-  txtKijunbi.setText(date);
+void fHHsei::carryBackTo(const std::string& day) {
+  carriedTo_ = day;
+  txtKijunbi.setText(day);
 }
 
 route::SavedParts fHHsei::savedParts(const route::Selection& selection) const {
