@@ -12,6 +12,7 @@ namespace ui {
 namespace {
 
 constexpr double unknown = std::numeric_limits<double>::quiet_NaN();  // a number that was not read
+constexpr std::size_t rowsAtOnce = 64;                                // rows that are made at a time
 
 }  // namespace
 
@@ -68,20 +69,28 @@ std::vector<std::string> Grid::cellsOf(int at, int count) const {
   return cells;
 }
 
+/// Rows that are added one by one at the end, as every loading adds them, come out of blocks: below the last
+/// row all columns hold spare cells, which are empty, and all of them as many.
 void Grid::insertRows(int at, int count, const std::vector<std::string>& cells) {
   if (at < 0 || at > rows_ || count < 1) raiseSubscript();
   text::toInt16(static_cast<long long>(rows_) + count);
+  const auto more = static_cast<std::size_t>(count);
+  const bool isSpare =
+      at == rows_ && cells.empty() && columns_.front().size() >= static_cast<std::size_t>(rows_) + more;
   std::vector<std::string> added = cells;
-  makeRoom(static_cast<std::size_t>(count));
-  for (std::size_t col = 0; col < columns_.size(); ++col) {
-    const auto place =
-        columns_[col].insert(columns_[col].begin() + at, static_cast<std::size_t>(count), std::string());
+  if (!isSpare) makeRoom(std::max(more, rowsAtOnce));
+  for (std::size_t col = 0; col < columns_.size() && !isSpare; ++col) {
+    if (at == rows_ && cells.empty()) {
+      columns_[col].resize(columns_[col].size() + std::max(more, rowsAtOnce));
+      continue;
+    }
+    const auto place = columns_[col].insert(columns_[col].begin() + at, more, std::string());
     if (cells.empty()) continue;
     for (int row = 0; row < count; ++row)
       place[row] = std::move(added[static_cast<std::size_t>(row) * columns_.size() + col]);
   }
   for (std::vector<double>& known : numbers_)
-    if (!known.empty()) known.insert(known.begin() + at, static_cast<std::size_t>(count), unknown);
+    if (!known.empty()) known.insert(known.begin() + at, more, unknown);
   rows_ += count;
   ++reshaped_;
   clampCurrent();
@@ -107,7 +116,7 @@ void Grid::setCols(int cols) {
   if (cols < 1) raiseSubscript();
   if (cols == cols_) return;
   if (history() != nullptr) history()->restart();
-  columns_.resize(static_cast<std::size_t>(cols), std::vector<std::string>(static_cast<std::size_t>(rows_)));
+  columns_.resize(static_cast<std::size_t>(cols), std::vector<std::string>(columns_.front().size()));
   numbers_.resize(columns_.size());
   // Versions go on from the highest, whichever column it was.
   reshaped_ += 1 + *std::max_element(changes_.begin(), changes_.end());
