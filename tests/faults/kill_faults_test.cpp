@@ -69,6 +69,26 @@ class Kills : public testing::Test {
     test::tellCount("kills", kills_);
   }
 
+  /// Kills an import of three records into the job, whose file is a copy of `original` each time. What is
+  /// left must hold all of them or none, and take the import once more; `then` looks at what that has made.
+  void killEachImport(const std::string& original, const std::string& file,
+                      const std::function<void()>& import, const std::function<void()>& then) {
+    killEach(
+        [&] {
+          std::filesystem::remove(path() + "-journal");
+          put(original, path());
+        },
+        import,
+        [&] {
+          EXPECT_EQ(ask(path(), "PRAGMA integrity_check"), "ok");
+          const std::string count = ask(path(), "SELECT count(*) FROM KansokuSeikaData");
+          EXPECT_TRUE(count == "6" || count == "9") << count;
+          import();
+          then();
+          EXPECT_EQ(others({path(), original, file}), "");
+        });
+  }
+
   void killAtCalls(const std::function<void()>& before, const std::function<void()>& act,
                    const std::function<void()>& check) {
     const std::int64_t step = test::isLong() ? 1 : 4;
@@ -229,19 +249,7 @@ TEST_F(Kills, AnImportAddsAllRecordsOrNone) {
   const std::string original = place("original");
   put(path(), original);
   const auto import = [&] { exchange::importCsv(path(), "KansokuSeikaData", csv, exchange::Encoding::Utf8); };
-  killEach(
-      [&] {
-        std::filesystem::remove(path() + "-journal");
-        put(original, path());
-      },
-      import,
-      [&] {
-        EXPECT_EQ(ask(path(), "PRAGMA integrity_check"), "ok");
-        const std::string count = ask(path(), "SELECT count(*) FROM KansokuSeikaData");
-        EXPECT_TRUE(count == "6" || count == "9") << count;
-        import();
-        EXPECT_EQ(others({path(), original, csv}), "");
-      });
+  killEachImport(original, csv, import, [] {});
 }
 
 TEST_F(Kills, ObservationsAreTakenInWholeOrNotAtAll) {
@@ -254,20 +262,8 @@ TEST_F(Kills, ObservationsAreTakenInWholeOrNotAtAll) {
     EXPECT_EQ(intake::run({"import-observations", path(), file, "--job", "3", "--over"}, out, out), 0)
         << out.str();
   };
-  killEach(
-      [&] {
-        std::filesystem::remove(path() + "-journal");
-        put(original, path());
-      },
-      import,
-      [&] {
-        EXPECT_EQ(ask(path(), "PRAGMA integrity_check"), "ok");
-        const std::string count = ask(path(), "SELECT count(*) FROM KansokuSeikaData");
-        EXPECT_TRUE(count == "6" || count == "9") << count;
-        import();
-        EXPECT_EQ(ask(path(), "SELECT count(*) FROM KansokuSeikaData"), "9");
-        EXPECT_EQ(others({path(), original, file}), "");
-      });
+  killEachImport(original, file, import,
+                 [&] { EXPECT_EQ(ask(path(), "SELECT count(*) FROM KansokuSeikaData"), "9"); });
 }
 
 }  // namespace
